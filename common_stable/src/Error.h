@@ -13,8 +13,8 @@ enum ErrorCode : int {
 
 /// The outcome of a calculation: success or a numbered failure.
 ///
-/// An Error can be moved but not copied, so that an outcome has one owner. Separate instances may be
-/// used from separate threads.
+/// An Error can be moved but not copied, so that an outcome has one owner. Separate instances may
+/// be used from separate threads.
 class ZEL_COMMON_STABLE_EXPORT Error
 {
 public:

@@ -1,0 +1,55 @@
+#pragma once
+
+#include "ChemicalModelExport.h"
+#include "StructuredMolecule.h"
+#include "Transformation.h"
+
+#include <QList>
+
+namespace chem {
+
+/// One piece of a chain: a range of residues with an entity on each end. An end of no average mass
+/// is left out of the piece.
+struct ZEL_CHEMICAL_MODEL_EXPORT ChainFragmentDef
+{
+    MoleculeEntity startTerminal; ///< Placed before the residues.
+    ParentChainLocus locus;       ///< The residues: `start` up to but not including `end`.
+    MoleculeEntity endTerminal;   ///< Placed behind the residues.
+};
+
+/// Replaces the chains of a molecule by pieces of them.
+///
+/// The result is named "fragment" and has one chain for each definition, in their order, with the
+/// range as its parent locus. Its totals are summed anew from the pieces, the links that both their
+/// ends survive and the molecule's own modifications, which all stay as they are. A link is kept
+/// once for each piece that holds its first end and goes to the first piece that holds its second
+/// end. Its residue indices count one place for a start terminal, whether or not there is one.
+///
+/// Throws nothing. A range that reaches outside its chain takes the residues that exist; a
+/// definition whose chain does not exist gives a chain of its terminals alone, without texts and of
+/// type Unknown.
+class ZEL_CHEMICAL_MODEL_EXPORT ChainFragmenter : public Transformation
+{
+public:
+    /// A step that cuts out these pieces.
+    explicit ChainFragmenter(const QList<ChainFragmentDef>& fragmentDefs);
+
+    ChainFragmenter(const ChainFragmenter& other);
+    /// Shares the definitions; `other` keeps them.
+    ChainFragmenter(ChainFragmenter&& other) noexcept;
+    ChainFragmenter& operator=(const ChainFragmenter&) = delete;
+    ChainFragmenter& operator=(ChainFragmenter&&) = delete;
+    ~ChainFragmenter() override;
+
+    MoleculeEntity transform(MoleculeEntity molecule) const override;
+
+    /// ChainFragmenterTransformation.
+    TransformationType type() const override;
+
+private:
+    QList<ChainFragmentDef> m_fragmentDefs;
+};
+
+} // namespace chem
+
+Q_DECLARE_TYPEINFO(chem::ChainFragmentDef, Q_RELOCATABLE_TYPE);

@@ -1,0 +1,65 @@
+#include "ChemicalFactory.h"
+
+#include "ElementMasses.h"
+#include "OligoGrammar.h"
+#include "PeptideParts.h"
+
+namespace chem {
+
+const QChar ChemicalFactory::ChainDelimeter = u'/';
+
+ChemicalFactory::ChemicalFactory()
+    : m_elementMasses(std::make_shared<ElementMasses>())
+{
+    prepareReaders();
+}
+
+ChemicalFactory::ChemicalFactory(const ChemicalFactory& other) = default;
+ChemicalFactory::ChemicalFactory(ChemicalFactory&& other) noexcept = default;
+ChemicalFactory& ChemicalFactory::operator=(const ChemicalFactory& other) = default;
+ChemicalFactory& ChemicalFactory::operator=(ChemicalFactory&& other) noexcept = default;
+ChemicalFactory::~ChemicalFactory() = default;
+
+QSharedPointer<ChemicalFactory> ChemicalFactory::construct(const QString& isotopeOverrides)
+{
+    const QSharedPointer<ChemicalFactory> factory(new ChemicalFactory);
+    factory->init(isotopeOverrides);
+    return factory;
+}
+
+void ChemicalFactory::init(const QString& isotopeOverrides)
+{
+    loadIsotopeTable();
+    const bool isReadable = isotopeOverrides.isEmpty() || applyIsotopeOverrides(isotopeOverrides);
+    priceElements();
+    if (!isReadable)
+        return;
+    fillBuildingBlocks();
+    fillConstants();
+    prepareReaders();
+}
+
+void ChemicalFactory::fillConstants()
+{
+    using namespace Qt::StringLiterals;
+    water = constructMolecule(u"H2O1"_s);
+    waterPair = constructMolecule(u"H4O2"_s);
+    hydroxyl = constructMolecule(u"O1H1"_s);
+    oxygen = constructMolecule(u"O1"_s);
+    hydrogen = constructMolecule(u"H1"_s);
+    hydrogenPair = constructMolecule(u"H2"_s);
+    amine = constructMolecule(u"N1H2"_s);
+    ammonia = constructMolecule(u"N1H3"_s);
+    formyl = constructMolecule(u"C1O1H1"_s);
+    electron = constructMolecule(u"E"_s);
+    proton = hydrogen - electron;
+}
+
+QSharedPointer<const ChemicalFactory> defaultChemicalFactory()
+{
+    static const QSharedPointer<const ChemicalFactory> factory =
+        ChemicalFactory::construct(QString());
+    return factory;
+}
+
+} // namespace chem

@@ -1,0 +1,365 @@
+#pragma once
+
+#include "ChemicalFormula.h"
+#include "ChemicalModelExport.h"
+#include "FragmentType.h"
+#include "LinearComplex.h"
+#include "Molecule.h"
+#include <Error.h>
+
+#include <QChar>
+#include <QList>
+#include <QMap>
+#include <QPointF>
+#include <QRegularExpression>
+#include <QSharedPointer>
+#include <QString>
+
+#include <memory>
+
+namespace chem {
+
+class ElementMasses;
+class OligoGrammar;
+class PeptideParts;
+
+/// Reads text and makes molecules from it, with masses from one isotope table.
+///
+/// A factory owns everything that depends on which isotopes are assumed: the table itself, a set of
+/// small standard molecules, and the dictionaries of building blocks (amino acids, nucleobases,
+/// sugars, ...). Masses are in daltons and come from IsoSpec++, to the bit.
+///
+/// \code
+/// const auto factory = defaultChemicalFactory();
+/// const Molecule glucose = factory->constructMolecule(u"C6H12O6"_s);   // 180.06339 Da
+/// const auto peptide = factory->constructLinearPeptideComplex(u"DRVYIHPF"_s);
+/// peptide->monoMass();                                                   // 1045.53451 Da
+/// \endcode
+///
+/// Failure is quiet: see each function for what it makes of text that it cannot read. Output
+/// pointers are never tested for null.
+///
+/// Every const function may be called on one factory from any number of threads at once.
+/// setBuildingBlock() and assignment need the caller's exclusion. A copy is cheap: the data is
+/// shared until one of the two is changed.
+class ZEL_CHEMICAL_MODEL_EXPORT ChemicalFactory
+{
+public:
+    /// The kinds of building blocks. The numbers are stable.
+    enum BuildingBlockType {
+        AminoAcidBlock = 0,  ///< "Amino Acid": residues, by one-letter code.
+        NucleobaseBlock = 1, ///< "Nucleobase": bases, by one letter.
+        RiboseBlock = 2,     ///< "Ribose": sugars of nucleotides, by the letter before the base.
+        PhosphateBlock = 3,  ///< "Phosphate": linkages, by the mark behind the base.
+        GlycanBlock = 4,     ///< "Glycan": for callers; nothing here reads it.
+        SugarBlock = 5,      ///< "Sugar": residues of glycan compositions, by name.
+        ProteinNTerminalBlock = 6,    ///< "Protein N-Terminal": for callers; nothing here reads it.
+        ProteinCTerminalBlock = 7,    ///< "Protein C-Terminal": for callers; nothing here reads it.
+        NTerminalBlock = 8,           ///< "N-Terminal": for callers; nothing here reads it.
+        CTerminalBlock = 9,           ///< "C-Terminal": for callers; nothing here reads it.
+        FivePrimeTerminalBlock = 10,  ///< "5' Terminal": 5' marks of oligonucleotides.
+        ThreePrimeTerminalBlock = 11, ///< "3' Terminal": 3' marks of oligonucleotides.
+        NoBlock = 12                  ///< No kind at all.
+    };
+
+    /// The character that callers may put between the texts of several chains: "/". No reader of
+    /// this library splits at it; the sequence text of a structured molecule holds it.
+    static const QChar ChainDelimeter;
+
+    /// The twelve kinds by their labels, such as "Amino Acid". Made when the library loads.
+    static const QMap<QString, BuildingBlockType> buildingBlockTypes;
+
+    /// \name Making a factory
+    /// @{
+
+    /// Makes a factory. An empty text gives natural isotopes. Any other text replaces the isotopes
+    /// of the elements that it names: entries parted by white space, each a symbol, a mass number,
+    /// a colon and an abundance, as in "C13:0.99 C12:0.01".
+    ///
+    /// A text with an entry that cannot be read (a blank at either end makes an empty entry) gives
+    /// a factory with natural isotopes and with empty dictionaries: nothing else tells of it. An
+    /// abundance outside (0, 1] after scaling throws `std::invalid_argument` as soon as the element
+    /// is touched, for carbon and its like within this call.
+    static QSharedPointer<ChemicalFactory> construct(const QString& isotopeOverrides);
+
+    ChemicalFactory(const ChemicalFactory& other);
+    ChemicalFactory(ChemicalFactory&& other) noexcept;
+    ChemicalFactory& operator=(const ChemicalFactory& other);
+    ChemicalFactory& operator=(ChemicalFactory&& other) noexcept;
+    ~ChemicalFactory();
+
+    /// @}
+    /// \name Formulas and masses
+    /// @{
+
+    /// Reads a formula: runs of an upper-case letter, further letters and an optional number.
+    ///
+    /// Never fails. Characters that are no letter, digit, sign or full stop are deleted first, so
+    /// "H(-1)" and "H - 1" are H-1. A token starts at each upper-case letter and what stands before
+    /// the first is dropped; its symbol is the letter and all letters behind it; a missing number
+    /// counts as 1 and one that cannot be read as 0. Repeats add up. The cost is linear in the
+    /// text.
+    static ChemicalFormula parseChemicalFormula(const QString& text);
+
+    /// Makes the molecule of a formula text. Elements that the table does not have stay in the
+    /// formula and weigh nothing. Counts are cut toward zero for the masses.
+    Molecule constructMolecule(const QString& formula) const;
+
+    /// Applies a formula text `count` times: what the text gains is added and what it loses is
+    /// subtracted, as in "O1H-2". A negative `count` inverts the modification. Counts of the text
+    /// are good to six significant digits.
+    Molecule modifyMolecule(const Molecule& molecule, const QString& modification, int count) const;
+
+    /// Works out both masses of a formula, gains minus losses, and always writes them. Mind the
+    /// order: monoisotopic mass first. Counts are cut toward zero. An element that the table does
+    /// not have counts as 0.0; the error has number 2 if there is no known element at all, and 0
+    /// otherwise.
+    zel::Error calculateMassesForFormula(const ChemicalFormula& formula, double* monoMass,
+                                         double* averageMass) const;
+
+    /// Works out both masses of the elements with the counts at the same index, and always writes
+    /// them. Mind the order: monoisotopic mass first. An element that the table does not have, and
+    /// one with a negative or missing count, adds 0.0; one that is listed twice counts twice. The
+    /// error has number 2 if no element is known or the list is empty, and 0 otherwise.
+    zel::Error calculateMassesForElementCountArrays(const QList<QString>& elements,
+                                                    const QList<int>& counts, double* monoMass,
+                                                    double* averageMass) const;
+
+    /// Estimates the monoisotopic mass that belongs to `averageMass` for a molecule composed like
+    /// `formula`. The result holds that formula as it stands, the given mass and the estimate: 0.0
+    /// if the formula weighs nothing.
+    Molecule moleculeBasedOnAverageMass(const QString& formula, double averageMass) const;
+
+    /// Estimates the average mass that belongs to `monoMass`, likewise.
+    Molecule moleculeBasedOnMonoMass(const QString& formula, double monoMass) const;
+
+    /// Works out the isotope envelope of a molecule at a charge.
+    ///
+    /// \param molecule the neutral molecule.
+    /// \param charge the number of charges; its sign is ignored, and 0 divides like 1.
+    /// \param envelope emptied, then filled: one point for each nominal mass from the lightest peak
+    /// on.
+    ///   `x` is the m/z of the probability-weighted centroid, less one electron mass; for the first
+    ///   point it is that of the lightest peak itself. `y` is the summed probability of what lies
+    ///   above a threshold of 1e-7, so the sum stays a little below 1. A point that nothing fell
+    ///   into is (0, 0).
+    /// \param protonate whether one hydrogen for each charge is added first.
+    /// \return the molecule, with the added hydrogens.
+    ///
+    /// A formula with a count that is negative or no whole number gives an empty envelope and a
+    /// warning on the category "zel.generic". Unknown elements take no part. Where no configuration
+    /// reaches the threshold the envelope is empty. Counts of 10485759 and more make IsoSpec++
+    /// throw.
+    Molecule generateIsotopeEnvelope(const Molecule& molecule, int charge, QList<QPointF>* envelope,
+                                     bool protonate) const;
+
+    /// @}
+    /// \name Building blocks
+    /// @{
+
+    /// The kind with this label, matched exactly; NoBlock (12) for any other text.
+    static BuildingBlockType buildingBlockType(const QString& label);
+
+    /// Stores a building block under `code`, replacing one that is there. The readers know it at
+    /// once; copies of the factory that were taken earlier do not. Any text is accepted as a
+    /// formula.
+    void setBuildingBlock(BuildingBlockType type, const QString& code, const QString& name,
+                          const QString& formula);
+
+    /// Writes the two ends of a peptide: hydrogen, named "NTerm" with code "H-", and hydroxyl,
+    /// named "CTerm" with code "-OH".
+    void standardPeptideTermini(NamedMolecule* nTerminal, NamedMolecule* cTerminal) const;
+
+    /// Writes the same two ends for an oligonucleotide, under the same labels on purpose.
+    void standardOligoTermini(NamedMolecule* fivePrime, NamedMolecule* threePrime) const;
+
+    /// Rewrites a formula of the older convention, in which oligonucleotide building blocks were
+    /// whole species, as the piece that remains once the parts are joined. The result is in the
+    /// form of ChemicalFormula::toString(), also for kinds that need no correction.
+    static QString convertOldOligoBuildingBlockFormula(const QString& formula,
+                                                       BuildingBlockType type);
+
+    /// @}
+    /// \name Peptides
+    /// @{
+
+    /// Appends one amino acid for each character of `sequence` and overwrites both termini with the
+    /// standard ones. A character that is no key of the dictionary gives a residue of no mass with
+    /// empty texts: nothing tells of it.
+    void parseAminoAcidSequence(const QString& sequence,
+                                QList<QSharedPointer<const AminoAcid>>* aminoAcids,
+                                NamedMolecule* nTerminal, NamedMolecule* cTerminal) const;
+
+    /// Lays a peptide text out as a complex with its a, b, c, x, y and z sites. Never null.
+    /// Characters are read as by parseAminoAcidSequence().
+    QSharedPointer<MoleculeComplex> constructLinearPeptideComplex(const QString& sequence) const;
+
+    /// @}
+    /// \name Oligonucleotides
+    /// @{
+
+    /// The expression that a whole oligonucleotide text must match, made from the dictionaries of
+    /// the moment. Captures 1, 2 and 6 are the 5' mark, the body and the 3' mark.
+    QRegularExpression generateFullOligoRegex() const;
+
+    /// The expression of one nucleotide in the body, made from the dictionaries of the moment.
+    /// Captures 1, 3, 4 and 5 are the ribose, the base, the number in place of a base and the
+    /// phosphates.
+    QRegularExpression generateOligoSequenceRegex() const;
+
+    /// Tells whether `sequence` is one oligonucleotide text, or several parted by commas. Linear in
+    /// the length of the text, which may be any.
+    bool isValidOligoSequence(const QString& sequence) const;
+
+    /// Reads an oligonucleotide text without blanks or commas and appends its nucleotides.
+    ///
+    /// \return false if the text is outside the grammar. Then nothing is appended, and the two
+    /// terminals
+    ///   hold the defaults: hydrogen named "5Prime" and hydroxyl named "3Prime", without codes.
+    ///
+    /// The last nucleotide has no phosphate unless the text gives one; a number at the end takes
+    /// away the implicit phosphate of the nucleotide before it. A single number without marks is a
+    /// mass without terminals. Linear in the length of the text, which may be any.
+    bool parseNucleotideSequence(const QString& sequence,
+                                 QList<QSharedPointer<const Nucleotide>>* nucleotides,
+                                 NamedMolecule* fivePrime, NamedMolecule* threePrime) const;
+
+    /// Lays an oligonucleotide text out as a complex; blanks anywhere in it are ignored. Null if
+    /// the text is outside the grammar.
+    QSharedPointer<MoleculeComplex> constructLinearOligoComplex(const QString& sequence) const;
+
+    /// Lays nucleotides and terminals out as a complex with its a, a-B, b, c, d, w, x, y and z
+    /// sites. Never null.
+    QSharedPointer<MoleculeComplex>
+    constructLinearOligoComplex(const QList<QSharedPointer<const Nucleotide>>& nucleotides,
+                                const NamedMolecule& fivePrime,
+                                const NamedMolecule& threePrime) const;
+
+    /// Appends the complexes of a truncation ladder: the whole text, then 1 to
+    /// `fivePrimeTruncations` nucleotides off the 5' end, then 1 to `threePrimeTruncations` off the
+    /// 3' end.
+    ///
+    /// Truncation changes neither terminals nor phosphates, so a text cut at its 3' end keeps the
+    /// phosphate of its last nucleotide. A text outside the grammar gives complexes of the default
+    /// terminals alone. Beyond the length of the text, 5' truncations give the terminals alone and
+    /// 3' truncations the whole list again. Counts of zero and below add nothing.
+    void
+    constructLinearOligoComplexes(const QString& sequence, int fivePrimeTruncations,
+                                  int threePrimeTruncations,
+                                  QList<QSharedPointer<const MoleculeComplex>>* complexes) const;
+
+    /// @}
+    /// \name Glycans
+    /// @{
+
+    /// Tells whether `composition`, such as "HexNAc(2)Hex(5)", has at least one term and all its
+    /// terms can be used. Text between the terms is ignored.
+    bool isValidGlycanComposition(const QString& composition) const;
+
+    /// Adds up the sugar residues of a composition. A term that cannot be used is skipped.
+    Molecule constructGlycanModification(const QString& composition) const;
+
+    /// Adds the sugar residues of a composition to a molecule.
+    Molecule modifyMoleculeWithGlycan(const Molecule& molecule, const QString& composition) const;
+
+    /// @}
+    /// \name Fragments
+    /// @{
+
+    /// Appends every fragment ion of `complex` with its full molecule and weak links into the
+    /// complex, which must outlive their use. At each step the left ions of one position come
+    /// first, then the right ions of the mirrored position.
+    void generateLinearFragments(const MoleculeComplex& complex,
+                                 QList<QSharedPointer<Fragment>>* fragments) const;
+
+    /// The label of an ion type, such as "b" or "z."; "unknown" for types without one.
+    static QString typeToString(ZEL_QEnumsFragmentType::FragmentType type);
+
+    /// @}
+
+protected:
+    /// One isotope of one element.
+    struct IsotopeRecord
+    {
+        qint32 atomicNumber = 0;  ///< Protons; -1 for the electron that this library adds.
+        qint32 extraNeutrons = 0; ///< Neutrons above the element's lightest isotope.
+        QString name;             ///< The element's name.
+        QString symbol;           ///< The element's symbol.
+        double mass = 0.0;        ///< Mass in daltons.
+        double abundance = 0.0;   ///< Abundance as a fraction.
+    };
+
+    /// Room for what a derived class may want to share among copies; nothing here uses it.
+    struct Extension;
+
+    /// Makes an empty factory, on which init() is to be called.
+    ChemicalFactory();
+
+    /// Loads the isotope table, applies `isotopeOverrides` if it is not empty, and fills
+    /// dictionaries and constants. See construct().
+    void init(const QString& isotopeOverrides);
+
+    /// \name For derived classes to read
+    /// Written by init() and setBuildingBlock() alone.
+    /// @{
+    QMap<QString, QList<qsizetype>> isotopesBySymbol;   ///< Symbol to positions in isotopes.
+    QMap<int, QList<qsizetype>> isotopesByAtomicNumber; ///< Atomic number to positions in isotopes.
+    QMap<QString, QList<qsizetype>> isotopesByName;     ///< Element name to positions in isotopes.
+    QList<IsotopeRecord> isotopes;                      ///< The isotope table.
+    QMap<BuildingBlockType, QMap<QString, NamedMolecule>> buildingBlocks; ///< The dictionaries.
+    NamedMolecule defaultRibose;    ///< The sugar of a nucleotide that names none.
+    NamedMolecule defaultPhosphate; ///< The linkage of a nucleotide that names none.
+    Molecule water;                 ///< H2O.
+    Molecule waterPair;             ///< H4O2.
+    Molecule hydroxyl;              ///< OH.
+    Molecule hydrogen;              ///< H.
+    Molecule oxygen;                ///< O.
+    Molecule amine;                 ///< NH2.
+    Molecule hydrogenPair;          ///< H2.
+    Molecule ammonia;               ///< NH3.
+    Molecule formyl;                ///< CHO.
+    Molecule electron;              ///< E; its average mass is twice its monoisotopic mass.
+    Molecule proton;                ///< Hydrogen minus electron.
+    QSharedPointer<Extension> sharedExtension; ///< Null; copied and released with the factory.
+    /// @}
+
+private:
+    struct IsoData;
+
+    // The isotope table.
+    void loadIsotopeTable();
+    void appendIsotope(const IsotopeRecord& record);
+    void indexIsotope(qsizetype position);
+    void indexIsotopes();
+    bool applyIsotopeOverrides(const QString& isotopeOverrides);
+    void replaceIsotopes(const QString& symbol, QList<IsotopeRecord> replacements);
+
+    // From isotopes to masses.
+    void priceElements();
+    bool hasValidElements(const QList<QString>& elements) const;
+    IsoData makeIsoWithDictionary(const QList<QString>& elements, const QList<int>& counts) const;
+    double averageToMonoMassRatio(const ChemicalFormula& formula) const;
+
+    // Dictionaries and constants.
+    void fillBuildingBlocks();
+    void fillConstants();
+    void prepareReaders();
+    QMap<QString, NamedMolecule> aminoAcids() const;
+    QMap<QString, NamedMolecule> nucleobases() const;
+    QMap<QString, NamedMolecule> riboses() const;
+    QMap<QString, NamedMolecule> phosphates() const;
+    QMap<QString, NamedMolecule> sugarBases() const;
+    QMap<QString, NamedMolecule> fivePrimeTerminals() const;
+    QMap<QString, NamedMolecule> threePrimeTerminals() const;
+
+    // What the table and the dictionaries come to, worked out whenever they change.
+    std::shared_ptr<const ElementMasses> m_elementMasses;
+    std::shared_ptr<const PeptideParts> m_peptideParts;
+    std::shared_ptr<const OligoGrammar> m_oligoGrammar;
+};
+
+/// The shared factory with natural isotopes. The first call makes it, from whichever thread; it
+/// lives until the library unloads.
+ZEL_CHEMICAL_MODEL_EXPORT QSharedPointer<const ChemicalFactory> defaultChemicalFactory();
+
+} // namespace chem

@@ -1,0 +1,29 @@
+#pragma once
+
+#include "ChemicalModelExport.h"
+#include "StructuredMolecule.h"
+#include "Transformation.h"
+
+namespace chem {
+
+/// Joins two residues of a molecule by a link.
+///
+/// The totals rise by the entity's formula and masses. The stored link holds just these, as a plain
+/// Molecule, so its name and code are gone; the history entry keeps the entity as given. Nothing is
+/// tested: places may lie outside, and a link made twice counts twice.
+class ZEL_CHEMICAL_MODEL_EXPORT EstablishLink : public Transformation
+{
+public:
+    /// A step that joins the two residue positions of `connection` and adds `entity`.
+    EstablishLink(MoleculeEntity entity, Link::Connection connection);
+
+    MoleculeEntity transform(MoleculeEntity molecule) const override;
+
+    /// EstablishLinkTransformation.
+    TransformationType type() const override;
+
+private:
+    Link m_link;
+};
+
+} // namespace chem

@@ -1,0 +1,17 @@
+#pragma once
+
+#include "ChemicalModelExport.h"
+
+#include <QList>
+
+namespace chem {
+
+/// Scales `values` by the reciprocal of their sum, where the running sum is cut to a whole number
+/// at each step: percentages become fractions (99 and 1 become 0.99 and 0.01), while fractions,
+/// whose whole sum stays 0, are left as they are.
+///
+/// A sum below 2.220446049250313e-16, and so also an empty list, changes nothing and logs a debug
+/// message on the category "zel.generic". Running sums beyond 32 bits become -2147483648.
+ZEL_CHEMICAL_MODEL_EXPORT void normalize(QList<double>& values);
+
+} // namespace chem

@@ -1,0 +1,98 @@
+#include "ChemicalFactory.h"
+#include "IsoData.h"
+#include "Logging.h"
+#include "TruncateToInt.h"
+
+#include <QDebug>
+
+#include <algorithm>
+#include <limits>
+
+namespace chem {
+
+namespace {
+
+const QLoggingCategory* const genericCategory = createLoggingCategory("zel.generic", QtDebugMsg);
+
+/// Configurations below this probability are left out.
+constexpr double probabilityThreshold = 1e-7;
+constexpr qsizetype expectedPoints = 100;
+constexpr int marginalTableSize = 1000;
+constexpr int marginalHashSize = 1000;
+
+int magnitude(int charge)
+{
+    const int lowest = std::numeric_limits<int>::min();
+    return charge == lowest ? std::numeric_limits<int>::max() : std::abs(charge);
+}
+
+/// Sums the configurations into one point for each nominal mass: `x` as probability times mass, `y`
+/// as probability.
+void collectConfigurations(IsoSpec::IsoThresholdGenerator& generator, double lightestMass,
+                           QList<QPointF>* envelope)
+{
+    const double offset = lightestMass - truncateToInt(lightestMass + 0.5);
+    const qint64 base = truncateToInt(lightestMass - offset + 0.5);
+    while (generator.advanceToNextConfiguration()) {
+        const double mass = generator.mass();
+        const double probability = generator.prob();
+        const qint64 bin = truncateToInt(mass - offset + 0.5) - base;
+        if (bin >= envelope->size())
+            envelope->resize(bin + 1);
+        if (bin >= 0) {
+            QPointF& point = envelope->data()[bin];
+            point.rx() += probability * mass;
+            point.ry() += probability;
+        }
+    }
+}
+
+/// Turns the sums into m/z. The first point stands for the lightest peak itself.
+void convertToMassPerCharge(QList<QPointF>* envelope, double lightestMass, double divisor,
+                            double electronMass)
+{
+    for (QPointF& point : *envelope) {
+        if (point.y() != 0.0)
+            point.setX(point.x() / (divisor * point.y()) - electronMass);
+    }
+    if (!envelope->isEmpty())
+        envelope->first().setX(lightestMass / divisor - electronMass);
+}
+
+} // namespace
+
+Molecule ChemicalFactory::generateIsotopeEnvelope(const Molecule& molecule, int charge,
+                                                  QList<QPointF>* envelope, bool protonate) const
+{
+    Molecule result = molecule;
+    if (protonate) {
+        Molecule hydrogens = hydrogen;
+        hydrogens *= magnitude(charge);
+        result += hydrogens;
+    }
+
+    envelope->clear();
+    if (!result.formula().isValid()) {
+        qCWarning((*genericCategory), "Isotope envelope can be calculated only with integer "
+                                      "non-negative element counts");
+        return result;
+    }
+
+    QList<QString> elements;
+    QList<int> counts;
+    result.formula().positiveElementCounts(&elements, &counts);
+    if (!hasValidElements(elements)) // nothing to enumerate, which IsoSpec++ cannot do
+        return result;
+
+    IsoData data = makeIsoWithDictionary(elements, counts);
+    IsoSpec::IsoThresholdGenerator generator(std::move(data.iso), probabilityThreshold, true,
+                                             marginalTableSize, marginalHashSize, true);
+    envelope->reserve(expectedPoints);
+    const double lightestMass = generator.getLightestPeakMass();
+    collectConfigurations(generator, lightestMass, envelope);
+    convertToMassPerCharge(envelope, lightestMass, std::max(magnitude(charge), 1),
+                           electron.monoMass());
+    return result;
+}
+
+} // namespace chem

@@ -1,0 +1,6 @@
+#pragma once
+namespace chem {
+class OligoGrammar
+{
+};
+} // namespace chem

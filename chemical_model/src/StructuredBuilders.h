@@ -1,0 +1,48 @@
+#pragma once
+
+#include "ChemicalModelExport.h"
+#include "StructuredMolecule.h"
+
+/// \file
+/// From text and lists to chains and structured molecules. Nothing is validated: a chain is what
+/// the reader of its text makes of it, and lists are taken as they stand. A factory that reads text
+/// must not be null. Calls on different data may run at the same time.
+
+namespace chem {
+
+class ChemicalFactory;
+
+/// Reads a peptide text into a chain of type Peptide: N-terminus, one residue for each character,
+/// C-terminus. Characters are read as by ChemicalFactory::parseAminoAcidSequence().
+ZEL_CHEMICAL_MODEL_EXPORT Chain constructPeptideChain(const QString& name, const QString& code,
+                                                      const QString& sequence,
+                                                      const ChemicalFactory* factory);
+
+/// Reads an oligonucleotide text into a chain of type OligoNucleotide: 5' end, then ribose,
+/// nucleobase and phosphate of each nucleotide, then 3' end. A missing phosphate takes up a place
+/// of no mass. Text outside the grammar gives a chain of the two default ends alone.
+ZEL_CHEMICAL_MODEL_EXPORT Chain constructOligoNucleotideChain(const QString& name,
+                                                              const QString& code,
+                                                              const QString& sequence,
+                                                              const ChemicalFactory* factory);
+
+/// Makes a molecule of type OligoNucleotide from the one chain of a text, both with this name and
+/// code.
+ZEL_CHEMICAL_MODEL_EXPORT MoleculeEntity constructOligoNucleotide(const QString& name,
+                                                                  const QString& code,
+                                                                  const QString& sequence,
+                                                                  const ChemicalFactory* factory);
+
+/// Makes a molecule of type Protein without a code. The factory is not used and may be null.
+ZEL_CHEMICAL_MODEL_EXPORT MoleculeEntity constructProteinFromChains(
+    const QString& name, const QList<Chain>& chains, const QList<Modification>& modifications,
+    const QList<Link>& links, const ChemicalFactory* factory);
+
+/// Makes a molecule whose totals are the sums of its residues, then its links, then its
+/// modifications, in that order, so that equal parts give equal bits. Its history is empty. Linear
+/// in the parts.
+ZEL_CHEMICAL_MODEL_EXPORT MoleculeEntity constructStructuredMolecule(
+    const QString& name, const QString& code, const QList<Chain>& chains,
+    const QList<Modification>& modifications, const QList<Link>& links, MoleculeType type);
+
+} // namespace chem
