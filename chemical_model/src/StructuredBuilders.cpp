@@ -1,2 +1,132 @@
+#include "StructuredBuilders.h"
+
+#include "ChemicalFactory.h"
+#include "FormulaSum.h"
+
+#include <utility>
+
 namespace chem {
+
+namespace {
+
+/// The totals of a molecule in the making. Every double is added up in one fixed order, so that
+/// equal parts give equal bits.
+class Totals
+{
+public:
+    /// Sums the chain on its own and adds that.
+    void add(const Chain& chain)
+    {
+        FormulaSum formula;
+        double averageMass = 0.0;
+        double monoMass = 0.0;
+        for (const MoleculeEntity& residue : chain.residues()) {
+            formula.add(residue.formula());
+            averageMass += residue.averageMass();
+            monoMass += residue.monoMass();
+        }
+        m_formula.add(formula.result());
+        m_averageMass += averageMass;
+        m_monoMass += monoMass;
+    }
+
+    void add(const MoleculeEntity& entity)
+    {
+        m_averageMass += entity.averageMass();
+        m_monoMass += entity.monoMass();
+        m_formula.add(entity.formula());
+    }
+
+    void writeTo(StructuredMolecule* molecule) const
+    {
+        molecule->formula = m_formula.result();
+        molecule->averageMass = m_averageMass;
+        molecule->monoMass = m_monoMass;
+    }
+
+private:
+    FormulaSum m_formula;
+    double m_averageMass = 0.0;
+    double m_monoMass = 0.0;
+};
+
+} // namespace
+
+Chain constructPeptideChain(const QString& name, const QString& code, const QString& sequence,
+                            const ChemicalFactory* factory)
+{
+    QList<QSharedPointer<const AminoAcid>> aminoAcids;
+    NamedMolecule nTerminal;
+    NamedMolecule cTerminal;
+    factory->parseAminoAcidSequence(sequence, &aminoAcids, &nTerminal, &cTerminal);
+
+    QList<MoleculeEntity> residues;
+    residues.reserve(aminoAcids.size() + 2);
+    residues.append(std::move(nTerminal));
+    for (const auto& aminoAcid : std::as_const(aminoAcids))
+        residues.append(*aminoAcid);
+    residues.append(std::move(cTerminal));
+    return Chain(name, code, residues, MoleculeType::Peptide, ParentChainLocus());
+}
+
+Chain constructOligoNucleotideChain(const QString& name, const QString& code,
+                                    const QString& sequence, const ChemicalFactory* factory)
+{
+    QList<QSharedPointer<const Nucleotide>> nucleotides;
+    NamedMolecule fivePrime;
+    NamedMolecule threePrime;
+    factory->parseNucleotideSequence(sequence, &nucleotides, &fivePrime, &threePrime);
+
+    QList<MoleculeEntity> residues;
+    residues.reserve(3 * nucleotides.size() + 2);
+    residues.append(std::move(fivePrime));
+    for (const auto& nucleotide : std::as_const(nucleotides)) {
+        residues.append(nucleotide->ribose);
+        residues.append(nucleotide->nucleobase);
+        residues.append(nucleotide->phosphate);
+    }
+    residues.append(std::move(threePrime));
+    return Chain(name, code, residues, MoleculeType::OligoNucleotide, ParentChainLocus());
+}
+
+MoleculeEntity constructOligoNucleotide(const QString& name, const QString& code,
+                                        const QString& sequence, const ChemicalFactory* factory)
+{
+    return constructStructuredMolecule(
+        name, code, {constructOligoNucleotideChain(name, code, sequence, factory)}, {}, {},
+        MoleculeType::OligoNucleotide);
+}
+
+MoleculeEntity constructProteinFromChains(const QString& name, const QList<Chain>& chains,
+                                          const QList<Modification>& modifications,
+                                          const QList<Link>& links, const ChemicalFactory*)
+{
+    return constructStructuredMolecule(name, QString(), chains, modifications, links,
+                                       MoleculeType::Protein);
+}
+
+MoleculeEntity constructStructuredMolecule(const QString& name, const QString& code,
+                                           const QList<Chain>& chains,
+                                           const QList<Modification>& modifications,
+                                           const QList<Link>& links, MoleculeType type)
+{
+    Totals totals;
+    for (const Chain& chain : chains)
+        totals.add(chain);
+    for (const Link& link : links)
+        totals.add(link.entity());
+    for (const Modification& modification : modifications)
+        totals.add(modification.entity());
+
+    StructuredMolecule molecule;
+    totals.writeTo(&molecule);
+    molecule.name = name;
+    molecule.code = code;
+    molecule.type = type;
+    molecule.chains = chains;
+    molecule.links = links;
+    molecule.modifications = modifications;
+    return molecule;
+}
+
 } // namespace chem
