@@ -91,3 +91,5 @@ private:
 };
 
 } // namespace chem
+
+Q_DECLARE_TYPEINFO(chem::TransformationEntity, Q_RELOCATABLE_TYPE);

@@ -1,0 +1,23 @@
+#pragma once
+
+#include "StructuredMolecule.h"
+#include "Transformation.h"
+
+#include <utility>
+
+namespace chem {
+
+/// The molecule as a value that a step can change, read through the questions that any entity
+/// answers: an amino acid gives its type, texts, formula and masses, and empty lists.
+StructuredMolecule structuredCopy(const MoleculeEntity& molecule);
+
+/// Ends a step: `result`, which grew out of a structuredCopy() of `input`, gets one more history
+/// entry.
+template <TransformationEntityInternal::TransformationStep T>
+MoleculeEntity recordStep(StructuredMolecule result, const T& step, const MoleculeEntity& input)
+{
+    result.transformations.append(TransformationEntity(step, input));
+    return MoleculeEntity(std::move(result));
+}
+
+} // namespace chem
