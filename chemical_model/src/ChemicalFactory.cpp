@@ -1,7 +1,8 @@
 #include "ChemicalFactory.h"
 
 #include "ElementMasses.h"
-#include "OligoGrammar.h"
+#include "OligoParts.h"
+#include "OligoScanner.h"
 #include "PeptideParts.h"
 
 namespace chem {
@@ -53,6 +54,12 @@ void ChemicalFactory::fillConstants()
     formyl = constructMolecule(u"C1O1H1"_s);
     electron = constructMolecule(u"E"_s);
     proton = hydrogen - electron;
+}
+
+void ChemicalFactory::prepareReaders()
+{
+    preparePeptideReader();
+    prepareOligoReader();
 }
 
 QSharedPointer<const ChemicalFactory> defaultChemicalFactory()

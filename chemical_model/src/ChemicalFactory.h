@@ -20,8 +20,11 @@
 namespace chem {
 
 class ElementMasses;
-class OligoGrammar;
-class PeptideParts;
+class OligoScanner;
+struct OligoAlphabets;
+struct OligoParts;
+struct OligoUnit;
+struct PeptideParts;
 
 /// Reads text and makes molecules from it, with masses from one isotope table.
 ///
@@ -344,6 +347,8 @@ private:
     void fillBuildingBlocks();
     void fillConstants();
     void prepareReaders();
+    void preparePeptideReader();
+    void prepareOligoReader();
     QMap<QString, NamedMolecule> aminoAcids() const;
     QMap<QString, NamedMolecule> nucleobases() const;
     QMap<QString, NamedMolecule> riboses() const;
@@ -352,10 +357,17 @@ private:
     QMap<QString, NamedMolecule> fivePrimeTerminals() const;
     QMap<QString, NamedMolecule> threePrimeTerminals() const;
 
+    // Oligonucleotides.
+    OligoAlphabets oligoAlphabets() const;
+    QSharedPointer<const Nucleotide> readNucleotide(const OligoUnit& unit, bool isLast) const;
+    QList<QSharedPointer<FragmentationSite>>
+    oligoSites(const QList<QSharedPointer<const Nucleotide>>& nucleotides, qsizetype index) const;
+
     // What the table and the dictionaries come to, worked out whenever they change.
     std::shared_ptr<const ElementMasses> m_elementMasses;
     std::shared_ptr<const PeptideParts> m_peptideParts;
-    std::shared_ptr<const OligoGrammar> m_oligoGrammar;
+    std::shared_ptr<const OligoScanner> m_oligoScanner;
+    std::shared_ptr<const OligoParts> m_oligoParts;
 };
 
 /// The shared factory with natural isotopes. The first call makes it, from whichever thread; it

@@ -1,34 +1,10 @@
+#include "ChainTotal.h"
 #include "ChemicalFactory.h"
-#include "FormulaSum.h"
-#include "OligoGrammar.h"
 #include "PeptideParts.h"
 
-#include <vector>
+#include <utility>
 
 namespace chem {
-
-namespace {
-
-/// Adds up a chain's molecules in order.
-class ChainTotal
-{
-public:
-    void add(const Molecule& molecule)
-    {
-        m_formula.add(molecule.formula());
-        m_averageMass += molecule.averageMass();
-        m_monoMass += molecule.monoMass();
-    }
-
-    Molecule result() const { return Molecule(m_formula.result(), m_averageMass, m_monoMass); }
-
-private:
-    FormulaSum m_formula;
-    double m_averageMass = 0.0;
-    double m_monoMass = 0.0;
-};
-
-} // namespace
 
 void ChemicalFactory::parseAminoAcidSequence(const QString& sequence,
                                              QList<QSharedPointer<const AminoAcid>>* aminoAcids_,
@@ -38,7 +14,8 @@ void ChemicalFactory::parseAminoAcidSequence(const QString& sequence,
     standardPeptideTermini(nTerminal, cTerminal);
     aminoAcids_->reserve(aminoAcids_->size() + sequence.size());
     for (const QChar letter : sequence)
-        aminoAcids_->append(QSharedPointer<AminoAcid>::create(m_peptideParts->residue(letter)));
+        aminoAcids_->append(
+            QSharedPointer<AminoAcid>::create(m_peptideParts->residues.entry(letter)));
 }
 
 QSharedPointer<MoleculeComplex>
@@ -50,8 +27,8 @@ ChemicalFactory::constructLinearPeptideComplex(const QString& sequence) const
 
     // All positions share one list of the ten sites, which are made anew for each complex.
     QList<QSharedPointer<FragmentationSite>> sharedSites;
-    sharedSites.reserve(static_cast<qsizetype>(m_peptideParts->sites().size()));
-    for (const FragmentationSite& site : m_peptideParts->sites())
+    sharedSites.reserve(static_cast<qsizetype>(m_peptideParts->sites.size()));
+    for (const FragmentationSite& site : m_peptideParts->sites)
         sharedSites.append(QSharedPointer<FragmentationSite>::create(site));
 
     const qsizetype length = sequence.size();
@@ -70,7 +47,7 @@ ChemicalFactory::constructLinearPeptideComplex(const QString& sequence) const
     append(nTerminal);
     sites.append(QList<QSharedPointer<FragmentationSite>>());
     for (const QChar letter : sequence) {
-        const NamedMolecule& residue = m_peptideParts->residue(letter);
+        const NamedMolecule& residue = m_peptideParts->residues.entry(letter);
         total.add(residue);
         append(residue);
         sites.append(sharedSites);
@@ -81,17 +58,19 @@ ChemicalFactory::constructLinearPeptideComplex(const QString& sequence) const
     return QSharedPointer<MoleculeComplex>::create(total.result(), residues, sites);
 }
 
-void ChemicalFactory::prepareReaders()
+void ChemicalFactory::preparePeptideReader()
 {
     const Molecule nothing;
-    std::vector<FragmentationSite> peptideSites{
+    auto parts = std::make_shared<PeptideParts>();
+    parts->residues = LetterTable(aminoAcids());
+    parts->sites = {
         {FragmentType::B, nothing, hydrogen},    {FragmentType::Y, hydrogen, nothing},
         {FragmentType::A, nothing, formyl},      {FragmentType::Adot, hydrogen, formyl},
         {FragmentType::C, amine, nothing},       {FragmentType::Cdot, ammonia, nothing},
         {FragmentType::X, formyl, hydrogenPair}, {FragmentType::Xdot, formyl, hydrogen},
         {FragmentType::Z, nothing, amine},       {FragmentType::Zdot, hydrogen, amine},
     };
-    m_peptideParts = std::make_shared<PeptideParts>(aminoAcids(), std::move(peptideSites));
+    m_peptideParts = std::move(parts);
 }
 
 } // namespace chem

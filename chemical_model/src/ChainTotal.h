@@ -1,0 +1,28 @@
+#pragma once
+
+#include "FormulaSum.h"
+#include "Molecule.h"
+
+namespace chem {
+
+/// Adds molecules up in the order given; every double has the bits that Molecule::operator+=()
+/// would give it.
+class ChainTotal
+{
+public:
+    void add(const Molecule& molecule)
+    {
+        m_formula.add(molecule.formula());
+        m_averageMass += molecule.averageMass();
+        m_monoMass += molecule.monoMass();
+    }
+
+    Molecule result() const { return Molecule(m_formula.result(), m_averageMass, m_monoMass); }
+
+private:
+    FormulaSum m_formula;
+    double m_averageMass = 0.0;
+    double m_monoMass = 0.0;
+};
+
+} // namespace chem

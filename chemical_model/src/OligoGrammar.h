@@ -1,6 +1,0 @@
-#pragma once
-namespace chem {
-class OligoGrammar
-{
-};
-} // namespace chem
