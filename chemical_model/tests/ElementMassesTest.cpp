@@ -1,1 +1,60 @@
-// Tests follow with the sources that they test.
+#include "ElementMasses.h"
+
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <stdexcept>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+TEST(ElementMasses, FindsSymbolsOfAnyShape)
+{
+    chem::ElementMasses masses;
+    const QStringList symbols = {u"H"_s,   u"He"_s, u"Z"_s,  u"Zz"_s,
+                                 u"Hex"_s, u"h"_s,  u"HE"_s, u"Ä"_s};
+    double mass = 1.0;
+    for (const QString& symbol : symbols)
+        masses.add(symbol, {mass++}, {1.0});
+    mass = 1.0;
+    for (const QString& symbol : symbols) {
+        ASSERT_NE(masses.find(symbol), nullptr) << symbol.toStdString();
+        EXPECT_EQ(masses.find(symbol)->mono, mass++) << symbol.toStdString();
+    }
+    for (const QString& symbol : {u""_s, u"He2"_s, u"Hf"_s, u"A"_s, u"H "_s, u"é"_s})
+        EXPECT_EQ(masses.find(symbol), nullptr) << symbol.toStdString();
+}
+
+TEST(ElementMasses, FirstOfEquallyAbundantIsotopesIsMonoisotopic)
+{
+    chem::ElementMasses masses;
+    masses.add(u"E"_s, {0.5, 0.25}, {1.0, 1.0});
+    EXPECT_EQ(masses.find(u"E")->mono, 0.5);
+    EXPECT_EQ(masses.find(u"E")->average, 0.75);
+}
+
+TEST(ElementMasses, AbundancesOutsideTheirRangeAreRefusedWhenAsked)
+{
+    for (const double abundance : {0.0, -0.1, 1.0000001, std::nan(""), 1e300}) {
+        chem::ElementMasses masses;
+        EXPECT_NO_THROW(masses.add(u"C"_s, {12.0, 13.0}, {0.5, abundance}));
+        ASSERT_NE(masses.find(u"C"), nullptr);
+        EXPECT_THROW(masses.find(u"C")->requireUsable(), std::invalid_argument);
+        EXPECT_THROW(chem::requireUsableAbundances({0.5, abundance}), std::invalid_argument);
+    }
+    EXPECT_NO_THROW(chem::requireUsableAbundances({1.0, 1e-300}));
+    EXPECT_NO_THROW(chem::requireUsableAbundances({}));
+}
+
+TEST(ElementMasses, RefusalSaysWhatIsWrong)
+{
+    try {
+        chem::requireUsableAbundances({0.0});
+        FAIL();
+    } catch (const std::invalid_argument& error) {
+        EXPECT_STREQ(error.what(), "All isotope probabilities p must fulfill: 0.0 < p <= 1.0");
+    }
+}
+
+} // namespace

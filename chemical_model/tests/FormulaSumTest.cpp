@@ -1,1 +1,48 @@
-// Tests follow with the sources that they test.
+#include "FormulaSum.h"
+
+#include "TestFormulas.h"
+
+#include <gtest/gtest.h>
+
+#include <random>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+TEST(FormulaSum, OfNothingIsEmpty)
+{
+    EXPECT_TRUE(chem::FormulaSum().result().isEmpty());
+}
+
+TEST(FormulaSum, KeepsEntriesThatCancel)
+{
+    chem::FormulaSum sum;
+    sum.add(formulaWith({{u"H"_s, 2}, {u"O"_s, 1}}));
+    sum.add(formulaWith({{u"C"_s, 1}, {u"O"_s, -1}}));
+    const QMap<QString, double> expected = {{u"C"_s, 1}, {u"H"_s, 2}, {u"O"_s, 0}};
+    EXPECT_EQ(sum.result().elementCountMap(), expected);
+}
+
+TEST(FormulaSum, HasTheBitsOfRepeatedAddition)
+{
+    std::mt19937 random(7);
+    std::uniform_real_distribution<double> count(-3.0, 3.0);
+    const QStringList symbols = {u"C"_s, u"Ca"_s, u"H"_s, u"N"_s, u"Na"_s, u"O"_s, u"S"_s, u"Zz"_s};
+    for (int round = 0; round < 500; ++round) {
+        chem::FormulaSum sum;
+        chem::ChemicalFormula expected;
+        for (int addend = 0; addend < 20; ++addend) {
+            QMap<QString, double> counts;
+            for (const QString& symbol : symbols) {
+                if (random() % 2)
+                    counts.insert(symbol, count(random));
+            }
+            sum.add(chem::ChemicalFormula(counts));
+            expected += chem::ChemicalFormula(counts);
+        }
+        ASSERT_EQ(sum.result().elementCountMap(), expected.elementCountMap());
+    }
+}
+
+} // namespace
