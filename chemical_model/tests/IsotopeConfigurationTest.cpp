@@ -1,1 +1,288 @@
-// Tests follow with the sources that they test.
+#include "MessageRecorder.h"
+#include "OpenFactory.h"
+#include "TestPrinters.h"
+#include <IsotopeConfiguration.h>
+
+#include <QLoggingCategory>
+
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <stdexcept>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+using Values = QList<double>;
+
+Values normalized(Values values)
+{
+    chem::normalize(values);
+    return values;
+}
+
+TEST(IsotopeConfiguration, NormalizeScalesByTheWholeSum)
+{
+    EXPECT_EQ(normalized({99, 1}), Values({99 * (1.0 / 100), 1 * (1.0 / 100)}));
+    EXPECT_EQ(normalized({60, 40}), Values({60 * (1.0 / 100), 40 * (1.0 / 100)}));
+    EXPECT_EQ(normalized({1.0}), Values({1.0}));
+    EXPECT_EQ(normalized({1.5, 1.5}), Values({0.75, 0.75}));
+    EXPECT_EQ(normalized({1.5}), Values({1.5}));
+    EXPECT_EQ(normalized({0.7, 1.4}), Values({0.7, 1.4}));   // 0, then 1
+    EXPECT_EQ(normalized({2.5, -1.0}), Values({2.5, -1.0})); // 2, then 1
+    EXPECT_EQ(normalized({5.0, -1.0}), Values({1.25, -0.25}));
+}
+
+TEST(IsotopeConfiguration, NormalizeLeavesFractionsAndLossesAlone)
+{
+    for (const Values& values : {Values{}, Values{0.9, 0.9}, Values{0.5, 0.5}, Values{-3.0, 2.0},
+                                 Values{0.0}, Values{3e9}, Values{1e300, 5.0}}) {
+        const MessageRecorder recorder;
+        EXPECT_EQ(normalized(values), values);
+        ASSERT_EQ(MessageRecorder::messages().size(), 1);
+        const auto& message = MessageRecorder::messages().first();
+        EXPECT_EQ(message.type, QtDebugMsg);
+        EXPECT_EQ(message.category, u"zel.generic"_s);
+        EXPECT_EQ(message.text, u"skipping normalization. sum less than threshold"_s);
+    }
+    const MessageRecorder recorder;
+    Values nan = {std::nan("")};
+    chem::normalize(nan);
+    EXPECT_TRUE(std::isnan(nan.first()));
+    EXPECT_EQ(MessageRecorder::messages().size(), 1);
+}
+
+TEST(IsotopeConfiguration, NormalizeIsSilentWhereTheHostWantsNoDebugMessages)
+{
+    QLoggingCategory::setFilterRules(u"zel.generic.debug=false"_s);
+    const MessageRecorder recorder;
+    normalized({});
+    EXPECT_TRUE(MessageRecorder::messages().isEmpty());
+    QLoggingCategory::setFilterRules(QString());
+}
+
+TEST(IsotopeConfiguration, NormalizeIsSilentWhenItScales)
+{
+    const MessageRecorder recorder;
+    normalized({99, 1});
+    EXPECT_TRUE(MessageRecorder::messages().isEmpty());
+}
+
+struct ExpectedRow
+{
+    int atomicNumber;
+    int extraNeutrons;
+    QString name;
+    double mass;
+    double abundance;
+};
+
+void expectRows(const QString& text, const QString& symbol, const QList<ExpectedRow>& expected)
+{
+    SCOPED_TRACE(text.toStdString());
+    const OpenFactory factory(text);
+    const QList<qsizetype> positions = factory.isotopesBySymbol.value(symbol);
+    ASSERT_EQ(positions.size(), expected.size());
+    for (qsizetype i = 0; i < expected.size(); ++i) {
+        const auto& row = factory.isotopes[positions[i]];
+        EXPECT_EQ(row.atomicNumber, expected[i].atomicNumber);
+        EXPECT_EQ(row.extraNeutrons, expected[i].extraNeutrons);
+        EXPECT_EQ(row.name, expected[i].name);
+        EXPECT_EQ(row.symbol, symbol);
+        EXPECT_EQ(row.mass, expected[i].mass);
+        EXPECT_EQ(row.abundance, expected[i].abundance);
+    }
+}
+
+/// The mass of an isotope of the natural table, counted from the lightest.
+double naturalMass(const QString& symbol, qsizetype isotope)
+{
+    const OpenFactory factory;
+    return factory.isotopes[factory.isotopesBySymbol.value(symbol)[isotope]].mass;
+}
+
+TEST(IsotopeConfiguration, PercentagesOfAnySizeAreScaled)
+{
+    expectRows(u"C13:1e9"_s, u"C"_s, {{6, 1, u"carbon"_s, 13.0033548352, 1.0}});
+}
+
+TEST(IsotopeConfiguration, ReplacesTheRowsOfAnElement)
+{
+    expectRows(u"C13:1"_s, u"C"_s, {{6, 1, u"carbon"_s, 13.0033548352, 1.0}});
+    expectRows(u"C12:0.5 C13:0.5"_s, u"C"_s,
+               {{6, 0, u"carbon"_s, 12.0, 0.5}, {6, 1, u"carbon"_s, 13.0033548352, 0.5}});
+    expectRows(u"C12:99 C13:1"_s, u"C"_s,
+               {{6, 0, u"carbon"_s, 12.0, 99 * (1.0 / 100)},
+                {6, 1, u"carbon"_s, 13.0033548352, 1 * (1.0 / 100)}});
+    expectRows(u"C13:0.6 C12:0.6"_s, u"C"_s,
+               {{6, 1, u"carbon"_s, 13.0033548352, 0.6}, {6, 0, u"carbon"_s, 12.0, 0.6}});
+    expectRows(
+        u"H1:0.5\t\n H2:0.5"_s, u"H"_s,
+        {{1, 0, u"hydrogen"_s, 1.00782503227, 0.5}, {1, 1, u"hydrogen"_s, 2.01410177819, 0.5}});
+}
+
+TEST(IsotopeConfiguration, ScalesEachElementOnItsOwn)
+{
+    expectRows(u"C12:1 N14:90 C13:3 N15:10"_s, u"C"_s,
+               {{6, 0, u"carbon"_s, 12.0, 0.25}, {6, 1, u"carbon"_s, 13.0033548352, 0.75}});
+    expectRows(u"C12:1 N14:90 C13:3 N15:10"_s, u"N"_s,
+               {{7, 2, u"nitrogen"_s, naturalMass(u"N"_s, 0), 90 * (1.0 / 100)},
+                {7, 3, u"nitrogen"_s, 15.0001088994, 10 * (1.0 / 100)}});
+}
+
+TEST(IsotopeConfiguration, NeutronsAreCountedFromTheElementThatIsNamedFirst)
+{
+    expectRows(u"C13:0.9 N15:0.9"_s, u"N"_s, {{7, 3, u"nitrogen"_s, 15.0001088994, 0.9}});
+    expectRows(u"N15:0.9"_s, u"N"_s, {{7, 1, u"nitrogen"_s, 15.0001088994, 0.9}});
+}
+
+TEST(IsotopeConfiguration, IsotopeThatTheTableLacksGetsItsExpectedMass)
+{
+    expectRows(u"C14:1"_s, u"C"_s, {{6, 2, u"carbon"_s, 2 * 1.0026 + 12.0, 1.0}});
+    expectRows(u"C13x:1"_s, u"C"_s, {{6, -12, u"carbon"_s, -12 * 1.0026 + 12.0, 1.0}});
+    expectRows(u"C99999999999:1"_s, u"C"_s, {{6, -12, u"carbon"_s, -12 * 1.0026 + 12.0, 1.0}});
+    expectRows(u"C2147483647:1"_s, u"C"_s,
+               {{6, 2147483635, u"carbon"_s, 2147483635 * 1.0026 + 12.0, 1.0}});
+}
+
+TEST(IsotopeConfiguration, FurtherPiecesOfAnEntryAreIgnored)
+{
+    expectRows(u"C13:1:0.5:x"_s, u"C"_s, {{6, 1, u"carbon"_s, 13.0033548352, 1.0}});
+}
+
+TEST(IsotopeConfiguration, NewRowsStandAtTheEndAndTheIndicesFollow)
+{
+    const OpenFactory natural;
+    const OpenFactory labelled(u"N15:1 C13:0.5 C12:0.5"_s);
+    ASSERT_EQ(labelled.isotopes.size(), natural.isotopes.size() - 1);
+    EXPECT_EQ(labelled.isotopesBySymbol.value(u"C"_s), QList<qsizetype>({289, 290}));
+    EXPECT_EQ(labelled.isotopesBySymbol.value(u"N"_s), QList<qsizetype>({291}));
+    EXPECT_EQ(labelled.isotopesByName.value(u"carbon"_s), QList<qsizetype>({289, 290}));
+    EXPECT_EQ(labelled.isotopesByAtomicNumber.value(6), QList<qsizetype>({289, 290}));
+    for (qsizetype i = 0; i < labelled.isotopes.size(); ++i) {
+        EXPECT_TRUE(labelled.isotopesBySymbol.value(labelled.isotopes[i].symbol).contains(i));
+        EXPECT_TRUE(labelled.isotopesByName.value(labelled.isotopes[i].name).contains(i));
+        EXPECT_TRUE(
+            labelled.isotopesByAtomicNumber.value(labelled.isotopes[i].atomicNumber).contains(i));
+    }
+}
+
+TEST(IsotopeConfiguration, EverythingIsPricedWithTheNewRows)
+{
+    const OpenFactory natural;
+    const OpenFactory labelled(u"C13:1"_s);
+    EXPECT_EQ(labelled.water.monoMass(), natural.water.monoMass());
+    EXPECT_EQ(labelled.formyl.monoMass(), natural.formyl.monoMass() - 12.0 + 13.0033548352);
+    for (const auto& dictionary : labelled.buildingBlocks) {
+        for (const chem::NamedMolecule& block : dictionary) {
+            const int carbons = block.formula().elementCount(u"C"_s);
+            const double naturalMass =
+                natural.constructMolecule(block.formula().toString()).monoMass();
+            EXPECT_NEAR(block.monoMass(), naturalMass + carbons * 1.0033548352, 1e-9);
+        }
+    }
+    EXPECT_EQ(labelled.constructMolecule(u"C2"_s).averageMass(), 2 * 13.0033548352);
+}
+
+TEST(IsotopeConfiguration, LabelledMassesHaveTheBitsOfAGenerator)
+{
+    for (const QString& text :
+         {u"C13:99 C12:1"_s, u"N15:0.3 N14:0.7 H2:0.9"_s, u"S34:1 S33:1 S32:1"_s}) {
+        const OpenFactory factory(text);
+        for (const QString& symbol : factory.isotopesBySymbol.keys()) {
+            for (const int count : {1, 7, 40}) {
+                double mono = 0.0;
+                double average = 0.0;
+                factory.calculateMassesForElementCountArrays({symbol}, {count}, &mono, &average);
+                const MassPair expected = massesByIso({factory.element(symbol, count)});
+                EXPECT_EQ(mono, expected.mono);
+                EXPECT_EQ(average, expected.average);
+            }
+        }
+        const QList<IsoSpecElement> elements = {
+            factory.element(u"C"_s, 20), factory.element(u"H"_s, 31), factory.element(u"N"_s, 5),
+            factory.element(u"S"_s, 2)};
+        double mono = 0.0;
+        double average = 0.0;
+        factory.calculateMassesForElementCountArrays({u"C"_s, u"H"_s, u"N"_s, u"S"_s},
+                                                     {20, 31, 5, 2}, &mono, &average);
+        EXPECT_EQ(mono, massesByGenerator(elements).mono);
+        EXPECT_EQ(average, massesByGenerator(elements).average);
+    }
+}
+
+TEST(IsotopeConfiguration, LabelledEnvelopeFollows)
+{
+    const OpenFactory factory(u"C13:1"_s);
+    QList<QPointF> envelope;
+    factory.generateIsotopeEnvelope(factory.constructMolecule(u"C1"_s), 1, &envelope, false);
+    ASSERT_EQ(envelope.size(), 1);
+    EXPECT_EQ(envelope[0].x(), 13.0033548352 - factory.electron.monoMass());
+}
+
+TEST(IsotopeConfiguration, TextThatCannotBeReadLeavesAnEmptyFactoryWithNaturalIsotopes)
+{
+    const OpenFactory natural;
+    for (const QString& text :
+         {u" "_s, u" C13:1"_s, u"C13:1 "_s, u"13C:1"_s, u"C:1"_s, u":1"_s, u"C13"_s, u"C13 N15:1"_s,
+          u"Xx5:1"_s, u"C13:1 Xx5:1"_s, u"c13:1"_s, u"C 13:1"_s, u"C13:1\n"_s, u"C13;1"_s,
+          u"carbon"_s, u"-13:1"_s, u"C-13:1"_s}) {
+        SCOPED_TRACE(text.toStdString());
+        const OpenFactory refused(text);
+        EXPECT_EQ(refused.isotopes.size(), natural.isotopes.size());
+        EXPECT_EQ(refused.isotopesBySymbol, natural.isotopesBySymbol);
+        EXPECT_TRUE(refused.buildingBlocks.isEmpty());
+        EXPECT_TRUE(refused.defaultRibose.name.isEmpty());
+        EXPECT_TRUE(refused.defaultPhosphate.name.isEmpty());
+        EXPECT_TRUE(refused.water.formula().isEmpty());
+        EXPECT_TRUE(refused.proton.formula().isEmpty());
+        EXPECT_EQ(refused.constructMolecule(u"C"_s).monoMass(), 12.0);
+        EXPECT_EQ(refused.constructMolecule(u"C"_s).averageMass(),
+                  natural.constructMolecule(u"C"_s).averageMass());
+    }
+}
+
+TEST(IsotopeConfiguration, RefusedFactoryCanStillBeGivenBlocks)
+{
+    const auto factory = chem::ChemicalFactory::construct(u"nonsense"_s);
+    factory->setBuildingBlock(chem::ChemicalFactory::AminoAcidBlock, u"G"_s, u"Glycine"_s,
+                              u"C2H3NO"_s);
+    EXPECT_EQ(factory->constructLinearPeptideComplex(u"G"_s)->formula().toString(), u"C2H3NO"_s);
+}
+
+TEST(IsotopeConfiguration, AbundancesOutsideTheirRangeThrowWhenTheElementIsTouched)
+{
+    for (const QString& text :
+         {u"C13:0"_s, u"C13:1.5"_s, u"C13:-1"_s, u"C13:x"_s, u"C13:"_s, u"C13:nan"_s, u"C13:1e9"_s,
+          u"C13:inf"_s, u"C12:1 C13:0"_s, u"E1:0"_s, u"H1:2 H2:-1"_s}) {
+        SCOPED_TRACE(text.toStdString());
+        try {
+            chem::ChemicalFactory::construct(text);
+            ADD_FAILURE() << "no exception";
+        } catch (const std::invalid_argument& error) {
+            EXPECT_STREQ(error.what(), "All isotope probabilities p must fulfill: 0.0 < p <= 1.0");
+        }
+    }
+}
+
+TEST(IsotopeConfiguration, ElementOfNoBuildingBlockThrowsLater)
+{
+    for (const QString& text : {u"Au197:0"_s, u"Au197:nan"_s, u"Au197:1.5"_s}) {
+        SCOPED_TRACE(text.toStdString());
+        const auto factory = chem::ChemicalFactory::construct(text);
+        EXPECT_EQ(factory->constructLinearPeptideComplex(u"G"_s)->formula().toString(),
+                  u"C2H5NO2"_s);
+        EXPECT_THROW(factory->constructMolecule(u"Au"_s), std::invalid_argument);
+        EXPECT_THROW(factory->constructMolecule(u"Au0.5"_s), std::invalid_argument);
+        EXPECT_NO_THROW(factory->constructMolecule(u"Au0"_s)); // no gain, no loss: not touched
+        QList<QPointF> envelope;
+        EXPECT_THROW(
+            factory->generateIsotopeEnvelope(
+                chem::Molecule(chem::ChemicalFactory::parseChemicalFormula(u"AuC"_s), 0, 0), 1,
+                &envelope, false),
+            std::invalid_argument);
+    }
+}
+
+} // namespace

@@ -1,1 +1,297 @@
-// Tests follow with the sources that they test.
+#include "MessageRecorder.h"
+#include "OpenFactory.h"
+#include "TestFormulas.h"
+#include "TestPrinters.h"
+
+#include <QLoggingCategory>
+
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <limits>
+#include <map>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+using chem::Molecule;
+using Envelope = QList<QPointF>;
+
+const OpenFactory& factory()
+{
+    static const OpenFactory shared;
+    return shared;
+}
+
+Envelope envelopeOf(const QString& formula, int charge, bool protonate)
+{
+    Envelope envelope = {{1.0, 2.0}}; // what was there goes
+    factory().generateIsotopeEnvelope(factory().constructMolecule(formula), charge, &envelope,
+                                      protonate);
+    return envelope;
+}
+
+double sumOf(const Envelope& envelope)
+{
+    double sum = 0.0;
+    for (const QPointF& point : envelope)
+        sum += point.y();
+    return sum;
+}
+
+/// The steps of the calculation, written down once more around a generator of its own.
+Envelope envelopeByHand(const chem::ChemicalFormula& formula, double divisor)
+{
+    QList<IsoSpecElement> elements;
+    const auto& counts = formula.elementCountMap();
+    for (auto entry = counts.cbegin(); entry != counts.cend(); ++entry) {
+        if (entry.value() > 0 && factory().isotopesBySymbol.contains(entry.key()))
+            elements.append(factory().element(entry.key(), static_cast<int>(entry.value())));
+    }
+    IsoSpec::IsoThresholdGenerator generator(isoOf(elements), 1e-7, true, 1000, 1000, true);
+    Envelope envelope;
+    const double lightest = generator.getLightestPeakMass();
+    const double offset = lightest - static_cast<int>(lightest + 0.5);
+    const int base = static_cast<int>(lightest - offset + 0.5);
+    while (generator.advanceToNextConfiguration()) {
+        const int bin = static_cast<int>(generator.mass() - offset + 0.5) - base;
+        while (bin >= envelope.size())
+            envelope.append(QPointF());
+        if (bin >= 0) {
+            envelope[bin].rx() += generator.prob() * generator.mass();
+            envelope[bin].ry() += generator.prob();
+        }
+    }
+    const double electron = factory().electron.monoMass();
+    for (QPointF& point : envelope) {
+        if (point.y() != 0.0)
+            point.setX(point.x() / (divisor * point.y()) - electron);
+    }
+    if (!envelope.isEmpty())
+        envelope[0].setX(lightest / divisor - electron);
+    return envelope;
+}
+
+void expectSameBits(const Envelope& a, const Envelope& b)
+{
+    ASSERT_EQ(a.size(), b.size());
+    for (qsizetype i = 0; i < a.size(); ++i) {
+        EXPECT_EQ(a[i].x(), b[i].x()) << i;
+        EXPECT_EQ(a[i].y(), b[i].y()) << i;
+    }
+}
+
+TEST(IsotopeEnvelope, HasTheBitsOfItsSteps)
+{
+    for (const QString& text : {u"C6H12O6"_s, u"C50H71N13O12"_s, u"C378H629N105O118S"_s, u"Cl4"_s,
+                                u"SnBr2"_s, u"E3H"_s, u"XxC2"_s, u"Fe2S2"_s, u"Pn2C"_s}) {
+        SCOPED_TRACE(text.toStdString());
+        const auto formula = chem::ChemicalFactory::parseChemicalFormula(text);
+        expectSameBits(envelopeOf(text, 1, false), envelopeByHand(formula, 1));
+        expectSameBits(envelopeOf(text, 7, false), envelopeByHand(formula, 7));
+    }
+}
+
+TEST(IsotopeEnvelope, ProtonatedMoleculeHasOneHydrogenMoreForEachCharge)
+{
+    Envelope envelope;
+    const Molecule glucose = factory().constructMolecule(u"C6H12O6"_s);
+    const Molecule result = factory().generateIsotopeEnvelope(glucose, 3, &envelope, true);
+    Molecule hydrogens = factory().hydrogen;
+    hydrogens *= 3;
+    EXPECT_EQ(result.formula().toString(), u"C6H15O6"_s);
+    EXPECT_EQ(result.monoMass(), (glucose + hydrogens).monoMass());
+    EXPECT_EQ(result.averageMass(), (glucose + hydrogens).averageMass());
+    expectSameBits(envelope, envelopeByHand(result.formula(), 3));
+    EXPECT_EQ(factory().generateIsotopeEnvelope(glucose, 3, &envelope, false).monoMass(),
+              glucose.monoMass());
+}
+
+TEST(IsotopeEnvelope, FirstPointIsTheProtonatedIon)
+{
+    const Envelope envelope = envelopeOf(u"C50H71N13O12"_s, 1, true);
+    EXPECT_NEAR(envelope[0].x(), 1046.5418, 1e-4); // angiotensin II, MH+
+}
+
+TEST(IsotopeEnvelope, SignOfTheChargeDoesNotMatter)
+{
+    expectSameBits(envelopeOf(u"C6H12O6"_s, 2, true), envelopeOf(u"C6H12O6"_s, -2, true));
+    Envelope envelope;
+    const Molecule result = factory().generateIsotopeEnvelope(
+        factory().constructMolecule(u"C6H12O6"_s), -2, &envelope, true);
+    EXPECT_EQ(result.formula().toString(), u"C6H14O6"_s);
+}
+
+TEST(IsotopeEnvelope, ChargeZeroDividesLikeOneAndAddsNothing)
+{
+    expectSameBits(envelopeOf(u"C6H12O6"_s, 0, true), envelopeOf(u"C6H12O6"_s, 1, false));
+    Envelope envelope;
+    const Molecule carbon = factory().constructMolecule(u"C1"_s);
+    const Molecule result = factory().generateIsotopeEnvelope(carbon, 0, &envelope, true);
+    EXPECT_TRUE(result.formula().elementCountMap().contains(u"H"_s));
+    EXPECT_EQ(result.formula().elementCount(u"H"_s), 0);
+    EXPECT_EQ(envelope[0].x(), 12.0 - factory().electron.monoMass());
+}
+
+TEST(IsotopeEnvelope, LowestChargeCountsAsTheHighest)
+{
+    const int lowest = std::numeric_limits<int>::min();
+    const Envelope envelope = envelopeOf(u"C1"_s, lowest, false);
+    ASSERT_FALSE(envelope.isEmpty());
+    EXPECT_EQ(envelope[0].x(), 12.0 / 2147483647.0 - factory().electron.monoMass());
+}
+
+TEST(IsotopeEnvelope, GapsStayInTheListAtZero)
+{
+    const Envelope chlorine = envelopeOf(u"Cl1"_s, 1, false);
+    ASSERT_EQ(chlorine.size(), 3);
+    EXPECT_EQ(chlorine[1].x(), 0.0);
+    EXPECT_EQ(chlorine[1].y(), 0.0);
+    EXPECT_NEAR(chlorine[0].y(), 0.7576, 1e-3);
+    EXPECT_NEAR(chlorine[2].x(), 36.96590 - 0.00054858, 1e-4);
+}
+
+TEST(IsotopeEnvelope, SingleIsotopeGivesOnePoint)
+{
+    const Envelope fluorine = envelopeOf(u"F1"_s, 1, false);
+    ASSERT_EQ(fluorine.size(), 1);
+    EXPECT_NEAR(fluorine[0].y(), 1.0, 1e-12);
+    EXPECT_NEAR(fluorine[0].x(), 18.99840316 - 0.00054858, 1e-6);
+}
+
+TEST(IsotopeEnvelope, SharesAreNotScaledToOne)
+{
+    const double sum = sumOf(envelopeOf(u"C378H629N105O118S"_s, 10, true));
+    EXPECT_LT(sum, 1.0);
+    EXPECT_GT(sum, 0.99);
+}
+
+TEST(IsotopeEnvelope, EmptyAndUnknownFormulasGiveNoPointAndNoMessage)
+{
+    const MessageRecorder recorder;
+    EXPECT_TRUE(envelopeOf(QString(), 1, false).isEmpty());
+    EXPECT_TRUE(envelopeOf(u"Xx3Yy"_s, 1, false).isEmpty());
+    EXPECT_TRUE(envelopeOf(u"C0"_s, 1, false).isEmpty());
+    EXPECT_TRUE(MessageRecorder::messages().isEmpty());
+    Envelope envelope;
+    const Molecule nothing =
+        factory().generateIsotopeEnvelope(Molecule({}, 5.0, 4.0), 1, &envelope, false);
+    EXPECT_EQ(nothing.averageMass(), 5.0);
+}
+
+TEST(IsotopeEnvelope, FormulaThatNoMoleculeHasIsRefusedWithAWarning)
+{
+    for (const double count : {-1.0, 1.5, 3e9, std::nan("")}) {
+        const MessageRecorder recorder;
+        Envelope envelope = {{1.0, 2.0}};
+        const Molecule odd(formulaWith({{u"C"_s, 1}, {u"O"_s, count}}), 2.0, 1.0);
+        const Molecule result = factory().generateIsotopeEnvelope(odd, 2, &envelope, true);
+        EXPECT_TRUE(envelope.isEmpty());
+        EXPECT_EQ(result.formula().elementCount(u"H"_s), 2);
+        ASSERT_EQ(MessageRecorder::messages().size(), 1);
+        const auto& message = MessageRecorder::messages().first();
+        EXPECT_EQ(message.type, QtWarningMsg);
+        EXPECT_EQ(message.category, u"zel.generic"_s);
+        EXPECT_EQ(message.text,
+                  u"Isotope envelope can be calculated only with integer non-negative "
+                  u"element counts"_s);
+    }
+}
+
+TEST(IsotopeEnvelope, HostCanTurnTheWarningOff)
+{
+    QLoggingCategory::setFilterRules(u"zel.generic.warning=false"_s);
+    const MessageRecorder recorder;
+    envelopeOf(u"C1.5"_s, 1, false);
+    EXPECT_TRUE(MessageRecorder::messages().isEmpty());
+    QLoggingCategory::setFilterRules(QString());
+}
+
+TEST(IsotopeEnvelope, AddedHydrogensAreTestedWithTheRest)
+{
+    const Envelope envelope = envelopeOf(u"C1H-1"_s, 1, true);
+    ASSERT_FALSE(envelope.isEmpty());
+    EXPECT_NEAR(envelope[0].x(), 12.0 - 0.00054858, 1e-8);
+}
+
+TEST(IsotopeEnvelope, CountsBeyondTheLimitOfIsoSpecThrowItsException)
+{
+    EXPECT_ANY_THROW(envelopeOf(u"C10485759"_s, 1, false));
+    EXPECT_NO_THROW(envelopeOf(u"F10485758"_s, 1, false));
+}
+
+TEST(IsotopeEnvelope, HugeMoleculeWithoutLikelyConfigurationsIsEmpty)
+{
+    const MessageRecorder recorder;
+    EXPECT_TRUE(envelopeOf(u"C300000Cl300000S300000Br300000"_s, 1, false).isEmpty());
+    EXPECT_TRUE(MessageRecorder::messages().isEmpty());
+}
+
+// An exact convolution as an oracle: it shares no algorithm with the enumeration of configurations.
+
+struct Bin
+{
+    double probability = 0.0;
+    double massSum = 0.0; ///< Probability times mass.
+};
+using Distribution = std::map<int, Bin>; ///< By neutrons above the lightest isotopes.
+
+Distribution convolve(const Distribution& a, const Distribution& b)
+{
+    Distribution product;
+    for (const auto& [i, x] : a) {
+        for (const auto& [j, y] : b) {
+            Bin& bin = product[i + j];
+            bin.probability += x.probability * y.probability;
+            bin.massSum += x.massSum * y.probability + y.massSum * x.probability;
+        }
+    }
+    std::erase_if(product, [](const auto& entry) { return entry.second.probability < 1e-18; });
+    return product;
+}
+
+Distribution atoms(const QString& symbol, int count)
+{
+    const IsoSpecElement element = factory().element(symbol, 1);
+    Distribution power;
+    for (qsizetype i = 0; i < element.masses.size(); ++i) {
+        const int neutrons = static_cast<int>(std::lround(element.masses[i] - element.masses[0]));
+        power[neutrons] = {element.abundances[i], element.abundances[i] * element.masses[i]};
+    }
+    Distribution result = {{0, {1.0, 0.0}}};
+    for (int rest = count; rest > 0; rest /= 2) {
+        if (rest % 2)
+            result = convolve(result, power);
+        power = convolve(power, power);
+    }
+    return result;
+}
+
+TEST(IsotopeEnvelope, AgreesWithAnExactConvolution)
+{
+    for (const QString& text : {u"C6H12O6"_s, u"C50H71N13O12"_s, u"C257H383N65O77S6"_s,
+                                u"C234H340N61O128P17S17"_s, u"C378H629N105O118S"_s}) {
+        SCOPED_TRACE(text.toStdString());
+        Distribution exact = {{0, {1.0, 0.0}}};
+        const auto formula = chem::ChemicalFactory::parseChemicalFormula(text);
+        const auto& counts = formula.elementCountMap();
+        for (auto entry = counts.cbegin(); entry != counts.cend(); ++entry)
+            exact = convolve(exact, atoms(entry.key(), static_cast<int>(entry.value())));
+
+        const Envelope envelope = envelopeOf(text, 1, false);
+        const double missing = 1.0 - sumOf(envelope);
+        EXPECT_LT(missing, 0.01);
+        for (qsizetype i = 0; i < envelope.size(); ++i) {
+            const Bin& bin = exact[static_cast<int>(i)];
+            EXPECT_LE(envelope[i].y(), bin.probability + 1e-9);
+            EXPECT_GE(envelope[i].y(), bin.probability - missing - 1e-9);
+            if (i > 0 && bin.probability > 0.01) {
+                const double centroid = bin.massSum / bin.probability - 0.000548579909065;
+                EXPECT_NEAR(envelope[i].x(), centroid, 1e-4) << i;
+            }
+        }
+    }
+}
+
+} // namespace
