@@ -49,7 +49,7 @@ private:
     std::vector<Atom> m_atoms;
     /// Positions by a capital and an optional small letter, which all real symbols are made of: a
     /// map look-up would cost more than everything else in a mass.
-    std::array<qint16, letters*(letters + 1)> m_shortSymbols;
+    std::array<qint16, std::size_t{letters} * (letters + 1)> m_shortSymbols;
     QHash<QString, qsizetype> m_otherSymbols;
 };
 

@@ -162,8 +162,8 @@ OligoScanner::OligoScanner(const OligoAlphabets& alphabets)
     }
     for (const auto& [alphabet, role] : roles)
         addAlphabet(alphabet, role);
-    for (char digit = '0'; digit <= '9'; ++digit)
-        m_asciiMasks[static_cast<std::size_t>(digit)] |= Digit;
+    for (char16_t digit = u'0'; digit <= u'9'; ++digit)
+        m_asciiMasks[digit] |= Digit;
     m_asciiMasks['+'] |= Sign;
     m_asciiMasks['-'] |= Sign;
     m_asciiMasks['.'] |= FullStop;

@@ -38,8 +38,8 @@ class ZEL_CHEMICAL_MODEL_EXPORT Transformation
 {
 public:
     Transformation() = default;
-    Transformation(const Transformation& other) = default;
-    Transformation& operator=(const Transformation& other) = default;
+    Transformation(const Transformation&) = default;
+    Transformation& operator=(const Transformation&) = default;
     virtual ~Transformation();
 
     /// Applies the step.

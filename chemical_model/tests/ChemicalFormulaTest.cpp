@@ -140,7 +140,8 @@ TEST(ChemicalFormula, SubtractionMakesNegativeEntriesAndKeepsZeros)
 TEST(ChemicalFormula, SubtractionFromItselfLeavesZeros)
 {
     ChemicalFormula formula = formulaWith({{u"C"_s, 6}, {u"H"_s, 12}});
-    formula -= formula;
+    const ChemicalFormula& itself = formula;
+    formula -= itself;
     EXPECT_FALSE(formula.isEmpty());
     EXPECT_EQ(formula.toString(), QString());
     EXPECT_EQ(formula.elementCountMap(), Counts({{u"C"_s, 0}, {u"H"_s, 0}}));
@@ -150,7 +151,8 @@ TEST(ChemicalFormula, AdditionToItselfDoubles)
 {
     ChemicalFormula formula = formulaWith({{u"C"_s, 6}, {u"H"_s, 12}});
     const ChemicalFormula copy = formula;
-    formula += formula;
+    const ChemicalFormula& itself = formula;
+    formula += itself;
     EXPECT_EQ(formula.elementCountMap(), Counts({{u"C"_s, 12}, {u"H"_s, 24}}));
     EXPECT_EQ(copy.elementCount(u"C"_s), 6);
 }
