@@ -1,1 +1,210 @@
-// Tests follow with the sources that they test.
+#include "MessageRecorder.h"
+#include "TestPrinters.h"
+#include <ChemicalModel.h>
+
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <random>
+#include <type_traits>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+using chem::MassTolerance;
+using chem::MatchingParameters;
+using chem::MoleculeEntity;
+using chem::ObservedMassEntity;
+using Masses = QList<double>;
+
+MatchingParameters within(double value, int unit = 0)
+{
+    MatchingParameters parameters;
+    parameters.massTolerance = {value, unit};
+    return parameters;
+}
+
+QList<ObservedMassEntity> observed(const Masses& masses)
+{
+    return QList<ObservedMassEntity>(masses.cbegin(), masses.cend());
+}
+
+Masses matched(const MoleculeEntity& entity, const Masses& masses,
+               const MatchingParameters& parameters)
+{
+    Masses found;
+    for (const chem::Match& match : chem::match(entity, observed(masses), parameters)) {
+        found.append(match.observedMass.mass());
+        EXPECT_TRUE(match.entity == entity || std::isnan(entity.averageMass()));
+    }
+    return found;
+}
+
+TEST(ObservedMassEntity, HoldsANumber)
+{
+    const ObservedMassEntity mass = 5.0;
+    EXPECT_EQ(mass.mass(), 5.0);
+    EXPECT_EQ(mass.monoMass(), 5.0);
+    static_assert(!std::is_constructible_v<ObservedMassEntity, int>);
+    static_assert(!std::is_constructible_v<ObservedMassEntity, float>);
+    static_assert(!std::is_constructible_v<ObservedMassEntity, MoleculeEntity>);
+    static_assert(!std::is_default_constructible_v<ObservedMassEntity>);
+    static_assert(std::is_nothrow_move_constructible_v<ObservedMassEntity>);
+}
+
+TEST(ObservedMassEntity, CopiesAndMoves)
+{
+    ObservedMassEntity first = 5.0;
+    ObservedMassEntity second = first;
+    const ObservedMassEntity third = std::move(first);
+    EXPECT_EQ(third.mass(), 5.0);
+    first = 7.0;
+    second = std::move(first);
+    EXPECT_EQ(second.mass(), 7.0);
+}
+
+TEST(ObservedMassEntity, HasNoIntensityAndSaysSo)
+{
+    const MessageRecorder recorder;
+    EXPECT_EQ(ObservedMassEntity(5.0).intensity(), 0.0);
+    ASSERT_EQ(MessageRecorder::messages().size(), 1);
+    const auto& message = MessageRecorder::messages().first();
+    EXPECT_EQ(message.type, QtWarningMsg);
+    EXPECT_EQ(message.category, u"default"_s);
+    EXPECT_EQ(message.file, u"chemical_model/src/ObservedMassEntity"_s);
+    EXPECT_EQ(message.function, u"chem::ObservedMassEntityInternal::intensity<double>"_s);
+    EXPECT_EQ(message.text, u"Unimplemented code."_s);
+}
+
+TEST(ObservedMassEntity, ParametersStartAtZero)
+{
+    const MatchingParameters parameters;
+    for (const MassTolerance& tolerance : {parameters.massTolerance, parameters.secondTolerance,
+                                           parameters.thirdTolerance, parameters.fourthTolerance}) {
+        EXPECT_EQ(tolerance.value, 0.0);
+        EXPECT_EQ(tolerance.unit, 0);
+    }
+}
+
+TEST(ObservedMassEntity, TolerancesInDaltons)
+{
+    EXPECT_EQ(chem::absoluteMassToleranceDelta(1000.0, within(10.0, 1)), 0.01);
+    EXPECT_EQ(chem::absoluteMassToleranceDelta(1000.0, within(1.0, 2)), 10.0);
+    for (const int unit : {0, 7, -1, 3})
+        EXPECT_EQ(chem::absoluteMassToleranceDelta(1000.0, within(0.5, unit)), 0.5);
+    EXPECT_EQ(chem::absoluteMassToleranceDelta(3.0, within(0.1, 1)), 0.1 * 3.0 / 1000000.0);
+    EXPECT_EQ(chem::absoluteMassToleranceDelta(3.0, within(0.1, 2)), 0.1 * 3.0 / 100.0);
+}
+
+TEST(ObservedMassEntity, WindowIncludesBothEdges)
+{
+    EXPECT_EQ(matched(1000.0, {998.9, 999.0, 1000.0, 1001.0, 1001.1}, within(1.0)),
+              Masses({999.0, 1000.0, 1001.0}));
+    EXPECT_EQ(matched(1000.0, {}, within(1.0)), Masses());
+    EXPECT_EQ(matched(1000.0, {1.0, 2.0}, within(1.0)), Masses());
+    EXPECT_EQ(matched(1000.0, {2000.0}, within(1.0)), Masses());
+}
+
+TEST(ObservedMassEntity, WithoutToleranceOnlyTheExactMassMatches)
+{
+    EXPECT_EQ(matched(1000.0, {999.9999999, 1000.0, 1000.0000001}, MatchingParameters()),
+              Masses({1000.0}));
+}
+
+TEST(ObservedMassEntity, MassListedTwiceMatchesTwice)
+{
+    EXPECT_EQ(matched(1000.0, {1000.0, 1000.0}, within(0.1)), Masses({1000.0, 1000.0}));
+}
+
+TEST(ObservedMassEntity, NegativeToleranceFindsNothing)
+{
+    EXPECT_EQ(matched(1000.0, {999.0, 1000.0, 1001.0, 1002.0}, within(-1.0)), Masses());
+}
+
+TEST(ObservedMassEntity, MassOfZeroMatchesZeroAlone)
+{
+    EXPECT_EQ(matched(nullptr, {-0.1, 0.0, 0.1}, within(10.0, 1)), Masses({0.0}));
+    EXPECT_EQ(matched(nullptr, {-0.1, 0.0, 0.1}, within(10.0, 2)), Masses({0.0}));
+}
+
+TEST(ObservedMassEntity, OnlyTheFirstToleranceIsRead)
+{
+    MatchingParameters parameters = within(1.0);
+    parameters.secondTolerance = {50.0, 2};
+    parameters.thirdTolerance = {50.0, 2};
+    parameters.fourthTolerance = {50.0, 2};
+    EXPECT_EQ(matched(1000.0, {990.0, 1000.0}, parameters), Masses({1000.0}));
+}
+
+TEST(ObservedMassEntity, AverageMassOfTheModelCounts)
+{
+    const chem::Molecule model({}, 100.0, 200.0);
+    EXPECT_EQ(matched(model, {100.0, 200.0}, within(1.0)), Masses({100.0}));
+}
+
+/// The search and the walk, written down once more over plain numbers.
+Masses matchedByHand(double a, const Masses& masses, double delta)
+{
+    const double edge = a - delta;
+    qsizetype first = 0;
+    qsizetype count = masses.size();
+    while (count > 0) {
+        const qsizetype half = count / 2;
+        if (masses[first + half] < edge) {
+            first += half + 1;
+            count -= half + 1;
+        } else {
+            count = half;
+        }
+    }
+    Masses found;
+    for (qsizetype i = first; i < masses.size(); ++i) {
+        if (a - (masses[i] + delta) > 0.0)
+            continue;
+        if (a - (masses[i] - delta) < 0.0)
+            break;
+        found.append(masses[i]);
+    }
+    return found;
+}
+
+bool isSame(const Masses& a, const Masses& b)
+{
+    return std::equal(a.cbegin(), a.cend(), b.cbegin(), b.cend(), [](double x, double y) {
+        return x == y || (std::isnan(x) && std::isnan(y));
+    });
+}
+
+TEST(ObservedMassEntity, AnyListGivesWhatTheSearchFinds)
+{
+    std::mt19937 random(3);
+    for (int round = 0; round < 3000; ++round) {
+        Masses masses;
+        for (auto i = random() % 12; i > 0; --i)
+            masses.append(random() % 40 ? static_cast<double>(random() % 20) : std::nan(""));
+        if (round % 2)
+            std::sort(masses.begin(), masses.end());
+        const double model = static_cast<double>(random() % 20 + 1);
+        const double delta = static_cast<double>(random() % 5) - 1.0;
+        ASSERT_TRUE(
+            isSame(matched(model, masses, within(delta)), matchedByHand(model, masses, delta)));
+    }
+}
+
+TEST(ObservedMassEntity, SortedListsGiveAllThatLieInTheWindow)
+{
+    std::mt19937 random(4);
+    for (int round = 0; round < 1000; ++round) {
+        Masses masses;
+        for (int i = 0; i < 50; ++i)
+            masses.append(static_cast<double>(random() % 1000));
+        std::sort(masses.begin(), masses.end());
+        Masses expected;
+        std::copy_if(masses.cbegin(), masses.cend(), std::back_inserter(expected),
+                     [](double mass) { return std::abs(mass - 500.0) <= 20.0; });
+        ASSERT_EQ(matched(500.0, masses, within(20.0)), expected);
+    }
+}
+
+} // namespace

@@ -1,1 +1,222 @@
-// Tests follow with the sources that they test.
+#include "TestFormulas.h"
+#include "TestPrinters.h"
+#include <ChemicalModel.h>
+
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <type_traits>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+using chem::Chain;
+using chem::Link;
+using chem::Modification;
+using chem::Molecule;
+using chem::MoleculeEntity;
+using chem::MoleculeType;
+using chem::NamedMolecule;
+using chem::ParentChainLocus;
+using chem::StructuredMolecule;
+using Places = QList<std::pair<int, int>>;
+
+MoleculeEntity residue(const QString& code, double mass = 1.0)
+{
+    return NamedMolecule(Molecule({}, mass, mass), u"name of "_s + code, code);
+}
+
+Chain chain(const QList<MoleculeEntity>& residues, const QString& name = u"chain"_s,
+            const QString& code = u"c"_s)
+{
+    return Chain(name, code, residues, MoleculeType::Peptide, ParentChainLocus());
+}
+
+TEST(StructuredMolecule, LocusStartsAtNothing)
+{
+    const ParentChainLocus locus;
+    EXPECT_TRUE(locus.label.isEmpty());
+    EXPECT_EQ(locus.chain, 0);
+    EXPECT_EQ(locus.start, 0);
+    EXPECT_EQ(locus.end, 0);
+}
+
+TEST(StructuredMolecule, StartsUnknownAndEmpty)
+{
+    const StructuredMolecule molecule;
+    EXPECT_EQ(molecule.type, MoleculeType::Unknown);
+    EXPECT_EQ(molecule.monoMass, 0.0);
+    EXPECT_EQ(molecule.averageMass, 0.0);
+    EXPECT_TRUE(molecule.formula.isEmpty());
+    EXPECT_TRUE(molecule.transformations.isEmpty());
+    static_assert(std::is_aggregate_v<StructuredMolecule>);
+    static_assert(!std::is_default_constructible_v<Chain>);
+}
+
+TEST(StructuredMolecule, MonoisotopicMassComesBeforeTheAverage)
+{
+    const StructuredMolecule molecule = {{}, MoleculeType::Sugar, 1.5, 2.5, {}, {}, {}, {}, {}, {},
+                                         {}};
+    EXPECT_EQ(MoleculeEntity(molecule).monoMass(), 1.5);
+    EXPECT_EQ(MoleculeEntity(molecule).averageMass(), 2.5);
+}
+
+TEST(StructuredMolecule, ChainKeepsWhatItIsMadeOf)
+{
+    const Chain any(u"name"_s, u"code"_s, {residue(u"A"_s)}, MoleculeType::Sugar,
+                    {u"label"_s, 1, 2, 3});
+    EXPECT_EQ(any.name(), u"name"_s);
+    EXPECT_EQ(any.code(), u"code"_s);
+    EXPECT_EQ(any.type(), MoleculeType::Sugar);
+    EXPECT_EQ(any.residues().size(), 1);
+    EXPECT_EQ(any.parentLocus().label, u"label"_s);
+    EXPECT_EQ(any.parentLocus().chain, 1);
+    EXPECT_EQ(any.parentLocus().start, 2);
+    EXPECT_EQ(any.parentLocus().end, 3);
+}
+
+TEST(StructuredMolecule, ChainsCompareAllButTheirCodes)
+{
+    const QList<MoleculeEntity> residues = {residue(u"A"_s)};
+    const Chain base(u"n"_s, u"c"_s, residues, MoleculeType::Peptide, {u"l"_s, 1, 2, 3});
+    EXPECT_TRUE(base ==
+                Chain(u"n"_s, u"other"_s, residues, MoleculeType::Peptide, {u"l"_s, 1, 2, 3}));
+    EXPECT_TRUE(base ==
+                Chain(u"n"_s, u"c"_s, {residue(u"B"_s)}, MoleculeType::Peptide, {u"l"_s, 1, 2, 3}));
+    EXPECT_FALSE(base == Chain(u"m"_s, u"c"_s, residues, MoleculeType::Peptide, {u"l"_s, 1, 2, 3}));
+    EXPECT_FALSE(base == Chain(u"n"_s, u"c"_s, residues, MoleculeType::Protein, {u"l"_s, 1, 2, 3}));
+    EXPECT_FALSE(base == Chain(u"n"_s, u"c"_s, residues, MoleculeType::Peptide, {u"k"_s, 1, 2, 3}));
+    EXPECT_FALSE(base == Chain(u"n"_s, u"c"_s, residues, MoleculeType::Peptide, {u"l"_s, 0, 2, 3}));
+    EXPECT_FALSE(base == Chain(u"n"_s, u"c"_s, residues, MoleculeType::Peptide, {u"l"_s, 1, 0, 3}));
+    EXPECT_FALSE(base == Chain(u"n"_s, u"c"_s, residues, MoleculeType::Peptide, {u"l"_s, 1, 2, 4}));
+    EXPECT_FALSE(base == Chain(u"n"_s, u"c"_s, {}, MoleculeType::Peptide, {u"l"_s, 1, 2, 3}));
+    EXPECT_FALSE(base == Chain(u"n"_s, u"c"_s, {residue(u"A"_s, 2.0)}, MoleculeType::Peptide,
+                               {u"l"_s, 1, 2, 3}));
+}
+
+TEST(StructuredMolecule, ChainEqualsItsOwnCopyWithoutALookAtTheResidues)
+{
+    // A mass that is not a number equals nothing, so only a look would tell the two apart.
+    const Chain nan = chain({residue(u"A"_s, std::nan(""))});
+    const Chain copy = nan;
+    EXPECT_TRUE(nan == copy);
+    EXPECT_FALSE(nan == chain({residue(u"A"_s, std::nan(""))}));
+}
+
+TEST(StructuredMolecule, LinksCompareEntitiesAndDirections)
+{
+    EXPECT_TRUE(Link() == Link(MoleculeEntity(0), {{0, 0}, {0, 0}}));
+    const Link link(2.0, {{0, 1}, {2, 3}});
+    EXPECT_EQ(link.entity().averageMass(), 2.0);
+    EXPECT_EQ(link.connection(), (Link::Connection{{0, 1}, {2, 3}}));
+    EXPECT_TRUE(link == Link(2, {{0, 1}, {2, 3}}));
+    EXPECT_FALSE(link == Link(2.0, {{2, 3}, {0, 1}}));
+    EXPECT_FALSE(link == Link(2.5, {{0, 1}, {2, 3}}));
+    for (const Link::Connection& other :
+         {Link::Connection{{9, 1}, {2, 3}}, Link::Connection{{0, 9}, {2, 3}},
+          Link::Connection{{0, 1}, {9, 3}}, Link::Connection{{0, 1}, {2, 9}}})
+        EXPECT_FALSE(link == Link(2.0, other));
+    EXPECT_TRUE(Link(1.0, {{0, 1}, {0, 1}}) == Link(1.0, {{0, 1}, {0, 1}}));
+}
+
+TEST(StructuredMolecule, ModificationStartsBlank)
+{
+    const Modification none;
+    EXPECT_EQ(none.averageMass(), 0.0);
+    EXPECT_EQ(none.monoMass(), 0.0);
+    EXPECT_TRUE(none.formula().isEmpty());
+    EXPECT_TRUE(none.possibleChainLocations().isEmpty());
+}
+
+TEST(StructuredMolecule, ModificationForwardsToItsEntityWithRebuiltMasses)
+{
+    const auto water = chem::defaultChemicalFactory()->constructMolecule(u"H2O"_s);
+    const Modification modification(Molecule(water.formula(), 0.0, 0.0), {{1, 2}});
+    EXPECT_EQ(modification.averageMass(), water.averageMass());
+    EXPECT_EQ(modification.monoMass(), water.monoMass());
+    EXPECT_EQ(modification.formula().toString(), u"H2O"_s);
+    EXPECT_EQ(modification.possibleChainLocations(), Places({{1, 2}}));
+}
+
+TEST(StructuredMolecule, ModificationsCompareEntitiesAndPlacesInOrder)
+{
+    EXPECT_TRUE(Modification(1.0, {{0, 1}, {0, 2}}) == Modification(1, {{0, 1}, {0, 2}}));
+    EXPECT_FALSE(Modification(1.0, {{0, 1}, {0, 2}}) == Modification(1, {{0, 2}, {0, 1}}));
+    EXPECT_FALSE(Modification(1.0, {{0, 1}}) == Modification(1, {}));
+    EXPECT_FALSE(Modification(1.0, {}) == Modification(2.0, {}));
+}
+
+Modification group(double average, double mono, const QString& symbol, const Places& places)
+{
+    return Modification(Molecule(formulaWith({{symbol, 1}}), average, mono), places);
+}
+
+TEST(StructuredMolecule, ModificationsSortByMassesThenFormulaThenPlaces)
+{
+    const QList<Modification> ascending = {
+        group(1.0, 9.0, u"Z"_s, {{9, 9}}), group(2.0, 1.0, u"Z"_s, {{9, 9}}),
+        group(2.0, 2.0, u"A"_s, {{9, 9}}), group(2.0, 2.0, u"B"_s, {}),
+        group(2.0, 2.0, u"B"_s, {{0, 1}}), group(2.0, 2.0, u"B"_s, {{0, 1}, {0, 2}}),
+        group(2.0, 2.0, u"B"_s, {{0, 2}}), group(2.0, 2.0, u"B"_s, {{1, 0}}),
+        group(2.0, 2.0, u"a"_s, {})};
+    for (qsizetype i = 0; i < ascending.size(); ++i) {
+        for (qsizetype j = 0; j < ascending.size(); ++j)
+            EXPECT_EQ(ascending[i] < ascending[j], i < j) << i << ' ' << j;
+    }
+}
+
+TEST(StructuredMolecule, NearlyEqualMassesSortByFormula)
+{
+    const Modification heavier = group(2.0 + 1e-12, 2.0, u"A"_s, {});
+    const Modification lighter = group(2.0, 2.0 + 1e-12, u"B"_s, {});
+    EXPECT_TRUE(heavier < lighter);
+    EXPECT_FALSE(lighter < heavier);
+}
+
+// Sequence text.
+
+QString textOf(const QList<Chain>& chains, const QList<Link>& links = {},
+               const QList<Modification>& modifications = {})
+{
+    StructuredMolecule molecule;
+    molecule.chains = chains;
+    molecule.links = links;
+    molecule.modifications = modifications;
+    return MoleculeEntity(molecule).sequence();
+}
+
+MoleculeEntity modified(const QString& code, int modifications)
+{
+    StructuredMolecule molecule;
+    molecule.code = code;
+    molecule.modifications = QList<Modification>(modifications, Modification(residue(u"P"_s), {}));
+    return molecule;
+}
+
+TEST(StructuredMolecule, SequenceTextShowsCodesLinksAndModifications)
+{
+    const Chain ac = chain({residue(u"A"_s), residue(u"C"_s)});
+    const Chain d = chain({residue(u"D"_s)});
+    EXPECT_EQ(textOf({ac, d}, {Link(1, {{0, 0}, {1, 0}})}, {Modification(5, {})}),
+              u"A[*1]C/D[*1][]"_s);
+    EXPECT_EQ(textOf({}), QString());
+    EXPECT_EQ(textOf({}, {}, {Modification(), Modification()}), u"[][]"_s);
+    EXPECT_EQ(textOf({ac, chain({})}), u"AC/"_s);
+    EXPECT_EQ(textOf({chain({}), ac}), u"/AC"_s);
+    EXPECT_EQ(textOf({chain({residue(u""_s), residue(u"AB"_s)})}), u"AB"_s);
+    EXPECT_EQ(textOf({chain({modified(u"K"_s, 2), residue(u"R"_s)})}, {Link(1, {{0, 0}, {0, 1}})}),
+              u"K[][][*1]R[*1]"_s);
+}
+
+TEST(StructuredMolecule, SequenceTextNumbersLinksInTheirOrder)
+{
+    const Chain ac = chain({residue(u"A"_s), residue(u"C"_s)});
+    const QList<Link> links = {Link(1, {{0, 0}, {0, 1}}), Link(1, {{0, 1}, {0, 0}}),
+                               Link(1, {{0, 0}, {5, 5}})};
+    EXPECT_EQ(textOf({ac}, links), u"A[*1][*2][*3]C[*1][*2]"_s);
+    EXPECT_EQ(textOf({ac}, {Link(1, {{0, 1}, {0, 1}})}), u"AC[*1][*1]"_s);
+    EXPECT_EQ(textOf({ac}, {Link(1, {{-1, 0}, {7, 7}})}), u"AC"_s);
+}
+
+} // namespace

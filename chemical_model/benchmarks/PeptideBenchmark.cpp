@@ -1,0 +1,232 @@
+// From peptide text to complexes, fragment ions and envelopes, each beside its floor: a plain loop
+// over doubles, or the bare generator of IsoSpec++ with the same threshold.
+
+#include "BenchmarkInputs.h"
+#include <ChemicalModel.h>
+
+#include <IsoSpec++/isoSpec++.h>
+#include <benchmark/benchmark.h>
+
+#include <IsoSpec++/element_tables.h>
+
+#include <array>
+#include <vector>
+
+namespace {
+
+constexpr int peptideCount = 2000;
+
+const QStringList& peptides()
+{
+    static const QStringList texts = randomPeptides(peptideCount, 7, 30);
+    return texts;
+}
+
+struct Masses
+{
+    double average = 0.0;
+    double mono = 0.0;
+};
+
+/// The masses of the residues by letter, for the floors.
+const std::array<Masses, 128>& residueMasses()
+{
+    static const std::array<Masses, 128> masses = [] {
+        std::array<Masses, 128> table;
+        const auto factory = chem::defaultChemicalFactory();
+        for (char16_t letter = u'A'; letter <= u'Z'; ++letter) {
+            const auto complex = factory->constructLinearPeptideComplex(QString(QChar(letter)));
+            table[letter] = {complex->residues[1]->averageMass(), complex->residues[1]->monoMass()};
+        }
+        return table;
+    }();
+    return masses;
+}
+
+void floorSumOfResidues(benchmark::State& state)
+{
+    const auto& masses = residueMasses();
+    for (auto _ : state) {
+        for (const QString& peptide : peptides()) {
+            Masses total = {18.01, 18.01};
+            for (const QChar letter : peptide) {
+                total.average += masses[letter.unicode()].average;
+                total.mono += masses[letter.unicode()].mono;
+            }
+            benchmark::DoNotOptimize(total);
+        }
+    }
+    state.SetItemsProcessed(state.iterations() * peptideCount);
+}
+BENCHMARK(floorSumOfResidues);
+
+void complexes(benchmark::State& state)
+{
+    const auto factory = chem::defaultChemicalFactory();
+    for (auto _ : state) {
+        for (const QString& peptide : peptides())
+            benchmark::DoNotOptimize(factory->constructLinearPeptideComplex(peptide)->monoMass());
+    }
+    state.SetItemsProcessed(state.iterations() * peptideCount);
+}
+BENCHMARK(complexes)->Threads(1)->Threads(2)->UseRealTime();
+
+void structuredMolecules(benchmark::State& state)
+{
+    const auto factory = chem::defaultChemicalFactory();
+    for (auto _ : state) {
+        for (const QString& peptide : peptides()) {
+            const chem::Chain chain =
+                chem::constructPeptideChain(QString(), QString(), peptide, factory.data());
+            benchmark::DoNotOptimize(chem::constructStructuredMolecule(QString(), QString(),
+                                                                       {chain}, {}, {},
+                                                                       chem::MoleculeType::Peptide)
+                                         .monoMass());
+        }
+    }
+    state.SetItemsProcessed(state.iterations() * peptideCount);
+}
+BENCHMARK(structuredMolecules);
+
+void floorFragmentMasses(benchmark::State& state)
+{
+    const auto& masses = residueMasses();
+    constexpr std::array<double, 10> deltas = {-1, 1, -29, -28, 16, 17, 27, 28, -16, -15};
+    std::vector<Masses> ions;
+    for (auto _ : state) {
+        for (const QString& peptide : peptides()) {
+            ions.clear();
+            Masses left;
+            Masses right;
+            const qsizetype length = peptide.size();
+            for (qsizetype i = 0; i < length; ++i) {
+                left.average += masses[peptide[i].unicode()].average;
+                left.mono += masses[peptide[i].unicode()].mono;
+                right.average += masses[peptide[length - 1 - i].unicode()].average;
+                right.mono += masses[peptide[length - 1 - i].unicode()].mono;
+                for (std::size_t ion = 0; ion < 5; ++ion)
+                    ions.push_back({left.average + deltas[ion], left.mono + deltas[ion]});
+                for (std::size_t ion = 5; ion < 10; ++ion)
+                    ions.push_back({right.average + deltas[ion], right.mono + deltas[ion]});
+            }
+            benchmark::DoNotOptimize(ions.data());
+        }
+    }
+    state.SetItemsProcessed(state.iterations() * peptideCount);
+}
+BENCHMARK(floorFragmentMasses);
+
+QList<QSharedPointer<chem::MoleculeComplex>> preparedComplexes()
+{
+    QList<QSharedPointer<chem::MoleculeComplex>> prepared;
+    for (const QString& peptide : peptides())
+        prepared.append(chem::defaultChemicalFactory()->constructLinearPeptideComplex(peptide));
+    return prepared;
+}
+
+void flatFragments(benchmark::State& state)
+{
+    const auto prepared = preparedComplexes();
+    for (auto _ : state) {
+        for (const auto& complex : prepared) {
+            QList<chem::SimpleFragment> fragments;
+            chem::generateLinearFragments(*complex, fragments);
+            benchmark::DoNotOptimize(fragments.constData());
+        }
+    }
+    state.SetItemsProcessed(state.iterations() * peptideCount);
+}
+BENCHMARK(flatFragments)->Threads(1)->Threads(2)->UseRealTime();
+
+void richFragments(benchmark::State& state)
+{
+    const auto prepared = preparedComplexes();
+    const auto factory = chem::defaultChemicalFactory();
+    for (auto _ : state) {
+        for (qsizetype i = 0; i < 200; ++i) {
+            QList<QSharedPointer<chem::Fragment>> fragments;
+            factory->generateLinearFragments(*prepared[i], &fragments);
+            benchmark::DoNotOptimize(fragments.constData());
+        }
+    }
+    state.SetItemsProcessed(state.iterations() * 200);
+}
+BENCHMARK(richFragments);
+
+/// A molecule as arrays for the bare generator.
+struct IsoArrays
+{
+    QList<int> isotopeNumbers;
+    QList<int> counts;
+    QList<double> masses;
+    QList<double> abundances;
+};
+
+IsoArrays arraysOf(const chem::ChemicalFormula& formula)
+{
+    IsoArrays arrays;
+    const auto& counts = formula.elementCountMap();
+    for (auto entry = counts.cbegin(); entry != counts.cend(); ++entry) {
+        int isotopes = 0;
+        for (std::size_t i = 0; i < ISOSPEC_NUMBER_OF_ISOTOPIC_ENTRIES; ++i) {
+            if (entry.key().toLatin1() != IsoSpec::elem_table_symbol[i])
+                continue;
+            arrays.masses.append(IsoSpec::elem_table_mass[i]);
+            arrays.abundances.append(IsoSpec::elem_table_probability[i]);
+            ++isotopes;
+        }
+        arrays.isotopeNumbers.append(isotopes);
+        arrays.counts.append(static_cast<int>(entry.value()));
+    }
+    return arrays;
+}
+
+/// Peptides of 10 to 50 residues, or one protein of so many residues.
+QList<chem::Molecule> moleculesOf(std::int64_t residues)
+{
+    QList<chem::Molecule> molecules;
+    const QStringList texts =
+        residues == 0 ? randomPeptides(200, 10, 50)
+                      : randomPeptides(1, static_cast<int>(residues), static_cast<int>(residues));
+    for (const QString& text : texts)
+        molecules.append(*chem::defaultChemicalFactory()->constructLinearPeptideComplex(text));
+    return molecules;
+}
+
+void floorBareGenerator(benchmark::State& state)
+{
+    QList<IsoArrays> prepared;
+    for (const chem::Molecule& molecule : moleculesOf(state.range(0)))
+        prepared.append(arraysOf(molecule.formula()));
+    for (auto _ : state) {
+        for (const IsoArrays& arrays : std::as_const(prepared)) {
+            IsoSpec::Iso iso(static_cast<int>(arrays.counts.size()),
+                             arrays.isotopeNumbers.constData(), arrays.counts.constData(),
+                             arrays.masses.constData(), arrays.abundances.constData());
+            IsoSpec::IsoThresholdGenerator generator(std::move(iso), 1e-7, true, 1000, 1000, true);
+            double sum = 0.0;
+            while (generator.advanceToNextConfiguration())
+                sum += generator.mass() * generator.prob();
+            benchmark::DoNotOptimize(sum);
+        }
+    }
+    state.SetItemsProcessed(state.iterations() * prepared.size());
+}
+BENCHMARK(floorBareGenerator)->Arg(0)->Arg(225)->Arg(1350)->Unit(benchmark::kMicrosecond);
+
+void envelopes(benchmark::State& state)
+{
+    const QList<chem::Molecule> molecules = moleculesOf(state.range(0));
+    const auto factory = chem::defaultChemicalFactory();
+    for (auto _ : state) {
+        for (const chem::Molecule& molecule : molecules) {
+            QList<QPointF> envelope;
+            factory->generateIsotopeEnvelope(molecule, 1, &envelope, false);
+            benchmark::DoNotOptimize(envelope.constData());
+        }
+    }
+    state.SetItemsProcessed(state.iterations() * molecules.size());
+}
+BENCHMARK(envelopes)->Arg(0)->Arg(225)->Arg(1350)->Unit(benchmark::kMicrosecond);
+
+} // namespace
