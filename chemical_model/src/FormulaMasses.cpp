@@ -10,6 +10,9 @@ namespace chem {
 
 namespace {
 
+/// Isotopes of an element of biomolecules, at most.
+constexpr qsizetype usualIsotopes = 4;
+
 /// Masses that add up element by element, and whether any element was known.
 struct MassSum
 {
@@ -126,18 +129,18 @@ ChemicalFactory::IsoData ChemicalFactory::makeIsoWithDictionary(const QList<QStr
     QList<double> isotopeProbabilities;
     isotopeNumbers.reserve(elements.size());
     atomCounts.reserve(elements.size());
-    isotopeMasses.reserve(elements.size());
-    isotopeProbabilities.reserve(elements.size());
+    isotopeMasses.reserve(elements.size() * usualIsotopes);
+    isotopeProbabilities.reserve(elements.size() * usualIsotopes);
 
     for (qsizetype i = 0; i < elements.size(); ++i) {
-        const QList<qsizetype> positions = isotopesBySymbol.value(elements[i]);
-        if (positions.isEmpty())
+        const auto positions = isotopesBySymbol.constFind(elements[i]);
+        if (positions == isotopesBySymbol.cend())
             continue;
-        for (const qsizetype position : positions) {
+        for (const qsizetype position : *positions) {
             isotopeMasses.append(isotopes[position].mass);
             isotopeProbabilities.append(isotopes[position].abundance);
         }
-        isotopeNumbers.append(static_cast<int>(positions.size()));
+        isotopeNumbers.append(static_cast<int>(positions->size()));
         atomCounts.append(std::max(counts.value(i), 0)); // IsoSpec++ reads astray below zero
     }
 

@@ -17,6 +17,7 @@ const QLoggingCategory* const genericCategory = createLoggingCategory("zel.gener
 /// Configurations below this probability are left out.
 constexpr double probabilityThreshold = 1e-7;
 constexpr qsizetype expectedPoints = 100;
+constexpr qsizetype expectedElements = 16;
 constexpr int marginalTableSize = 1000;
 constexpr int marginalHashSize = 1000;
 
@@ -27,24 +28,35 @@ int magnitude(int charge)
 }
 
 /// Sums the configurations into one point for each nominal mass: `x` as probability times mass, `y`
-/// as probability.
-void collectConfigurations(IsoSpec::IsoThresholdGenerator& generator, double lightestMass,
-                           QList<QPointF>* envelope)
+/// as probability. Returns the mass of the lightest peak.
+///
+/// The generator is a local object, so that its accessors are inlined: a virtual call for each of
+/// the many configurations would cost as much as the enumeration itself.
+double collectConfigurations(IsoSpec::Iso&& iso, QList<QPointF>* envelope)
 {
+    IsoSpec::IsoThresholdGenerator generator(std::move(iso), probabilityThreshold, true,
+                                             marginalTableSize, marginalHashSize, true);
+    const double lightestMass = generator.getLightestPeakMass();
     const double offset = lightestMass - truncateToInt(lightestMass + 0.5);
     const qint64 base = truncateToInt(lightestMass - offset + 0.5);
+    envelope->reserve(expectedPoints);
+    QPointF* points = envelope->data();
+    qint64 size = 0;
     while (generator.advanceToNextConfiguration()) {
         const double mass = generator.mass();
         const double probability = generator.prob();
         const qint64 bin = truncateToInt(mass - offset + 0.5) - base;
-        if (bin >= envelope->size())
-            envelope->resize(bin + 1);
+        if (bin >= size) {
+            size = bin + 1;
+            envelope->resize(size);
+            points = envelope->data();
+        }
         if (bin >= 0) {
-            QPointF& point = envelope->data()[bin];
-            point.rx() += probability * mass;
-            point.ry() += probability;
+            points[bin].rx() += probability * mass;
+            points[bin].ry() += probability;
         }
     }
+    return lightestMass;
 }
 
 /// Turns the sums into m/z. The first point stands for the lightest peak itself.
@@ -80,16 +92,14 @@ Molecule ChemicalFactory::generateIsotopeEnvelope(const Molecule& molecule, int 
 
     QList<QString> elements;
     QList<int> counts;
+    elements.reserve(expectedElements);
+    counts.reserve(expectedElements);
     result.formula().positiveElementCounts(&elements, &counts);
     if (!hasValidElements(elements)) // nothing to enumerate, which IsoSpec++ cannot do
         return result;
 
     IsoData data = makeIsoWithDictionary(elements, counts);
-    IsoSpec::IsoThresholdGenerator generator(std::move(data.iso), probabilityThreshold, true,
-                                             marginalTableSize, marginalHashSize, true);
-    envelope->reserve(expectedPoints);
-    const double lightestMass = generator.getLightestPeakMass();
-    collectConfigurations(generator, lightestMass, envelope);
+    const double lightestMass = collectConfigurations(std::move(data.iso), envelope);
     convertToMassPerCharge(envelope, lightestMass, std::max(magnitude(charge), 1),
                            electron.monoMass());
     return result;
