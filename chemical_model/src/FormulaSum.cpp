@@ -1,17 +1,32 @@
 #include "FormulaSum.h"
 
+#include <algorithm>
+
 namespace chem {
+
+namespace {
+
+/// Symbols have a letter or two: comparing them here is cheaper than a call into the text library.
+bool isSameSymbol(const QString& a, const QString& b)
+{
+    return std::ranges::equal(a, b);
+}
+
+} // namespace
 
 void FormulaSum::add(const ChemicalFormula& formula)
 {
     const QMap<QString, double>& addends = formula.elementCountMap();
     auto entry = m_entries.begin();
     for (auto addend = addends.cbegin(); addend != addends.cend(); ++addend) {
-        while (entry != m_entries.end() && entry->symbol < addend.key())
+        const QString& symbol = addend.key();
+        while (entry != m_entries.end() && !isSameSymbol(entry->symbol, symbol) &&
+               entry->symbol < symbol)
             ++entry;
-        if (entry == m_entries.end() || entry->symbol != addend.key())
-            entry = m_entries.insert(entry, {addend.key(), 0.0});
+        if (entry == m_entries.end() || !isSameSymbol(entry->symbol, symbol))
+            entry = m_entries.insert(entry, {symbol, 0.0});
         entry->count += addend.value();
+        ++entry;
     }
 }
 
