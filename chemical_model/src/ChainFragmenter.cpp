@@ -127,7 +127,7 @@ ChainFragmenter::~ChainFragmenter() = default;
 
 MoleculeEntity ChainFragmenter::transform(MoleculeEntity molecule) const
 {
-    StructuredMolecule result = structuredCopy(molecule);
+    StructuredMolecule result = copyWithoutTotals(molecule);
     Totals totals;
     QList<Chain> pieces;
     pieces.reserve(m_fragmentDefs.size());

@@ -75,17 +75,25 @@ MoleculeEntity TransformationEntity::original()
 
 StructuredMolecule structuredCopy(const MoleculeEntity& molecule)
 {
-    return {.formula = molecule.formula(),
-            .type = molecule.type(),
-            .monoMass = molecule.monoMass(),
-            .averageMass = molecule.averageMass(),
-            .chains = molecule.chains(),
-            .links = molecule.links(),
-            .modifications = molecule.modifications(),
-            .name = molecule.name(),
-            .code = molecule.code(),
-            .description = molecule.description(),
-            .transformations = molecule.transformations()};
+    StructuredMolecule copy = copyWithoutTotals(molecule);
+    copy.formula = molecule.formula();
+    copy.monoMass = molecule.monoMass();
+    copy.averageMass = molecule.averageMass();
+    return copy;
+}
+
+StructuredMolecule copyWithoutTotals(const MoleculeEntity& molecule)
+{
+    StructuredMolecule copy;
+    copy.type = molecule.type();
+    copy.chains = molecule.chains();
+    copy.links = molecule.links();
+    copy.modifications = molecule.modifications();
+    copy.name = molecule.name();
+    copy.code = molecule.code();
+    copy.description = molecule.description();
+    copy.transformations = molecule.transformations();
+    return copy;
 }
 
 } // namespace chem
