@@ -51,79 +51,87 @@ namespace {
 
 using Ranges = QList<ParentChainLocus>;
 
+/// A residue rule, ready to cut. Its expression is compiled when the first chain needs it, once for
+/// all chains.
+struct CutRule
+{
+    QRegularExpression expression;
+    bool cutsBehind; ///< The cut lies behind a match, and `after` must stand there; else before it.
+    QString after;
+};
+
+QList<CutRule> cutRules(const ClipOptions& options)
+{
+    QList<CutRule> rules;
+    const QList<ClipOptions::ResidueBeforeAfter> texts = options.residueBeforeAfterVector();
+    for (const auto& [before, after] : texts) {
+        if (!before.isEmpty())
+            rules.append({QRegularExpression(before), true, after});
+        else if (!after.isEmpty())
+            rules.append({QRegularExpression(after), false, QString()});
+    }
+    return rules;
+}
+
 /// The ranges of one chain. A chain has its terminals at both ends, so its real residues lie at
 /// positions 1 to size - 2.
 class ChainRanges
 {
 public:
-    ChainRanges(const Chain& chain, int chainIndex, Ranges* ranges)
+    ChainRanges(const Chain& chain, int chainIndex)
         : m_chain(chain)
         , m_chainIndex(chainIndex)
         , m_size(static_cast<int>(chain.residues().size()))
-        , m_ranges(ranges)
     {
     }
 
-    void addClips(const ClipOptions& options)
-    {
-        switch (options.clipType()) {
-        case ClipOptions::ClipAll:
-            return addSingleClips(deepestTrim(), deepestTrim());
-        case ClipOptions::ClipByDepth:
-            return addSingleClips(options.depthFromStartSingle(), options.depthFromEndSingle());
-        default:
-            return addResidueClips(options.residueBeforeAfterVector());
-        }
-    }
-
-    /// Trims both ends. At least one residue stays.
-    void addDoubleClips(int startDepth, int endDepth)
-    {
-        const int fromStart = std::min(startDepth, deepestTrim());
-        const int fromEnd = std::min(endDepth, deepestTrim());
-        reserve(qsizetype(std::max(fromStart, 0)) * std::max(fromEnd, 0));
-        for (int a = 1; a <= fromStart; ++a) {
-            for (int b = 1; b <= std::min(fromEnd, deepestTrim() - a); ++b)
-                add(a + 1, m_size - 1 - b);
-        }
-    }
-
-private:
     /// The deepest trim that leaves one residue; below zero for a chain of terminals alone.
     int deepestTrim() const { return m_size - 3; }
 
-    void reserve(qsizetype count) { m_ranges->reserve(m_ranges->size() + count); }
-
-    void add(int start, int end) { m_ranges->append({QString(), m_chainIndex, start, end}); }
-
     /// The whole chain, then the trims of its start, then those of its end.
-    void addSingleClips(int startDepth, int endDepth)
+    Ranges singleClips(int startDepth, int endDepth) const
     {
         const int fromStart = std::min(startDepth, deepestTrim());
         const int fromEnd = std::min(endDepth, deepestTrim());
-        reserve(qsizetype(std::max(fromStart, 0)) + 1 + std::max(fromEnd, 0));
-        add(1, m_size - 1);
+        Ranges ranges;
+        ranges.reserve(qsizetype(std::max(fromStart, 0)) + 1 + std::max(fromEnd, 0));
+        ranges.append(range(1, m_size - 1));
         for (int depth = 1; depth <= fromStart; ++depth)
-            add(depth + 1, m_size - 1);
+            ranges.append(range(depth + 1, m_size - 1));
         for (int depth = 1; depth <= fromEnd; ++depth)
-            add(1, m_size - 1 - depth);
+            ranges.append(range(1, m_size - 1 - depth));
+        return ranges;
+    }
+
+    /// The trims of both ends. At least one residue stays.
+    Ranges doubleClips(int startDepth, int endDepth) const
+    {
+        const int fromStart = std::min(startDepth, deepestTrim());
+        const int fromEnd = std::min(endDepth, deepestTrim());
+        Ranges ranges;
+        ranges.reserve(qsizetype(std::max(fromStart, 0)) * std::max(fromEnd, 0));
+        for (int a = 1; a <= fromStart; ++a) {
+            for (int b = 1; b <= std::min(fromEnd, deepestTrim() - a); ++b)
+                ranges.append(range(a + 1, m_size - 1 - b));
+        }
+        return ranges;
     }
 
     /// The chain with its first terminal, which digests have always listed so, then both sides of
     /// each cut.
-    void addResidueClips(const QList<ClipOptions::ResidueBeforeAfter>& rules)
+    Ranges residueClips(const QList<CutRule>& rules) const
     {
-        add(0, m_size - 1);
+        Ranges ranges = {range(0, m_size - 1)};
         const std::optional<QString> letters = residueLetters();
         if (!letters)
-            return;
-        for (const ClipOptions::ResidueBeforeAfter& rule : rules) {
-            if (!rule.before.isEmpty())
-                addCutsBehind(rule, *letters);
-            else if (!rule.after.isEmpty())
-                addCutsBefore(rule.after, *letters);
-        }
+            return ranges;
+        for (const CutRule& rule : rules)
+            addCuts(rule, *letters, &ranges);
+        return ranges;
     }
+
+private:
+    ParentChainLocus range(int start, int end) const { return {{}, m_chainIndex, start, end}; }
 
     /// The one-letter codes of the real residues; nothing if one of them is not one letter.
     std::optional<QString> residueLetters() const
@@ -138,59 +146,68 @@ private:
         return letters;
     }
 
-    /// Calls `visit` with each match of `pattern`. An invalid pattern has none.
-    template <typename Visit>
-    static void forEachMatch(const QString& pattern, const QString& letters, Visit visit)
+    void addCuts(const CutRule& rule, const QString& letters, Ranges* ranges) const
     {
-        const QRegularExpression expression(pattern);
-        if (!expression.isValid())
+        if (!rule.expression.isValid()) // matching with it would write a warning
             return;
-        QRegularExpressionMatchIterator matches = expression.globalMatch(letters);
-        while (matches.hasNext())
-            visit(matches.next());
+        QRegularExpressionMatchIterator matches = rule.expression.globalMatch(letters);
+        while (matches.hasNext()) {
+            const QRegularExpressionMatch match = matches.next();
+            if (rule.cutsBehind)
+                addCutBehind(match, rule.after, letters, ranges);
+            else
+                addCutBefore(match, ranges);
+        }
     }
 
-    void addCutsBefore(const QString& after, const QString& letters)
+    void addCutBefore(const QRegularExpressionMatch& match, Ranges* ranges) const
     {
-        forEachMatch(after, letters, [this](const QRegularExpressionMatch& match) {
-            const int cut = static_cast<int>(match.capturedStart(0));
-            if (cut != 0)
-                add(1, cut + 1);
-            add(cut + 1, m_size - 1);
-        });
+        const int cut = static_cast<int>(match.capturedStart(0));
+        if (cut != 0)
+            ranges->append(range(1, cut + 1));
+        ranges->append(range(cut + 1, m_size - 1));
     }
 
-    void addCutsBehind(const ClipOptions::ResidueBeforeAfter& rule, const QString& letters)
+    void addCutBehind(const QRegularExpressionMatch& match, const QString& after,
+                      const QString& letters, Ranges* ranges) const
     {
-        forEachMatch(rule.before, letters, [&](const QRegularExpressionMatch& match) {
-            const int cut = static_cast<int>(match.capturedEnd(0));
-            if (!QStringView(letters).sliced(cut).startsWith(rule.after))
-                return;
-            add(1, cut + 1);
-            if (cut != letters.size())
-                add(cut + 1, m_size - 1);
-        });
+        const int cut = static_cast<int>(match.capturedEnd(0));
+        if (!QStringView(letters).sliced(cut).startsWith(after))
+            return;
+        ranges->append(range(1, cut + 1));
+        if (cut != letters.size())
+            ranges->append(range(cut + 1, m_size - 1));
     }
 
     const Chain& m_chain;
     int m_chainIndex;
     int m_size;
-    Ranges* m_ranges;
 };
+
+Ranges chainClips(const ChainRanges& chain, const ClipOptions& options, const QList<CutRule>& rules)
+{
+    switch (options.clipType()) {
+    case ClipOptions::ClipAll:
+        return chain.singleClips(chain.deepestTrim(), chain.deepestTrim());
+    case ClipOptions::ClipByDepth:
+        return chain.singleClips(options.depthFromStartSingle(), options.depthFromEndSingle());
+    default:
+        return chain.residueClips(rules);
+    }
+}
 
 Ranges clipRanges(const QList<Chain>& chains, const ClipOptions& options)
 {
+    const QList<CutRule> rules = cutRules(options);
     Ranges ranges;
-    int index = 0;
-    for (const Chain& chain : chains)
-        ChainRanges(chain, index++, &ranges).addClips(options);
+    for (int i = 0; i < chains.size(); ++i)
+        ranges += chainClips(ChainRanges(chains[i], i), options, rules);
     if (options.clipType() != ClipOptions::ClipByDepth)
         return ranges;
 
-    index = 0;
-    for (const Chain& chain : chains) {
-        ChainRanges(chain, index++, &ranges)
-            .addDoubleClips(options.depthFromStartDouble(), options.depthFromEndDouble());
+    for (int i = 0; i < chains.size(); ++i) {
+        ranges += ChainRanges(chains[i], i)
+                      .doubleClips(options.depthFromStartDouble(), options.depthFromEndDouble());
     }
     return ranges;
 }
