@@ -1,1 +1,556 @@
-// Tests follow with the sources that they test.
+#include "SmallMolecules.h"
+
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <limits>
+#include <type_traits>
+
+using namespace Qt::StringLiterals;
+using namespace smallMolecules;
+using chem::ChainFragmentDef;
+using chem::ChainFragmenter;
+using chem::Link;
+using chem::Modification;
+
+namespace {
+
+static_assert(std::is_base_of_v<chem::Transformation, ChainFragmenter>);
+static_assert(std::is_copy_constructible_v<ChainFragmenter>);
+static_assert(std::is_move_constructible_v<ChainFragmenter>);
+static_assert(!std::is_copy_assignable_v<ChainFragmenter>);
+static_assert(!std::is_move_assignable_v<ChainFragmenter>);
+static_assert(std::is_aggregate_v<ChainFragmentDef>);
+static_assert(std::is_copy_assignable_v<ChainFragmentDef>);
+static_assert(std::is_move_assignable_v<ChainFragmentDef>);
+
+constexpr int lowest = std::numeric_limits<int>::min();
+constexpr int highest = std::numeric_limits<int>::max();
+
+ChainFragmentDef blankEnds(int chain, int start, int end, const QString& label = QString())
+{
+    return {0, {label, chain, start, end}, 0};
+}
+
+chem::MoleculeEntity cut(const chem::MoleculeEntity& molecule,
+                         const QList<ChainFragmentDef>& definitions)
+{
+    return ChainFragmenter(definitions).transform(molecule);
+}
+
+/// The codes of a chain's residues; the terminals have none and show as "-".
+QString letters(const chem::Chain& chain)
+{
+    QString text;
+    for (const chem::MoleculeEntity& residue : chain.residues())
+        text += residue.code().isEmpty() ? u"-"_s : residue.code();
+    return text;
+}
+
+QStringList connections(const chem::MoleculeEntity& molecule)
+{
+    QStringList texts;
+    const QList<Link> links = molecule.links();
+    for (const Link& link : links)
+        texts.append(describe(link.connection().first) + describe(link.connection().second));
+    return texts;
+}
+
+double mass(QChar letter)
+{
+    return aminoAcid(letter).averageMass();
+}
+
+TEST(ChainFragmenter, WithoutDefinitionsLeavesTheModificationsAlone)
+{
+    const chem::MoleculeEntity molecule =
+        moleculeOf({letterChain(u"AKC"_s)}, {Modification(group(u"CH2"_s, 14.0), {})},
+                   {Link(2.0, {{0, 1}, {0, 2}})});
+    const chem::MoleculeEntity result = cut(molecule, {});
+    EXPECT_EQ(result.name(), u"fragment"_s);
+    EXPECT_TRUE(result.chains().isEmpty());
+    EXPECT_TRUE(result.links().isEmpty());
+    EXPECT_EQ(result.averageMass(), 14.0);
+    EXPECT_EQ(result.monoMass(), 7.0);
+    EXPECT_EQ(result.formula().toString(), u"C1H2"_s);
+}
+
+TEST(ChainFragmenter, BlankTerminalsGiveTheResiduesOfTheRangeAlone)
+{
+    const chem::MoleculeEntity result = cut(proteinOf(u"AKCD"_s), {blankEnds(0, 2, 4)});
+    ASSERT_EQ(result.chains().size(), 1);
+    EXPECT_EQ(letters(result.chains().first()), u"KC"_s);
+    EXPECT_EQ(result.averageMass(), mass(u'K') + mass(u'C'));
+    EXPECT_EQ(result.monoMass(), (mass(u'K') + mass(u'C')) / 2);
+    EXPECT_EQ(result.formula().toString(), u"C4H6N2O2"_s);
+}
+
+TEST(ChainFragmenter, BlankTerminalsMayBeAnyEntityWithoutMass)
+{
+    for (const chem::MoleculeEntity& blank :
+         {chem::MoleculeEntity(nullptr), chem::MoleculeEntity(0), chem::MoleculeEntity(0.0),
+          chem::MoleculeEntity(-0.0), chem::MoleculeEntity(Modification(5.0, {}))}) {
+        const chem::MoleculeEntity result =
+            cut(proteinOf(u"AKCD"_s), {{blank, {{}, 0, 2, 4}, blank}});
+        EXPECT_EQ(result.chains().first().residues().size(), 2);
+        EXPECT_EQ(result.averageMass(), mass(u'K') + mass(u'C'));
+    }
+}
+
+TEST(ChainFragmenter, PlacesAStartTerminalInFrontAndCountsIt)
+{
+    const ChainFragmentDef definition = {group(u"H2O"_s, 18.0), {{}, 0, 2, 4}, 0};
+    const chem::MoleculeEntity result = cut(proteinOf(u"AKCD"_s), {definition});
+    EXPECT_EQ(letters(result.chains().first()), u"-KC"_s);
+    EXPECT_EQ(residueAt(result, 0, 0).averageMass(), 18.0);
+    EXPECT_EQ(result.averageMass(), 18.0 + mass(u'K') + mass(u'C'));
+    EXPECT_EQ(result.monoMass(), 9.0 + (mass(u'K') + mass(u'C')) / 2);
+    EXPECT_EQ(result.formula().toString(), u"C4H8N2O3"_s);
+}
+
+TEST(ChainFragmenter, PlacesAnEndTerminalBehindAndCountsIt)
+{
+    const ChainFragmentDef definition = {0, {{}, 0, 2, 4}, group(u"H2O"_s, 18.0)};
+    const chem::MoleculeEntity result = cut(proteinOf(u"AKCD"_s), {definition});
+    EXPECT_EQ(letters(result.chains().first()), u"KC-"_s);
+    EXPECT_EQ(residueAt(result, 0, 2).averageMass(), 18.0);
+    EXPECT_EQ(result.averageMass(), 18.0 + mass(u'K') + mass(u'C'));
+}
+
+TEST(ChainFragmenter, CountsATerminalThatIsNotPlaced)
+{
+    // No average mass, and yet a monoisotopic mass and entries of zero: these count.
+    const chem::Molecule odd(formula(u"X0"_s), 0.0, 3.0);
+    const chem::MoleculeEntity result = cut(proteinOf(u"AKCD"_s), {{odd, {{}, 0, 2, 4}, odd}});
+    EXPECT_EQ(letters(result.chains().first()), u"KC"_s);
+    EXPECT_EQ(result.monoMass(), 6.0 + (mass(u'K') + mass(u'C')) / 2);
+    EXPECT_TRUE(result.formula().elementCountMap().contains(u"X"_s));
+}
+
+TEST(ChainFragmenter, PlacesATerminalWhoseMassFollowsFromItsFormula)
+{
+    const chem::Molecule water(formula(u"H2O"_s), 0.0, 0.0);
+    const chem::MoleculeEntity result = cut(proteinOf(u"AK"_s), {{water, {{}, 0, 1, 1}, 0}});
+    EXPECT_EQ(result.chains().first().residues().size(), 1);
+    EXPECT_EQ(result.averageMass(),
+              chem::defaultChemicalFactory()->constructMolecule(u"H2O"_s).averageMass());
+}
+
+TEST(ChainFragmenter, PlacesATerminalWhoseMassIsNotANumber)
+{
+    const double nan = std::numeric_limits<double>::quiet_NaN();
+    const chem::MoleculeEntity result = cut(proteinOf(u"AK"_s), {{nan, {{}, 0, 1, 3}, nan}});
+    EXPECT_EQ(letters(result.chains().first()), u"-AK-"_s);
+    EXPECT_TRUE(std::isnan(result.averageMass()));
+}
+
+TEST(ChainFragmenter, PlacesATerminalOfNegativeMass)
+{
+    const chem::MoleculeEntity result = cut(proteinOf(u"AK"_s), {{-1.0, {{}, 0, 1, 3}, 0}});
+    EXPECT_EQ(letters(result.chains().first()), u"-AK"_s);
+    EXPECT_EQ(result.averageMass(), mass(u'A') + mass(u'K') - 1.0);
+}
+
+TEST(ChainFragmenter, RangeOverABuiltChainHasItsMasses)
+{
+    const auto factory = chem::defaultChemicalFactory();
+    const chem::Chain chain =
+        chem::constructPeptideChain(u"p"_s, {}, u"SAMPLEPEPTIDE"_s, factory.data());
+    const chem::MoleculeEntity molecule = moleculeOf({chain});
+    const chem::MoleculeEntity result =
+        cut(molecule, {blankEnds(0, 0, static_cast<int>(chain.residues().size()))});
+    EXPECT_EQ(result.averageMass(), molecule.averageMass());
+    EXPECT_EQ(result.monoMass(), molecule.monoMass());
+    EXPECT_EQ(result.formula().toString(), molecule.formula().toString());
+    EXPECT_EQ(result.chains().first().residues(), chain.residues());
+}
+
+TEST(ChainFragmenter, PieceTakesTheTextsOfItsParentAndTheLocus)
+{
+    const chem::Chain parent("parent"_L1, u"P"_s, letterChain(u"AKC"_s).residues(),
+                             chem::MoleculeType::Nucleotide, {u"old"_s, 7, 8, 9});
+    const chem::MoleculeEntity result =
+        cut(moleculeOf({letterChain(u"GG"_s), parent}), {blankEnds(1, 1, 3, u"label"_s)});
+    const QList<chem::Chain> chains = result.chains();
+    const chem::Chain& piece = chains.first();
+    EXPECT_EQ(piece.name(), u"parent"_s);
+    EXPECT_EQ(piece.code(), u"P"_s);
+    EXPECT_EQ(piece.type(), chem::MoleculeType::Nucleotide);
+    EXPECT_EQ(describe(piece.parentLocus()), u"label:1:1:3"_s);
+}
+
+TEST(ChainFragmenter, PiecesRunInTheOrderOfTheDefinitions)
+{
+    const chem::MoleculeEntity molecule =
+        moleculeOf({letterChain(u"AKC"_s, u"first"_s), letterChain(u"GP"_s, u"second"_s)});
+    const QList<chem::Chain> chains =
+        cut(molecule, {blankEnds(1, 1, 3), blankEnds(0, 2, 4), blankEnds(0, 1, 2)}).chains();
+    ASSERT_EQ(chains.size(), 3);
+    EXPECT_EQ(letters(chains[0]), u"GP"_s);
+    EXPECT_EQ(letters(chains[1]), u"KC"_s);
+    EXPECT_EQ(letters(chains[2]), u"A"_s);
+}
+
+TEST(ChainFragmenter, ChainThatNoDefinitionNamesIsGoneWithItsMass)
+{
+    const chem::MoleculeEntity molecule = moleculeOf({letterChain(u"AKC"_s), letterChain(u"GP"_s)});
+    EXPECT_EQ(cut(molecule, {blankEnds(1, 1, 3)}).averageMass(), mass(u'G') + mass(u'P'));
+}
+
+TEST(ChainFragmenter, OverlappingRangesCountTwice)
+{
+    const chem::MoleculeEntity result =
+        cut(proteinOf(u"AKC"_s), {blankEnds(0, 1, 3), blankEnds(0, 2, 4)});
+    EXPECT_EQ(letters(result.chains()[0]), u"AK"_s);
+    EXPECT_EQ(letters(result.chains()[1]), u"KC"_s);
+    EXPECT_EQ(result.averageMass(), mass(u'A') + 2 * mass(u'K') + mass(u'C'));
+}
+
+TEST(ChainFragmenter, KeepsCodeAndTypeAndReplacesTheName)
+{
+    const chem::MoleculeEntity result = cut(proteinOf(u"AKC"_s), {blankEnds(0, 1, 3)});
+    EXPECT_EQ(result.name(), u"fragment"_s);
+    EXPECT_EQ(result.code(), u"M"_s);
+    EXPECT_EQ(result.type(), chem::MoleculeType::Protein);
+    EXPECT_EQ(result.description(), QString());
+}
+
+TEST(ChainFragmenter, ResidueCarriesItsModificationAndHistoryAlong)
+{
+    const chem::MoleculeEntity modified =
+        chem::Modify(Modification(14.0, {{0, 2}})).transform(proteinOf(u"AKC"_s));
+    const chem::MoleculeEntity result = cut(modified, {blankEnds(0, 2, 4)});
+    EXPECT_EQ(describe(residueAt(result, 0, 0)), describe(residueAt(modified, 0, 2)));
+    EXPECT_EQ(residueAt(result, 0, 0).modifications().size(), 1);
+    EXPECT_EQ(result.averageMass(), mass(u'K') + 14.0 + mass(u'C'));
+}
+
+TEST(ChainFragmenter, KeepsTheMoleculesOwnModificationsWhateverTheRanges)
+{
+    const QList<Modification> modifications = {Modification(14.0, {{0, 1}, {0, 9}}),
+                                               Modification(3.0, {})};
+    const chem::MoleculeEntity result =
+        cut(moleculeOf({letterChain(u"AKC"_s)}, modifications), {blankEnds(0, 3, 4)});
+    EXPECT_EQ(result.modifications(), modifications);
+    EXPECT_EQ(result.averageMass(), mass(u'C') + 17.0);
+    EXPECT_EQ(result.monoMass(), mass(u'C') / 2 + 17.0);
+}
+
+TEST(ChainFragmenter, TotalsDoNotComeFromTheInputsTotals)
+{
+    chem::StructuredMolecule odd;
+    odd.averageMass = 1000.0;
+    odd.monoMass = 999.0;
+    odd.formula = formula(u"C9"_s);
+    odd.chains = {letterChain(u"AKC"_s)};
+    const chem::MoleculeEntity result = cut(odd, {blankEnds(0, 1, 2)});
+    EXPECT_EQ(result.averageMass(), mass(u'A'));
+    EXPECT_EQ(result.monoMass(), mass(u'A') / 2);
+    EXPECT_EQ(result.formula().toString(), u"C2H3NO"_s);
+}
+
+// Links. The numbers of the residues count one place for a start terminal in any case.
+
+TEST(ChainFragmenterLinks, InsideOnePieceStayInIt)
+{
+    const chem::MoleculeEntity molecule =
+        moleculeOf({letterChain(u"ACKC"_s)}, {}, {Link(-2.0, {{0, 2}, {0, 4}})});
+    const chem::MoleculeEntity result = cut(molecule, {blankEnds(0, 2, 5)});
+    EXPECT_EQ(connections(result), QStringList({u"(0,1)(0,3)"_s}));
+    EXPECT_EQ(result.averageMass(), 2 * mass(u'C') + mass(u'K') - 2.0);
+    EXPECT_EQ(result.links().first().entity().averageMass(), -2.0);
+}
+
+TEST(ChainFragmenterLinks, NumberAResidueTheSameWithAndWithoutAStartTerminal)
+{
+    const chem::MoleculeEntity molecule =
+        moleculeOf({letterChain(u"ACKC"_s)}, {}, {Link(-2.0, {{0, 2}, {0, 4}})});
+    const chem::MoleculeEntity with = cut(molecule, {{18.0, {{}, 0, 2, 5}, 0}});
+    const chem::MoleculeEntity without = cut(molecule, {blankEnds(0, 2, 5)});
+    EXPECT_EQ(connections(with), connections(without));
+    // True with the terminal, and one above the residue's place without it.
+    EXPECT_EQ(residueAt(with, 0, 1).code(), u"C"_s);
+    EXPECT_EQ(residueAt(without, 0, 0).code(), u"C"_s);
+}
+
+TEST(ChainFragmenterLinks, BetweenTwoPiecesNameBothInTheOrderOfTheDefinitions)
+{
+    const chem::MoleculeEntity molecule =
+        moleculeOf({letterChain(u"ACKC"_s)}, {}, {Link(-2.0, {{0, 2}, {0, 4}})});
+    const chem::MoleculeEntity result = cut(molecule, {blankEnds(0, 4, 5), blankEnds(0, 1, 3)});
+    EXPECT_EQ(connections(result), QStringList({u"(1,2)(0,1)"_s}));
+}
+
+TEST(ChainFragmenterLinks, BetweenChainsOfTheParent)
+{
+    const chem::MoleculeEntity molecule = moleculeOf({letterChain(u"AC"_s), letterChain(u"GC"_s)},
+                                                     {}, {Link(-2.0, {{1, 2}, {0, 2}})});
+    const chem::MoleculeEntity result = cut(molecule, {blankEnds(0, 1, 3), blankEnds(1, 1, 3)});
+    EXPECT_EQ(connections(result), QStringList({u"(1,2)(0,2)"_s}));
+    EXPECT_TRUE(connections(cut(molecule, {blankEnds(0, 1, 3), blankEnds(0, 1, 3)})).isEmpty());
+}
+
+TEST(ChainFragmenterLinks, WithOneEndOrNeitherInAPieceAreGoneWithTheirMass)
+{
+    const chem::MoleculeEntity molecule = moleculeOf(
+        {letterChain(u"ACKC"_s)}, {},
+        {Link(-2.0, {{0, 2}, {0, 4}}), Link(5.0, {{0, 4}, {0, 2}}), Link(7.0, {{0, 4}, {0, 4}})});
+    const chem::MoleculeEntity result = cut(molecule, {blankEnds(0, 1, 4)});
+    EXPECT_TRUE(result.links().isEmpty());
+    EXPECT_EQ(result.averageMass(), mass(u'A') + mass(u'C') + mass(u'K'));
+}
+
+TEST(ChainFragmenterLinks, EndAtTheEndOfTheRangeIsOutside)
+{
+    const auto linked = [](const Link::Connection& connection) {
+        return moleculeOf({letterChain(u"ACKC"_s)}, {}, {Link(-2.0, connection)});
+    };
+    const QList<ChainFragmentDef> range = {blankEnds(0, 2, 4)};
+    EXPECT_TRUE(cut(linked({{0, 4}, {0, 2}}), range).links().isEmpty());
+    EXPECT_TRUE(cut(linked({{0, 2}, {0, 4}}), range).links().isEmpty());
+    EXPECT_TRUE(cut(linked({{0, 1}, {0, 2}}), range).links().isEmpty());
+    EXPECT_TRUE(cut(linked({{0, 2}, {0, 1}}), range).links().isEmpty());
+    EXPECT_EQ(connections(cut(linked({{0, 2}, {0, 3}}), range)), QStringList({u"(0,1)(0,2)"_s}));
+}
+
+TEST(ChainFragmenterLinks, WhoseFirstEndLiesInTwoPiecesAreKeptTwice)
+{
+    const chem::MoleculeEntity molecule =
+        moleculeOf({letterChain(u"ACKC"_s)}, {}, {Link(-2.0, {{0, 2}, {0, 4}})});
+    const chem::MoleculeEntity result =
+        cut(molecule, {blankEnds(0, 1, 3), blankEnds(0, 2, 4), blankEnds(0, 4, 5)});
+    EXPECT_EQ(connections(result), QStringList({u"(0,2)(2,1)"_s, u"(1,1)(2,1)"_s}));
+    EXPECT_EQ(result.averageMass(),
+              mass(u'A') + 3 * mass(u'C') + mass(u'K') - 4.0); // C in two pieces and alone
+}
+
+TEST(ChainFragmenterLinks, WhoseSecondEndLiesInTwoPiecesGoToTheFirst)
+{
+    const chem::MoleculeEntity molecule =
+        moleculeOf({letterChain(u"ACKC"_s)}, {}, {Link(-2.0, {{0, 4}, {0, 2}})});
+    const chem::MoleculeEntity result =
+        cut(molecule, {blankEnds(0, 1, 3), blankEnds(0, 2, 4), blankEnds(0, 4, 5)});
+    EXPECT_EQ(connections(result), QStringList({u"(2,1)(0,2)"_s}));
+}
+
+TEST(ChainFragmenterLinks, OfTwoWholeCopiesBothEndUpInTheFirst)
+{
+    const chem::MoleculeEntity molecule =
+        moleculeOf({letterChain(u"CC"_s)}, {}, {Link(-2.0, {{0, 1}, {0, 2}})});
+    const chem::MoleculeEntity result = cut(molecule, {blankEnds(0, 1, 3), blankEnds(0, 1, 3)});
+    EXPECT_EQ(connections(result), QStringList({u"(0,1)(0,2)"_s, u"(1,1)(0,2)"_s}));
+}
+
+TEST(ChainFragmenterLinks, KeepTheirOrderAndTheirEntity)
+{
+    const chem::NamedMolecule bridge = namedGroup(u"bridge"_s, u"B"_s, u"CO"_s, 28.0);
+    const chem::MoleculeEntity molecule = moleculeOf(
+        {letterChain(u"CCC"_s)}, {},
+        {Link(bridge, {{0, 3}, {0, 1}}), Link(5.0, {{0, 0}, {0, 1}}), Link(3.0, {{0, 2}, {0, 2}})});
+    const chem::MoleculeEntity result = cut(molecule, {blankEnds(0, 1, 4)});
+    EXPECT_EQ(connections(result), QStringList({u"(0,3)(0,1)"_s, u"(0,2)(0,2)"_s}));
+    EXPECT_EQ(result.links().first().entity().name(), u"bridge"_s);
+    EXPECT_EQ(result.monoMass(), 1.5 * mass(u'C') + 14.0 + 3.0);
+    EXPECT_EQ(result.formula().toString(), u"C7H9N3O4"_s);
+}
+
+TEST(ChainFragmenterLinks, FollowTheRangeAlsoWhereNoResidueIs)
+{
+    // The tests of both ends read the range and not the residues.
+    const chem::MoleculeEntity molecule = moleculeOf(
+        {letterChain(u"C"_s)}, {}, {Link(-2.0, {{0, 1}, {0, 50}}), Link(9.0, {{4, 1}, {4, 2}})});
+    const chem::MoleculeEntity result = cut(molecule, {blankEnds(0, 1, 99), blankEnds(4, 0, 5)});
+    EXPECT_EQ(connections(result), QStringList({u"(0,1)(0,50)"_s, u"(1,2)(1,3)"_s}));
+}
+
+TEST(ChainFragmenterLinks, AtExtremePlacesAreDefined)
+{
+    const chem::MoleculeEntity molecule =
+        moleculeOf({letterChain(u"C"_s)}, {}, {Link(-2.0, {{0, 1}, {0, highest - 1}})});
+    EXPECT_EQ(cut(molecule, {blankEnds(0, lowest, highest)}).links().size(), 1);
+    EXPECT_EQ(cut(molecule, {blankEnds(0, lowest, highest)}).links().first().connection().first,
+              Position(0, lowest + 2)); // 1 + 2^31 + 1 in 32 bits
+}
+
+// Definitions that reach outside.
+
+struct OutsideCase
+{
+    ChainFragmentDef definition;
+    QString letters;
+};
+
+TEST(ChainFragmenterOutside, TakesTheResiduesThatExist)
+{
+    const QList<OutsideCase> cases = {
+        {blankEnds(0, 0, 6), u"-AKC-"_s},       {blankEnds(0, 3, 99), u"C-"_s},
+        {blankEnds(0, 3, highest), u"C-"_s},    {blankEnds(0, -1, 2), u"-A"_s},
+        {blankEnds(0, lowest, 2), u"-A"_s},     {blankEnds(0, lowest, highest), u"-AKC-"_s},
+        {blankEnds(0, 5, 9), QString()},        {blankEnds(0, 99, 120), QString()},
+        {blankEnds(0, highest, highest), {}},   {blankEnds(0, -9, -2), QString()},
+        {blankEnds(0, lowest, lowest), {}},     {blankEnds(0, 2, 2), QString()},
+        {blankEnds(0, 3, 1), QString()},        {blankEnds(0, highest, lowest), QString()},
+        {blankEnds(0, lowest, lowest + 1), {}},
+    };
+    const chem::MoleculeEntity molecule = proteinOf(u"AKC"_s);
+    for (const OutsideCase& each : cases) {
+        const QString locus = describe(each.definition.locus);
+        SCOPED_TRACE(locus.toStdString());
+        const chem::MoleculeEntity result = cut(molecule, {each.definition});
+        ASSERT_EQ(result.chains().size(), 1);
+        EXPECT_EQ(letters(result.chains().first()), each.letters);
+        EXPECT_EQ(describe(result.chains().first().parentLocus()), locus);
+        EXPECT_EQ(result.chains().first().name(), u"chain"_s);
+        EXPECT_EQ(result.averageMass(), moleculeOf({result.chains().first()}).averageMass());
+    }
+}
+
+TEST(ChainFragmenterOutside, EmptyRangeGivesTheTerminalsAlone)
+{
+    const chem::MoleculeEntity result = cut(proteinOf(u"AKC"_s), {{18.0, {{}, 0, 3, 1}, 2.0}});
+    EXPECT_EQ(letters(result.chains().first()), u"--"_s);
+    EXPECT_EQ(result.averageMass(), 20.0);
+}
+
+TEST(ChainFragmenterOutside, MissingChainGivesTheTerminalsWithoutTextsOrType)
+{
+    for (const int chain : {1, 2, -1, lowest, highest}) {
+        const chem::MoleculeEntity result =
+            cut(proteinOf(u"AKC"_s), {{18.0, {u"label"_s, chain, 1, 3}, 2.0}});
+        ASSERT_EQ(result.chains().size(), 1);
+        const chem::Chain piece = result.chains().first();
+        EXPECT_EQ(letters(piece), u"--"_s);
+        EXPECT_EQ(piece.name(), QString());
+        EXPECT_EQ(piece.code(), QString());
+        EXPECT_EQ(piece.type(), chem::MoleculeType::Unknown);
+        EXPECT_EQ(piece.parentLocus().label, u"label"_s);
+        EXPECT_EQ(piece.parentLocus().chain, chain);
+        EXPECT_EQ(result.averageMass(), 20.0);
+    }
+    EXPECT_EQ(cut(5.0, {blankEnds(0, 0, 1)}).chains().size(), 1);
+    EXPECT_EQ(cut(5.0, {blankEnds(0, 0, 1)}).averageMass(), 0.0);
+}
+
+// The order of summation. 2^53 + 1 is no double: it rounds to 2^53, so that orders show.
+
+constexpr double huge = 9007199254740992.0; // 2^53
+
+chem::Molecule masses(double average, double mono)
+{
+    return {chem::ChemicalFormula(), average, mono};
+}
+
+TEST(ChainFragmenterSums, EndTerminalComesBeforeStartTerminal)
+{
+    // Before the second piece the totals are 1. (1 + 2^53) - 2^53 is 0, (1 - 2^53) + 2^53 is 1.
+    const chem::MoleculeEntity molecule = moleculeOf({chainOf({masses(1.0, 1.0)})});
+    const ChainFragmentDef second = {masses(-huge, huge), {{}, 0, 0, 0}, masses(huge, -huge)};
+    const chem::MoleculeEntity result = cut(molecule, {blankEnds(0, 0, 1), second});
+    EXPECT_EQ(result.averageMass(), 0.0);
+    EXPECT_EQ(result.monoMass(), 1.0);
+}
+
+TEST(ChainFragmenterSums, TerminalsComeBeforeTheResiduesOfTheirPiece)
+{
+    // (2^53 - 2^53) + 1 is 1; the residue in between, or first, would be lost.
+    const chem::MoleculeEntity molecule = moleculeOf({chainOf({masses(1.0, 1.0)})});
+    const ChainFragmentDef piece = {masses(-huge, -huge), {{}, 0, 0, 1}, masses(huge, huge)};
+    const chem::MoleculeEntity result = cut(molecule, {piece});
+    EXPECT_EQ(result.averageMass(), 1.0);
+    EXPECT_EQ(result.monoMass(), 1.0);
+}
+
+TEST(ChainFragmenterSums, ResiduesAreAddedToTheTotalsOneByOne)
+{
+    // ((2^53 + 1) + 1) + 1 is 2^53; 2^53 + (1 + 1 + 1), chain by chain, would be 2^53 + 4.
+    const chem::MoleculeEntity one = masses(1.0, 1.0);
+    const chem::MoleculeEntity molecule =
+        moleculeOf({chainOf({masses(huge, huge)}), chainOf({one, one, one})});
+    const chem::MoleculeEntity result = cut(molecule, {blankEnds(0, 0, 1), blankEnds(1, 0, 3)});
+    EXPECT_EQ(result.averageMass(), huge);
+    EXPECT_EQ(result.monoMass(), huge);
+}
+
+TEST(ChainFragmenterSums, LinksComeBehindAllResiduesAndBeforeModifications)
+{
+    // Residues 1, link 2^53, modification -2^53: (1 + 2^53) - 2^53 is 0.
+    const QList<chem::Chain> chains = {chainOf({masses(1.0, 1.0)})};
+    const Link link(masses(huge, huge), {{0, 0}, {0, 0}});
+    const Modification modification(masses(-huge, -huge), {});
+    const chem::MoleculeEntity result =
+        cut(moleculeOf(chains, {modification}, {link}), {blankEnds(0, 0, 1)});
+    EXPECT_EQ(result.averageMass(), 0.0);
+    // Link -2^53 before modification 2^53: (1 - 2^53) + 2^53 is 1, the other way round 0.
+    const chem::MoleculeEntity turned =
+        cut(moleculeOf(chains, {Modification(masses(huge, huge), {})},
+                       {Link(masses(-huge, -huge), {{0, 0}, {0, 0}})}),
+            {blankEnds(0, 0, 1)});
+    EXPECT_EQ(turned.averageMass(), 1.0);
+    EXPECT_EQ(turned.monoMass(), 1.0);
+}
+
+TEST(ChainFragmenterSums, EqualASumWrittenOut)
+{
+    const auto factory = chem::defaultChemicalFactory();
+    const chem::MoleculeEntity molecule =
+        moleculeOf({chem::constructPeptideChain({}, {}, u"SAMPLER"_s, factory.data()),
+                    chem::constructPeptideChain({}, {}, u"KWYFC"_s, factory.data())},
+                   {Modification(factory->constructMolecule(u"HPO3"_s), {})},
+                   {Link(factory->constructMolecule(u"H-2"_s), {{0, 2}, {1, 5}})});
+    const chem::MoleculeEntity water = factory->constructMolecule(u"H2O"_s);
+    const chem::MoleculeEntity proton = factory->constructMolecule(u"H"_s);
+    const chem::MoleculeEntity result =
+        cut(molecule, {{proton, {{}, 0, 1, 7}, water}, {water, {{}, 1, 2, 7}, proton}});
+
+    QList<chem::MoleculeEntity> addends = {water, proton};
+    for (int residue = 1; residue < 7; ++residue)
+        addends.append(residueAt(molecule, 0, residue));
+    addends += {proton, water};
+    for (int residue = 2; residue < 7; ++residue)
+        addends.append(residueAt(molecule, 1, residue));
+    addends += {molecule.links().first().entity(), molecule.modifications().first().entity()};
+
+    double average = 0.0;
+    double mono = 0.0;
+    chem::ChemicalFormula total;
+    for (const chem::MoleculeEntity& addend : std::as_const(addends)) {
+        average += addend.averageMass();
+        mono += addend.monoMass();
+        total += addend.formula();
+    }
+    EXPECT_EQ(result.averageMass(), average);
+    EXPECT_EQ(result.monoMass(), mono);
+    EXPECT_EQ(result.formula().elementCountMap(), total.elementCountMap());
+}
+
+TEST(ChainFragmenter, RecordsItselfAndLeavesTheInputAlone)
+{
+    const chem::MoleculeEntity molecule = proteinOf(u"AKC"_s);
+    const QString before = describe(molecule);
+    const chem::MoleculeEntity result = cut(molecule, {blankEnds(0, 1, 3)});
+    EXPECT_EQ(historyTypes(result), QList<int>({7}));
+    EXPECT_EQ(describe(stateBefore(result, 0)), before);
+    EXPECT_EQ(describe(molecule), before);
+}
+
+TEST(ChainFragmenter, KeepsTheDefinitionsWhenTheCallerChangesHis)
+{
+    QList<ChainFragmentDef> definitions = {blankEnds(0, 1, 3)};
+    const ChainFragmenter step(definitions);
+    definitions.clear();
+    EXPECT_EQ(step.transform(proteinOf(u"AKC"_s)).chains().size(), 1);
+}
+
+TEST(ChainFragmenter, KeepsItsDefinitionsWhenItIsCopiedOrMovedFrom)
+{
+    const chem::MoleculeEntity molecule = proteinOf(u"AKC"_s);
+    ChainFragmenter step({blankEnds(0, 1, 3)});
+    const QString expected = describe(step.transform(molecule));
+    const ChainFragmenter copy(step);
+    const ChainFragmenter moved(std::move(step));
+    EXPECT_EQ(describe(copy.transform(molecule)), expected);
+    EXPECT_EQ(describe(moved.transform(molecule)), expected);
+    EXPECT_EQ(describe(step.transform(molecule)), expected);
+}
+
+} // namespace
