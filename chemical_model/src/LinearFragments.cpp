@@ -11,6 +11,8 @@ namespace chem {
 
 namespace {
 
+using Sites = QList<QSharedPointer<FragmentationSite>>;
+
 constexpr qsizetype sitesPerResidue = 10;
 
 bool isLeftIon(FragmentType type)
@@ -23,9 +25,12 @@ bool isRightIon(FragmentType type)
     return type >= FragmentType::W && type <= FragmentType::Zdot;
 }
 
-QChar letterOf(const ComplexResidue& residue)
+// The lists of a complex are public: one that a caller has edited may hold null pointers, which add
+// nothing, and fewer lists of sites than residues.
+
+QChar letterOf(const QSharedPointer<ComplexResidue>& residue)
 {
-    return residue.code.isEmpty() ? QChar() : residue.code.front();
+    return residue && !residue->code.isEmpty() ? residue->code.front() : QChar();
 }
 
 void addMasses(const Molecule& molecule, SimpleFragment* fragment)
@@ -33,6 +38,26 @@ void addMasses(const Molecule& molecule, SimpleFragment* fragment)
     fragment->averageMass += molecule.averageMass();
     fragment->monoMass += molecule.monoMass();
 }
+
+void addMasses(const QSharedPointer<ComplexResidue>& residue, SimpleFragment* fragment)
+{
+    if (residue)
+        addMasses(*residue, fragment);
+}
+
+/// One end of a chain as it grows inwards: what it comes to and the residues that it holds.
+struct ChainEnd
+{
+    Molecule molecule;
+    QList<QWeakPointer<ComplexResidue>> residues;
+
+    void grow(const QSharedPointer<ComplexResidue>& residue, qsizetype place)
+    {
+        if (residue)
+            molecule += *residue;
+        residues.insert(place, residue);
+    }
+};
 
 /// The ion that breaks off at `site`, given what its side of the chain comes to.
 SimpleFragment ionAt(const FragmentationSite& site, const SimpleFragment& side)
@@ -58,35 +83,28 @@ void ChemicalFactory::generateLinearFragments(const MoleculeComplex& complex,
                                               QList<QSharedPointer<Fragment>>* fragments) const
 {
     const qsizetype size = complex.residues.size();
-    fragments->reserve(fragments->size() + sitesPerResidue * size);
+    fragments->reserve(sitesPerResidue * size);
 
-    Molecule left;
-    Molecule right;
-    QList<QWeakPointer<ComplexResidue>> leftResidues;
-    QList<QWeakPointer<ComplexResidue>> rightResidues;
-    const auto append = [&](const QSharedPointer<FragmentationSite>& site, const Molecule& side,
-                            const QList<QWeakPointer<ComplexResidue>>& residues) {
-        fragments->append(QSharedPointer<Fragment>::create(
-            side + site->delta, typeToString(site->type), residues,
-            QList<QWeakPointer<FragmentationSite>>{site}, &complex));
+    ChainEnd left;
+    ChainEnd right;
+    const auto appendIons = [&](qsizetype position, auto isWanted, const ChainEnd& end) {
+        const Sites sites = complex.sites.value(position);
+        for (const auto& site : sites) {
+            if (!site || !isWanted(site->type))
+                continue;
+            fragments->append(QSharedPointer<Fragment>::create(
+                end.molecule + site->delta, typeToString(site->type), end.residues,
+                QList<QWeakPointer<FragmentationSite>>{site}, &complex));
+        }
     };
 
     for (qsizetype k = 0; k < size; ++k) {
         const qsizetype mirrored = size - 1 - k;
-        left += *complex.residues[k];
-        right += *complex.residues[mirrored];
-        leftResidues.append(complex.residues[k]);
-        rightResidues.prepend(complex.residues[mirrored]);
-        for (const auto& site : complex.sites.value(k)) {
-            if (isLeftIon(site->type))
-                append(site, left, leftResidues);
-        }
-        if (k == size - 1)
-            break; // the right side now holds the left terminal as well
-        for (const auto& site : complex.sites.value(mirrored)) {
-            if (isRightIon(site->type))
-                append(site, right, rightResidues);
-        }
+        left.grow(complex.residues[k], k);
+        right.grow(complex.residues[mirrored], 0);
+        appendIons(k, isLeftIon, left);
+        if (k < size - 1) // in the last step the right end holds the left terminal as well
+            appendIons(mirrored, isRightIon, right);
     }
 }
 
@@ -102,25 +120,26 @@ void generateLinearFragments(const MoleculeComplex& complex, QList<SimpleFragmen
     SimpleFragment right;
     left.sequence.reserve(monomers);
     QString rightLetters(monomers, QChar());
-    addMasses(*complex.residues.first(), &left);
-    addMasses(*complex.residues.last(), &right);
+    addMasses(complex.residues.first(), &left);
+    addMasses(complex.residues.last(), &right);
 
     for (qsizetype k = 0; k < monomers; ++k) {
-        const qsizetype rightStart = monomers - 1 - k;
-        const ComplexResidue& leftResidue = *complex.residues[k + 1];
+        const QSharedPointer<ComplexResidue>& leftResidue = complex.residues[k + 1];
         addMasses(leftResidue, &left);
         left.sequence.append(letterOf(leftResidue));
 
-        const ComplexResidue& rightResidue = *complex.residues[rightStart + 1];
+        const qsizetype rightStart = monomers - 1 - k;
+        const QSharedPointer<ComplexResidue>& rightResidue = complex.residues[rightStart + 1];
         addMasses(rightResidue, &right);
         rightLetters[rightStart] = letterOf(rightResidue);
         right.sequence = rightLetters.sliced(rightStart); // cut once, shared by all its ions
         right.position = static_cast<int>(rightStart);
 
-        for (const auto& site : complex.sites.value(k + 1)) {
-            if (isLeftIon(site->type))
+        const Sites sites = complex.sites.value(k + 1);
+        for (const auto& site : sites) {
+            if (site && isLeftIon(site->type))
                 fragments.append(ionAt(*site, left));
-            else if (isRightIon(site->type))
+            else if (site && isRightIon(site->type))
                 fragments.append(ionAt(*site, right));
         }
     }

@@ -6,13 +6,27 @@
 
 namespace chem {
 
+namespace {
+
+/// New sites for one complex, which all its positions share.
+QList<QSharedPointer<FragmentationSite>> copiesOf(const std::vector<FragmentationSite>& sites)
+{
+    QList<QSharedPointer<FragmentationSite>> copies;
+    copies.reserve(static_cast<qsizetype>(sites.size()));
+    for (const FragmentationSite& site : sites)
+        copies.append(QSharedPointer<FragmentationSite>::create(site));
+    return copies;
+}
+
+} // namespace
+
 void ChemicalFactory::parseAminoAcidSequence(const QString& sequence,
                                              QList<QSharedPointer<const AminoAcid>>* aminoAcids_,
                                              NamedMolecule* nTerminal,
                                              NamedMolecule* cTerminal) const
 {
     standardPeptideTermini(nTerminal, cTerminal);
-    aminoAcids_->reserve(aminoAcids_->size() + sequence.size());
+    aminoAcids_->reserve(sequence.size());
     for (const QChar letter : sequence)
         aminoAcids_->append(
             QSharedPointer<AminoAcid>::create(m_peptideParts->residues.entry(letter)));
@@ -25,36 +39,28 @@ ChemicalFactory::constructLinearPeptideComplex(const QString& sequence) const
     NamedMolecule cTerminal;
     standardPeptideTermini(&nTerminal, &cTerminal);
 
-    // All positions share one list of the ten sites, which are made anew for each complex.
-    QList<QSharedPointer<FragmentationSite>> sharedSites;
-    sharedSites.reserve(static_cast<qsizetype>(m_peptideParts->sites.size()));
-    for (const FragmentationSite& site : m_peptideParts->sites)
-        sharedSites.append(QSharedPointer<FragmentationSite>::create(site));
-
-    const qsizetype length = sequence.size();
+    const qsizetype size = sequence.size() + 2;
     QList<QSharedPointer<ComplexResidue>> residues;
-    QList<QList<QSharedPointer<FragmentationSite>>> sites;
-    residues.reserve(length + 2);
-    sites.reserve(length + 2);
-    ChainTotal total;
-    const auto append = [&](const NamedMolecule& residue) {
+    residues.reserve(size);
+    const auto append = [&residues](const NamedMolecule& residue) {
         const int position = static_cast<int>(residues.size());
         residues.append(QSharedPointer<ComplexResidue>::create(residue, position));
     };
 
+    ChainTotal total;
     total.add(nTerminal);
     total.add(cTerminal);
     append(nTerminal);
-    sites.append(QList<QSharedPointer<FragmentationSite>>());
     for (const QChar letter : sequence) {
         const NamedMolecule& residue = m_peptideParts->residues.entry(letter);
         total.add(residue);
         append(residue);
-        sites.append(sharedSites);
     }
     append(cTerminal);
-    sites.append(QList<QSharedPointer<FragmentationSite>>());
 
+    QList<QList<QSharedPointer<FragmentationSite>>> sites(size, copiesOf(m_peptideParts->sites));
+    sites.first() = {}; // nothing breaks at a terminal
+    sites.last() = {};
     return QSharedPointer<MoleculeComplex>::create(total.result(), residues, sites);
 }
 

@@ -41,4 +41,16 @@ TEST(LetterTable, KeysOfSeveralCharactersAreNoLetters)
     EXPECT_TRUE(table.entry(u'B').name.isEmpty());
 }
 
+// The letters up to U+007F and those beyond are kept apart, so both sides of the border count.
+TEST(LetterTable, FindsItsOwnLettersAmongAllThereAre)
+{
+    const QString letters = u"\nAz\x7f\x80é\u4e00\xd83d\xde00\xffff"_s;
+    const chem::LetterTable table = tableOf(letters.split(QString(), Qt::SkipEmptyParts));
+    for (int unicode = 0; unicode <= 0xffff; ++unicode) {
+        const QString letter((QChar(unicode)));
+        ASSERT_EQ(table.entry(letter.front()).code, letters.contains(letter) ? letter : QString())
+            << unicode;
+    }
+}
+
 } // namespace

@@ -6,11 +6,44 @@
 
 namespace {
 
+using chem::createLoggingCategory;
+using chem::existingLoggingCategory;
+using chem::loggingCategory;
+
+// Asked during static initialisation, as the sources do that log.
+const QLoggingCategory* const earlyCategory = existingLoggingCategory("zel.early", QtDebugMsg);
+
+TEST(Logging, TheDefaultCategoryExistsWithoutHavingBeenMade)
+{
+    ASSERT_NE(earlyCategory, nullptr);
+    EXPECT_STREQ(earlyCategory->categoryName(), "zel.generic");
+}
+
+TEST(Logging, TheDefaultCategoryIsOneObject)
+{
+    EXPECT_EQ(existingLoggingCategory("zel.generic", QtDebugMsg), earlyCategory);
+    EXPECT_EQ(createLoggingCategory("zel.generic", QtDebugMsg), earlyCategory);
+    EXPECT_EQ(loggingCategory("zel.generic", QtDebugMsg, false), earlyCategory);
+    EXPECT_EQ(loggingCategory("zel.generic", QtDebugMsg, true), earlyCategory);
+}
+
 TEST(Logging, UnknownNameFallsBackToTheDefaultCategory)
 {
-    const QLoggingCategory* category = chem::existingLoggingCategory("zel.never", QtDebugMsg);
-    EXPECT_STREQ(category->categoryName(), "zel.generic");
-    EXPECT_EQ(category, chem::existingLoggingCategory("zel.generic", QtDebugMsg));
+    EXPECT_EQ(existingLoggingCategory("zel.never", QtDebugMsg), earlyCategory);
+}
+
+TEST(Logging, LookingForAnUnknownNameDoesNotMakeIt)
+{
+    EXPECT_EQ(existingLoggingCategory("zel.asked", QtDebugMsg), earlyCategory);
+    EXPECT_EQ(existingLoggingCategory("zel.asked", QtDebugMsg), earlyCategory);
+}
+
+TEST(Logging, MakingAnUnknownNameGivesItsOwnCategory)
+{
+    const QLoggingCategory* made = createLoggingCategory("zel.made", QtDebugMsg);
+    EXPECT_NE(made, earlyCategory);
+    EXPECT_STREQ(made->categoryName(), "zel.made");
+    EXPECT_EQ(existingLoggingCategory("zel.made", QtDebugMsg), made);
 }
 
 TEST(Logging, NamesAreComparedByContent)
@@ -18,26 +51,49 @@ TEST(Logging, NamesAreComparedByContent)
     static const std::string first = "zel.test";
     static const std::string second = "zel.test";
     ASSERT_NE(first.c_str(), second.c_str());
-    const QLoggingCategory* category = chem::createLoggingCategory(first.c_str(), QtDebugMsg);
-    EXPECT_EQ(category, chem::createLoggingCategory(second.c_str(), QtDebugMsg));
-    EXPECT_EQ(category, chem::existingLoggingCategory(second.c_str(), QtDebugMsg));
-    EXPECT_STREQ(category->categoryName(), "zel.test");
+    EXPECT_EQ(createLoggingCategory(first.c_str(), QtDebugMsg),
+              createLoggingCategory(second.c_str(), QtDebugMsg));
 }
 
-TEST(Logging, SeverityCountsWhenACategoryIsMade)
+TEST(Logging, NamesAreCaseSensitive)
 {
-    const QLoggingCategory* category = chem::createLoggingCategory("zel.severe", QtWarningMsg);
-    EXPECT_FALSE(category->isDebugEnabled());
-    EXPECT_TRUE(category->isWarningEnabled());
-    chem::createLoggingCategory("zel.severe", QtDebugMsg);
-    EXPECT_FALSE(category->isDebugEnabled());
+    EXPECT_NE(createLoggingCategory("zel.letters", QtDebugMsg),
+              createLoggingCategory("zel.Letters", QtDebugMsg));
 }
 
-TEST(Logging, DefaultCategoryLetsDebugMessagesThrough)
+TEST(Logging, TheNameIsKeptAndNotCopied)
 {
-    const QLoggingCategory* category = chem::existingLoggingCategory("zel.generic", QtCriticalMsg);
-    EXPECT_TRUE(category->isDebugEnabled());
+    static const char name[] = "zel.kept";
+    EXPECT_EQ(createLoggingCategory(name, QtDebugMsg)->categoryName(), name);
+}
+
+TEST(Logging, DebugMessagesOfTheDefaultCategoryAreEnabled)
+{
+    EXPECT_TRUE(earlyCategory->isDebugEnabled());
+    EXPECT_TRUE(earlyCategory->isInfoEnabled());
+    EXPECT_TRUE(earlyCategory->isWarningEnabled());
+    EXPECT_TRUE(earlyCategory->isCriticalEnabled());
+}
+
+TEST(Logging, TheSeverityIsWhatIsEnabledFromThereOn)
+{
+    const QLoggingCategory* category = createLoggingCategory("zel.quiet", QtWarningMsg);
+    EXPECT_FALSE(category->isDebugEnabled());
+    EXPECT_FALSE(category->isInfoEnabled());
     EXPECT_TRUE(category->isWarningEnabled());
+    EXPECT_TRUE(category->isCriticalEnabled());
+}
+
+TEST(Logging, TheSeverityOfALaterCallChangesNothing)
+{
+    const QLoggingCategory* category = createLoggingCategory("zel.first", QtWarningMsg);
+    EXPECT_EQ(createLoggingCategory("zel.first", QtDebugMsg), category);
+    EXPECT_EQ(existingLoggingCategory("zel.first", QtDebugMsg), category);
+    EXPECT_FALSE(category->isDebugEnabled());
+
+    createLoggingCategory("zel.generic", QtCriticalMsg);
+    existingLoggingCategory("zel.never", QtCriticalMsg);
+    EXPECT_TRUE(earlyCategory->isDebugEnabled());
 }
 
 } // namespace

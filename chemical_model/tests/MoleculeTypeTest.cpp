@@ -1,12 +1,16 @@
-#include "TestPrinters.h"
 #include <MoleculeType.h>
 
 #include <QDataStream>
 #include <QDebug>
 #include <QIODevice>
 #include <QMetaEnum>
+#include <QMetaType>
 
 #include <gtest/gtest.h>
+
+#include <array>
+#include <limits>
+#include <type_traits>
 
 using namespace Qt::StringLiterals;
 
@@ -14,78 +18,122 @@ namespace {
 
 using chem::ZEL_QEnumsMoleculeType::MoleculeType;
 
-const QMetaObject& meta()
+static_assert(std::is_same_v<chem::MoleculeType, MoleculeType>);
+static_assert(!std::is_convertible_v<MoleculeType, int>, "the enumeration is scoped");
+static_assert(sizeof(MoleculeType) == 4);
+
+struct NamedValue
 {
-    return chem::ZEL_QEnumsMoleculeType::staticMetaObject;
+    MoleculeType value;
+    int number;
+    const char* name;
+};
+
+// Saved streams hold these numbers.
+constexpr std::array<NamedValue, 18> values{{
+    {MoleculeType::Peptide, 0, "Peptide"},
+    {MoleculeType::Protein, 1, "Protein"},
+    {MoleculeType::OligoNucleotide, 2, "OligoNucleotide"},
+    {MoleculeType::Sugar, 3, "Sugar"},
+    {MoleculeType::Link, 4, "Link"},
+    {MoleculeType::AminoAcid, 5, "AminoAcid"},
+    {MoleculeType::Nucleotide, 6, "Nucleotide"},
+    {MoleculeType::Ribose, 7, "Ribose"},
+    {MoleculeType::Nucleobase, 8, "Nucleobase"},
+    {MoleculeType::Phosphate, 9, "Phosphate"},
+    {MoleculeType::PostTransModification, 10, "PostTransModification"},
+    {MoleculeType::FivePrimeTerminal, 11, "FivePrimeTerminal"},
+    {MoleculeType::ThreePrimeTerminal, 12, "ThreePrimeTerminal"},
+    {MoleculeType::NTerminal, 13, "NTerminal"},
+    {MoleculeType::CTerminal, 14, "CTerminal"},
+    {MoleculeType::MassValue, 15, "MassValue"},
+    {MoleculeType::Averagine, 16, "Averagine"},
+    {MoleculeType::Unknown, 17, "Unknown"},
+}};
+
+const QMetaObject& metaObject = chem::ZEL_QEnumsMoleculeType::staticMetaObject;
+
+TEST(MoleculeType, MetaObjectIsNamedAfterTheNamespace)
+{
+    EXPECT_STREQ(metaObject.className(), "chem::ZEL_QEnumsMoleculeType");
 }
 
-TEST(MoleculeType, HasItsNamesAndNumbers)
+TEST(MoleculeType, MetaObjectHasOneScopedEnumerationAndNothingElse)
 {
-    const QStringList names = {u"Peptide"_s,
-                               u"Protein"_s,
-                               u"OligoNucleotide"_s,
-                               u"Sugar"_s,
-                               u"Link"_s,
-                               u"AminoAcid"_s,
-                               u"Nucleotide"_s,
-                               u"Ribose"_s,
-                               u"Nucleobase"_s,
-                               u"Phosphate"_s,
-                               u"PostTransModification"_s,
-                               u"FivePrimeTerminal"_s,
-                               u"ThreePrimeTerminal"_s,
-                               u"NTerminal"_s,
-                               u"CTerminal"_s,
-                               u"MassValue"_s,
-                               u"Averagine"_s,
-                               u"Unknown"_s};
-    ASSERT_EQ(meta().enumeratorCount(), 1);
-    const QMetaEnum enumeration = meta().enumerator(0);
-    EXPECT_STREQ(enumeration.name(), "MoleculeType");
-    EXPECT_TRUE(enumeration.isScoped());
-    ASSERT_EQ(enumeration.keyCount(), names.size());
-    for (int i = 0; i < names.size(); ++i) {
-        EXPECT_EQ(enumeration.value(i), i);
-        EXPECT_EQ(QString::fromLatin1(enumeration.key(i)), names[i]);
+    ASSERT_EQ(metaObject.enumeratorCount(), 1);
+    EXPECT_STREQ(metaObject.enumerator(0).name(), "MoleculeType");
+    EXPECT_TRUE(metaObject.enumerator(0).isScoped());
+    EXPECT_EQ(metaObject.methodCount(), 0);
+    EXPECT_EQ(metaObject.propertyCount(), 0);
+}
+
+TEST(MoleculeType, EnumeratorsHaveTheirNamesAndNumbers)
+{
+    const QMetaEnum enumeration = metaObject.enumerator(0);
+    ASSERT_EQ(enumeration.keyCount(), 18);
+    for (const NamedValue& expected : values) {
+        SCOPED_TRACE(expected.name);
+        EXPECT_EQ(static_cast<int>(expected.value), expected.number);
+        EXPECT_EQ(enumeration.value(expected.number), expected.number);
+        EXPECT_STREQ(enumeration.key(expected.number), expected.name);
+        EXPECT_STREQ(enumeration.valueToKey(expected.number), expected.name);
+        EXPECT_EQ(enumeration.keyToValue(expected.name), expected.number);
     }
 }
 
-TEST(MoleculeType, IsKnownToTheMetaObjectSystem)
+TEST(MoleculeType, MetaTypeHasTheFullNameAndOneId)
 {
-    EXPECT_STREQ(meta().className(), "chem::ZEL_QEnumsMoleculeType");
-    EXPECT_EQ(meta().methodCount(), 0);
-    EXPECT_EQ(meta().propertyCount(), 0);
-    EXPECT_STREQ(QMetaType::fromType<MoleculeType>().name(),
-                 "chem::ZEL_QEnumsMoleculeType::MoleculeType");
-    const int id = qRegisterMetaType<MoleculeType>();
-    EXPECT_NE(id, 0);
-    EXPECT_EQ(QMetaType::fromName("chem::ZEL_QEnumsMoleculeType::MoleculeType").id(), id);
+    const QMetaType type = QMetaType::fromType<MoleculeType>();
+    EXPECT_STREQ(type.name(), "chem::ZEL_QEnumsMoleculeType::MoleculeType");
+    EXPECT_NE(type.id(), 0);
+    EXPECT_EQ(qMetaTypeId<MoleculeType>(), type.id());
+    EXPECT_EQ(QMetaType::fromName("chem::ZEL_QEnumsMoleculeType::MoleculeType").id(), type.id());
+    EXPECT_EQ(QMetaEnum::fromType<MoleculeType>().enclosingMetaObject(), &metaObject);
 }
 
-TEST(MoleculeType, PrintsByName)
+QString debugText(MoleculeType value)
 {
     QString text;
-    QDebug(&text) << MoleculeType::Unknown;
-    EXPECT_TRUE(text.trimmed().endsWith(u"Unknown"_s)) << text.toStdString();
+    QDebug(&text).nospace() << value;
+    return text;
 }
 
-TEST(MoleculeType, StreamsAsAnUncheckedNumberOfThirtyTwoBits)
+TEST(MoleculeType, DebugOutputEndsWithTheEnumerator)
 {
-    for (const int number : {0, 5, 17, 18, -7, 2147483647}) {
-        QByteArray bytes;
-        QDataStream out(&bytes, QIODevice::WriteOnly);
-        out << static_cast<MoleculeType>(number);
-        ASSERT_EQ(bytes.size(), 4);
+    for (const NamedValue& expected : values)
+        EXPECT_TRUE(debugText(expected.value).endsWith(u"::"_s + QLatin1String(expected.name)))
+            << expected.name << ": " << debugText(expected.value).toStdString();
+}
 
-        QDataStream rawIn(bytes);
-        qint32 raw = 0;
-        rawIn >> raw;
-        EXPECT_EQ(raw, number);
+TEST(MoleculeType, DebugOutputOfANumberWithoutNameShowsTheNumber)
+{
+    EXPECT_TRUE(debugText(static_cast<MoleculeType>(99)).endsWith(u"MoleculeType(99)"_s))
+        << debugText(static_cast<MoleculeType>(99)).toStdString();
+}
 
-        QDataStream in(bytes);
-        MoleculeType read = MoleculeType::Peptide;
-        in >> read;
-        EXPECT_EQ(static_cast<int>(read), number);
+QByteArray streamed(MoleculeType value)
+{
+    QByteArray bytes;
+    QDataStream stream(&bytes, QIODevice::WriteOnly);
+    stream << value;
+    return bytes;
+}
+
+TEST(MoleculeType, StreamHoldsAnIntegerOf32Bits)
+{
+    EXPECT_EQ(streamed(MoleculeType::Averagine), QByteArray::fromHex("00000010"));
+    EXPECT_EQ(streamed(static_cast<MoleculeType>(-2)), QByteArray::fromHex("fffffffe"));
+}
+
+TEST(MoleculeType, StreamGivesEveryNumberBackUnchecked)
+{
+    for (const int number : {0, 1, 16, 17, 18, 99, -1, std::numeric_limits<int>::max(),
+                             std::numeric_limits<int>::min()}) {
+        QDataStream stream(streamed(static_cast<MoleculeType>(number)));
+        MoleculeType value = MoleculeType::Peptide;
+        stream >> value;
+        EXPECT_EQ(static_cast<int>(value), number);
+        EXPECT_TRUE(stream.atEnd());
     }
 }
 
