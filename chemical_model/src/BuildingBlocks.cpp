@@ -174,7 +174,7 @@ void ChemicalFactory::setBuildingBlock(BuildingBlockType type, const QString& co
                                        const QString& name, const QString& formula)
 {
     buildingBlocks[type].insert(code, NamedMolecule(constructMolecule(formula), name, code));
-    prepareReaders();
+    prepareReadersOf(type);
 }
 
 QMap<QString, NamedMolecule> ChemicalFactory::aminoAcids() const

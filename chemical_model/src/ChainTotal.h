@@ -10,6 +10,16 @@ namespace chem {
 class ChainTotal
 {
 public:
+    ChainTotal() = default;
+
+    /// Starts from `first` as it stands.
+    explicit ChainTotal(const Molecule& first)
+        : m_formula(first.formula())
+        , m_averageMass(first.averageMass())
+        , m_monoMass(first.monoMass())
+    {
+    }
+
     void add(const Molecule& molecule)
     {
         m_formula.add(molecule.formula());

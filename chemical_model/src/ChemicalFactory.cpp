@@ -62,6 +62,23 @@ void ChemicalFactory::prepareReaders()
     prepareOligoReader();
 }
 
+/// Prepares anew what reads the dictionary of `type`.
+void ChemicalFactory::prepareReadersOf(BuildingBlockType type)
+{
+    switch (type) {
+    case AminoAcidBlock:
+        return preparePeptideReader();
+    case NucleobaseBlock:
+    case RiboseBlock:
+    case PhosphateBlock:
+    case FivePrimeTerminalBlock:
+    case ThreePrimeTerminalBlock:
+        return prepareOligoReader();
+    default:
+        return;
+    }
+}
+
 QSharedPointer<const ChemicalFactory> defaultChemicalFactory()
 {
     static const QSharedPointer<const ChemicalFactory> factory =

@@ -20,10 +20,9 @@
 namespace chem {
 
 class ElementMasses;
+class OligoParts;
 class OligoScanner;
 struct OligoAlphabets;
-struct OligoParts;
-struct OligoUnit;
 struct PeptideParts;
 
 /// Reads text and makes molecules from it, with masses from one isotope table.
@@ -347,6 +346,7 @@ private:
     void fillBuildingBlocks();
     void fillConstants();
     void prepareReaders();
+    void prepareReadersOf(BuildingBlockType type);
     void preparePeptideReader();
     void prepareOligoReader();
     QMap<QString, NamedMolecule> aminoAcids() const;
@@ -359,9 +359,7 @@ private:
 
     // Oligonucleotides.
     OligoAlphabets oligoAlphabets() const;
-    QSharedPointer<const Nucleotide> readNucleotide(const OligoUnit& unit, bool isLast) const;
-    QList<QSharedPointer<FragmentationSite>>
-    oligoSites(const QList<QSharedPointer<const Nucleotide>>& nucleotides, qsizetype index) const;
+    void unmarkedOligoTermini(NamedMolecule* fivePrime, NamedMolecule* threePrime) const;
 
     // What the table and the dictionaries come to, worked out whenever they change.
     std::shared_ptr<const ElementMasses> m_elementMasses;

@@ -14,6 +14,13 @@ bool isSameSymbol(const QString& a, const QString& b)
 
 } // namespace
 
+FormulaSum::FormulaSum(const ChemicalFormula& first)
+{
+    const QMap<QString, double>& counts = first.elementCountMap();
+    for (auto entry = counts.cbegin(); entry != counts.cend(); ++entry)
+        m_entries.push_back({entry.key(), entry.value()});
+}
+
 void FormulaSum::add(const ChemicalFormula& formula)
 {
     const QMap<QString, double>& addends = formula.elementCountMap();

@@ -16,6 +16,11 @@ namespace chem {
 class FormulaSum
 {
 public:
+    FormulaSum() = default;
+
+    /// Starts from the counts of `first` as they stand.
+    explicit FormulaSum(const ChemicalFormula& first);
+
     void add(const ChemicalFormula& formula);
     ChemicalFormula result() const;
 

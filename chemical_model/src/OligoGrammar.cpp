@@ -85,8 +85,10 @@ void ChemicalFactory::prepareOligoReader()
 {
     m_oligoScanner = std::make_shared<OligoScanner>(oligoAlphabets());
     m_oligoParts = std::make_shared<OligoParts>(
-        OligoParts{LetterTable(riboses()), LetterTable(nucleobases()), LetterTable(phosphates()),
-                   LetterTable(fivePrimeTerminals()), LetterTable(threePrimeTerminals())});
+        OligoParts::Blocks{LetterTable(riboses()), LetterTable(nucleobases()),
+                           LetterTable(phosphates()), LetterTable(fivePrimeTerminals()),
+                           LetterTable(threePrimeTerminals()), defaultRibose, defaultPhosphate},
+        OligoSites::Pieces{hydrogen, hydroxyl, oxygen, hydrogenPair});
 }
 
 } // namespace chem

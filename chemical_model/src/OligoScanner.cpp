@@ -1,393 +1,345 @@
 #include "OligoScanner.h"
 
-#include <QVarLengthArray>
-
 using namespace Qt::StringLiterals;
 
 namespace chem {
 
 namespace {
 
-/// What a character can be. One character may be several things.
-enum Role : quint8 {
-    FivePrimeMark = 1,
-    Ribose = 2,
-    Nucleobase = 4,
-    Phosphate = 8,
-    ThreePrimeMark = 16,
-    Sign = 32,
-    Digit = 64,
-    FullStop = 128,
+/// What a character can be in a text, one bit each; one character may be several things. The last
+/// digit run of a number, which it must have, is told from the digits before its full stop.
+///
+/// The bits ascend in the order in which the full expression tries what may come behind a
+/// nucleotide: more phosphates, a further nucleotide (a ribose, else a base, else a number), a 3'
+/// mark, the end. The same order holds within what may come first.
+enum Role : quint16 {
+    FivePrimeMark = 1 << 0,
+    Phosphate = 1 << 1,
+    Ribose = 1 << 2,
+    Nucleobase = 1 << 3,
+    Sign = 1 << 4,
+    LeadingDigit = 1 << 5,
+    FullStop = 1 << 6,
+    FinalDigit = 1 << 7,
+    ThreePrimeMark = 1 << 8,
+    End = 1 << 9 ///< No character: the end of the text.
+};
+using RoleSet = quint16;
+
+constexpr std::size_t roleCount = 10;
+constexpr std::size_t setCount = 1 << roleCount;
+
+constexpr RoleSet behindSign = LeadingDigit | FullStop | FinalDigit;
+constexpr RoleSet behindRibose = Nucleobase | Sign | behindSign;
+constexpr RoleSet unitStart = Ribose | behindRibose;
+constexpr RoleSet textStart = FivePrimeMark | unitStart;
+constexpr RoleSet behindUnit = Phosphate | unitStart | ThreePrimeMark | End;
+
+/// The roles that end a nucleotide.
+constexpr RoleSet unitEnd = Nucleobase | FinalDigit | Phosphate;
+
+/// What may come behind each role, in the order of the bits.
+constexpr std::array<RoleSet, roleCount> successors = {
+    unitStart,  // FivePrimeMark
+    behindUnit, // Phosphate
+    behindRibose,
+    behindUnit, // Nucleobase
+    behindSign,
+    behindSign, // LeadingDigit
+    FinalDigit, // FullStop
+    behindUnit, // FinalDigit
+    End,        // ThreePrimeMark
+    0           // End
 };
 
-/// The points of the full expression from which the end of the text can be reached, as a set of
-/// bits. Each point lies before what it is named after.
-enum Point : quint32 {
-    Start = 1,
-    Unit = 2,
-    Core = 4,
-    NumberStart = 8,
-    NumberDigits = 16,
-    NumberStop = 32,
-    FirstLastDigit = 64,
-    MoreLastDigits = 128,
-    Phosphates = 256,
-    UnitEnd = 512,
-    Tail = 1024,
-    End = 2048,
-};
-using Points = quint32;
-
-constexpr qsizetype usualLength = 256;
-
-/// Whether the expression may end at `position`: at the end, or before one final line feed.
-bool isEnd(QStringView text, qsizetype position)
+constexpr bool holds(std::size_t set, std::size_t role)
 {
-    return position == text.size() ||
-           (position == text.size() - 1 && text[position] == QChar::LineFeed);
+    return set >> role & 1;
 }
 
-/// `point` if the character can play `role` and `next` holds `target`.
-constexpr Points step(Point point, quint8 mask, Role role, Points next, Point target)
+/// For each set of roles, what may come behind any of them.
+constexpr std::array<RoleSet, setCount> makeSuccessorsOfSets()
 {
-    return (mask & role) && (next & target) ? Points(point) : Points(0);
+    std::array<RoleSet, setCount> table{};
+    for (std::size_t set = 0; set < setCount; ++set) {
+        for (std::size_t role = 0; role < roleCount; ++role) {
+            if (holds(set, role))
+                table[set] = RoleSet(table[set] | successors[role]);
+        }
+    }
+    return table;
 }
 
-/// `point` if `points` holds `other`, to which it leads without a character.
-constexpr Points through(Point point, Points points, Point other)
+/// For each set of roles, what any of them may come behind.
+constexpr std::array<RoleSet, setCount> makePredecessorsOfSets()
 {
-    return points & other ? Points(point) : Points(0);
+    std::array<RoleSet, setCount> table{};
+    for (std::size_t set = 0; set < setCount; ++set) {
+        for (std::size_t role = 0; role < roleCount; ++role) {
+            if (successors[role] & set)
+                table[set] = RoleSet(table[set] | 1 << role);
+        }
+    }
+    return table;
 }
 
-/// The points before a character from which the end can be reached, given those behind it.
-constexpr Points pointsBefore(quint8 mask, Points next, bool isAtEnd)
+constexpr std::array<RoleSet, setCount> successorsOfSets = makeSuccessorsOfSets();
+constexpr std::array<RoleSet, setCount> predecessorsOfSets = makePredecessorsOfSets();
+
+/// The role of `options` that the full expression tries first behind `previous`. It stays in a run
+/// of digits before it tries anything else.
+RoleSet preferred(RoleSet options, RoleSet previous)
 {
-    Points points = isAtEnd ? Points(End) : Points(0);
-    points |= step(FirstLastDigit, mask, Digit, next, MoreLastDigits);
-    points |= step(NumberStop, mask, FullStop, next, FirstLastDigit) |
-              through(NumberStop, points, FirstLastDigit);
-    points |= step(NumberDigits, mask, Digit, next, NumberDigits) |
-              through(NumberDigits, points, NumberStop);
-    points |= step(NumberStart, mask, Sign, next, NumberDigits) |
-              through(NumberStart, points, NumberDigits);
-    points |= step(Core, mask, Nucleobase, next, Phosphates) | through(Core, points, NumberStart);
-    points |= step(Unit, mask, Ribose, next, Core) | through(Unit, points, Core);
-    points |= step(Tail, mask, ThreePrimeMark, next, End) | through(Tail, points, End);
-    points |= through(UnitEnd, points, Unit) | through(UnitEnd, points, Tail);
-    points |=
-        step(Phosphates, mask, Phosphate, next, Phosphates) | through(Phosphates, points, UnitEnd);
-    points |= step(MoreLastDigits, mask, Digit, next, MoreLastDigits) |
-              through(MoreLastDigits, points, Phosphates);
-    points |= step(Start, mask, FivePrimeMark, next, Unit) | through(Start, points, Unit);
-    return points;
+    if (previous == FinalDigit && (options & FinalDigit))
+        return FinalDigit;
+    return RoleSet(options & -options);
 }
 
-/// The position behind the character at `position`, which may be a surrogate pair.
-qsizetype positionBehind(QStringView text, qsizetype position)
+bool endsInLineFeed(QStringView text)
 {
-    return position + (text[position].isHighSurrogate() ? 2 : 1);
+    return text.endsWith(QChar::LineFeed);
 }
 
-bool isAsciiDigit(QStringView text, qsizetype position)
+bool isDigit(QChar character)
 {
-    return position < text.size() && text[position] >= u'0' && text[position] <= u'9';
+    return character >= u'0' && character <= u'9';
 }
 
 qsizetype behindDigits(QStringView text, qsizetype position)
 {
-    while (isAsciiDigit(text, position))
+    while (position < text.size() && isDigit(text[position]))
         ++position;
     return position;
 }
 
-/// The position behind the longest number that starts at `start`, or `start` if there is none.
+/// The position behind the number that the unit expression takes at `start`, or `start` if there is
+/// none: the longest one, but without a full stop that has no digit behind it.
 qsizetype behindNumber(QStringView text, qsizetype start)
 {
     const bool hasSign = start < text.size() && (text[start] == u'-' || text[start] == u'+');
     const qsizetype digits = hasSign ? start + 1 : start;
     const qsizetype stop = behindDigits(text, digits);
-    if (stop < text.size() && text[stop] == u'.' && isAsciiDigit(text, stop + 1))
-        return behindDigits(text, stop + 1);
+    if (stop < text.size() && text[stop] == u'.') {
+        const qsizetype end = behindDigits(text, stop + 1);
+        if (end > stop + 1)
+            return end;
+    }
     return stop > digits ? stop : start;
 }
 
-/// Whether the inside of a character class ends where it should: every bracket in it is escaped,
-/// and no escape takes the closing bracket away.
-bool isSelfContained(QStringView alphabet)
+/// The size of the character that ends at `end`, which may be a surrogate pair.
+qsizetype sizeOfCharacterBefore(QStringView text, qsizetype end)
 {
-    if (alphabet.isEmpty() || alphabet == u'^')
-        return false;
-    for (qsizetype i = 0; i < alphabet.size(); ++i) {
-        if (alphabet[i] == u'[' || alphabet[i] == u']')
-            return false;
-        if (alphabet[i] != u'\\')
-            continue;
-        ++i; // the escaped character
-        if (i == alphabet.size() || u"QEc"_s.contains(alphabet[i]))
-            return false;
-    }
-    return true;
-}
-
-/// Whether the inside of a character class stands for its characters alone, escaped brackets
-/// included.
-bool isPlain(QStringView alphabet)
-{
-    for (qsizetype i = 0; i < alphabet.size(); ++i) {
-        const bool isEscapedBracket =
-            alphabet[i] == u'\\' && (alphabet[i + 1] == u'[' || alphabet[i + 1] == u']');
-        if (isEscapedBracket)
-            ++i;
-        else if (alphabet[i] == u'\\' || alphabet[i] == u'-' || alphabet[i] == u'^' ||
-                 alphabet[i].isSurrogate())
-            return false;
-    }
-    return true;
+    return text[end - 1].isLowSurrogate() ? 2 : 1;
 }
 
 } // namespace
 
 OligoScanner::OligoScanner(const OligoAlphabets& alphabets)
 {
-    const std::pair<QString, Role> roles[] = {{alphabets.fivePrimeMarks, FivePrimeMark},
-                                              {alphabets.riboses, Ribose},
-                                              {alphabets.nucleobases, Nucleobase},
-                                              {alphabets.phosphates, Phosphate},
-                                              {alphabets.threePrimeMarks, ThreePrimeMark}};
-    for (const auto& [alphabet, role] : roles) {
-        if (!isSelfContained(alphabet)) {
-            fallBackToEngine(alphabets);
-            return;
-        }
+    const QString* const texts[] = {&alphabets.fivePrimeMarks, &alphabets.riboses,
+                                    &alphabets.nucleobases, &alphabets.phosphates,
+                                    &alphabets.threePrimeMarks};
+    bool isSelfContained = true;
+    bool isPlain = true;
+    qsizetype size = 0;
+    for (const QString* text : texts) {
+        isSelfContained = isSelfContained && CharacterClass::isSelfContained(*text);
+        isPlain = isPlain && isSelfContained &&
+                  CharacterClass(*text).form() == CharacterClass::Form::Plain;
+        size += text->size();
     }
-    for (const auto& [alphabet, role] : roles)
-        addAlphabet(alphabet, role);
-    for (char16_t digit = u'0'; digit <= u'9'; ++digit)
-        m_asciiMasks[digit] |= Digit;
-    m_asciiMasks['+'] |= Sign;
-    m_asciiMasks['-'] |= Sign;
-    m_asciiMasks['.'] |= FullStop;
+    if (size == 0)
+        return; // five empty classes do not compile
+    // The engine takes no expression of more than some ten thousand characters.
+    constexpr qsizetype surelyCompiles = 1000;
+    if (!isPlain || size > surelyCompiles) {
+        m_fullExpression.setPattern(oligoFullExpression(alphabets));
+        m_unitExpression.setPattern(oligoUnitExpression(alphabets));
+        if (!m_fullExpression.isValid())
+            return; // and nothing is in the grammar
+    }
+    m_judge = isSelfContained ? Judge::Tables : Judge::Engine;
+    if (isSelfContained)
+        fillTables(alphabets);
 }
 
-void OligoScanner::addAlphabet(const QString& alphabet, Mask mask)
+void OligoScanner::fillTables(const OligoAlphabets& alphabets)
 {
-    if (!isPlain(alphabet))
-        return addOddAlphabet(alphabet, mask);
-    for (const QChar character : alphabet) {
-        if (character == u'\\') // escapes a bracket
-            continue;
-        if (character.unicode() < asciiSize)
-            m_asciiMasks[character.unicode()] |= mask;
-        else
-            m_otherMasks[character.unicode()] |= mask;
-    }
+    addClass(CharacterClass(alphabets.fivePrimeMarks), FivePrimeMark);
+    addClass(CharacterClass(alphabets.riboses), Ribose);
+    addClass(CharacterClass(alphabets.nucleobases), Nucleobase);
+    addClass(CharacterClass(alphabets.phosphates), Phosphate);
+    addClass(CharacterClass(alphabets.threePrimeMarks), ThreePrimeMark);
+    for (char32_t digit = U'0'; digit <= U'9'; ++digit)
+        addRole(digit, LeadingDigit | FinalDigit);
+    addRole(U'+', Sign);
+    addRole(U'-', Sign);
+    addRole(U'.', FullStop);
 }
 
-void OligoScanner::addOddAlphabet(const QString& alphabet, Mask mask)
+void OligoScanner::addClass(const CharacterClass& members, Roles role)
 {
-    const QRegularExpression expression(u"\\A["_s + alphabet + u"]\\z"_s);
-    if (!expression.isValid()) {
-        m_refusesAll = true; // the expressions that hold this class are invalid too
+    for (const char32_t character : members.characters())
+        addRole(character, role);
+    if (members.form() == CharacterClass::Form::Plain)
         return;
+    for (char32_t character = 0; character < asciiSize; ++character) {
+        if (members.holds(character))
+            addRole(character, role);
     }
-    for (char16_t character = 0; character < asciiSize; ++character) {
-        if (expression.match(QString(QChar(character))).hasMatch())
-            m_asciiMasks[character] |= mask;
-    }
-    m_oddAlphabets.push_back({expression, mask});
+    m_specialClasses.emplace_back(members, role);
 }
 
-// Where keys break the structure of a class, it swallows parentheses of the expression. What still
-// compiles then has mostly lost its repeated group, so the engine's limit on nested repeats, which
-// is why there is a scanner at all, hardly matters.
-void OligoScanner::fallBackToEngine(const OligoAlphabets& alphabets)
+void OligoScanner::addRole(char32_t character, Roles role)
 {
-    m_usesEngine = true;
-    m_fullExpression.setPattern(oligoFullExpression(alphabets));
-    m_unitExpression.setPattern(oligoUnitExpression(alphabets));
-    m_refusesAll = !m_fullExpression.isValid();
+    Roles& roles = character < asciiSize ? m_asciiRoles[character] : m_otherRoles[character];
+    roles = Roles(roles | role);
 }
 
-OligoScanner::Mask OligoScanner::maskOf(char32_t character) const
+OligoScanner::Roles OligoScanner::rolesOf(char32_t character) const
 {
     if (character < asciiSize)
-        return m_asciiMasks[character];
-    Mask mask = m_otherMasks.value(character);
-    for (const OddAlphabet& alphabet : m_oddAlphabets) {
-        if (alphabet.expression.match(QString::fromUcs4(&character, 1)).hasMatch())
-            mask |= alphabet.mask;
+        return m_asciiRoles[character];
+    Roles roles = m_otherRoles.value(character);
+    for (const auto& [members, role] : m_specialClasses) {
+        if (members.holds(character))
+            roles = Roles(roles | role);
     }
-    return mask;
+    return roles;
 }
 
-OligoScanner::Mask OligoScanner::maskAt(QStringView text, qsizetype position) const
+/// The roles of the character that starts at `position`. A lone surrogate has none, so that it ends
+/// every way through the text.
+OligoScanner::Character OligoScanner::characterAt(QStringView text, qsizetype position) const
 {
-    const QChar character = text[position];
-    return character.isHighSurrogate()
-               ? maskOf(QChar::surrogateToUcs4(character, text[position + 1]))
-               : maskOf(character.unicode());
-}
-
-/// Walks from the end of `text` to its start and calls `visit` with each position and the points at
-/// it from which the end can be reached. False if a lone surrogate makes the text unreadable.
-template <typename Visit>
-bool OligoScanner::walkBackwards(QStringView text, Visit visit) const
-{
-    Points points = pointsBefore(0, 0, true);
-    visit(text.size(), points);
-    for (qsizetype position = text.size() - 1; position >= 0; --position) {
-        if (text[position].isSurrogate()) {
-            const bool isPair = text[position].isLowSurrogate() && position > 0 &&
-                                text[position - 1].isHighSurrogate();
-            if (!isPair)
-                return false;
-            --position;
-        }
-        points = pointsBefore(maskAt(text, position), points, isEnd(text, position));
-        visit(position, points);
-    }
-    return true;
+    const QChar first = text[position];
+    if (!first.isSurrogate())
+        return {rolesOf(first.unicode()), 1};
+    const bool isPair = first.isHighSurrogate() && position + 1 < text.size() &&
+                        text[position + 1].isLowSurrogate();
+    if (!isPair)
+        return {0, 1};
+    return {rolesOf(QChar::surrogateToUcs4(first, text[position + 1])), 2};
 }
 
 bool OligoScanner::matches(QStringView text) const
 {
-    if (m_refusesAll)
-        return false;
-    if (m_usesEngine)
-        return splitByEngine(text).has_value();
-    Points first = 0;
-    return walkBackwards(text, [&first](qsizetype, Points points) { first = points; }) &&
-           (first & Start);
+    switch (m_judge) {
+    case Judge::Tables:
+        return matchesByTables(text);
+    case Judge::Engine:
+        return m_fullExpression.match(text).hasMatch();
+    case Judge::Nobody:
+        break;
+    }
+    return false;
 }
 
-/// The walk from the start of a text that is in the grammar.
-struct OligoScanner::Walk
+/// Follows all ways through the text at once: what may come next, given what might have come before
+/// it.
+OligoScanner::Roles OligoScanner::follow(QStringView text, Roles next) const
 {
-    const OligoScanner& scanner;
-    QStringView text;
-    const Points* points;
-    qsizetype position = 0;
-
-    /// Takes the next character if it can play `role` and the end can be reached from `target`
-    /// behind it.
-    bool take(Role role, Point target)
-    {
-        if (position == text.size() || !(scanner.maskAt(text, position) & role))
-            return false;
-        const qsizetype behind = positionBehind(text, position);
-        if (!(points[behind] & target))
-            return false;
-        position = behind;
-        return true;
-    }
-
-    void walkNumber()
-    {
-        take(Sign, NumberDigits);
-        while (take(Digit, NumberDigits)) {
-        }
-        take(FullStop, FirstLastDigit);
-        take(Digit, MoreLastDigits);
-        while (take(Digit, MoreLastDigits)) {
+    for (qsizetype position = 0; position < text.size();) {
+        if (const char16_t unit = text[position].unicode(); unit < asciiSize) {
+            next = successorsOfSets[next & m_asciiRoles[unit]];
+            ++position;
+        } else {
+            const Character character = characterAt(text, position);
+            next = successorsOfSets[next & character.roles];
+            position += character.size;
         }
     }
+    return next;
+}
 
-    void walkUnit()
-    {
-        take(Ribose, Core);
-        if (!take(Nucleobase, Phosphates))
-            walkNumber();
-        while (take(Phosphate, Phosphates)) {
-        }
-    }
-
-    Parts parts()
-    {
-        Parts parts;
-        take(FivePrimeMark, Unit);
-        parts.fivePrimeMark = text.first(position);
-        const qsizetype bodyStart = position;
-        do {
-            walkUnit();
-        } while (points[position] & Unit);
-        const qsizetype bodyEnd = position;
-        parts.body = text.sliced(bodyStart, bodyEnd - bodyStart);
-        take(ThreePrimeMark, End);
-        parts.threePrimeMark = text.sliced(bodyEnd, position - bodyEnd);
-        return parts;
-    }
-};
+bool OligoScanner::matchesByTables(QStringView text) const
+{
+    if (!endsInLineFeed(text))
+        return follow(text, textStart) & End;
+    const Roles next = follow(text.chopped(1), textStart);
+    return (next & End) || (follow(text.last(1), next) & End);
+}
 
 std::optional<OligoScanner::Parts> OligoScanner::split(QStringView text) const
 {
-    if (m_refusesAll)
-        return std::nullopt;
-    if (m_usesEngine)
+    switch (m_judge) {
+    case Judge::Tables:
+        return splitByTables(text);
+    case Judge::Engine:
         return splitByEngine(text);
-
-    QVarLengthArray<Points, usualLength> points(text.size() + 1);
-    const bool isReadable = walkBackwards(
-        text, [&points](qsizetype position, Points alive) { points[position] = alive; });
-    if (!isReadable || !(points[0] & Start))
-        return std::nullopt;
-    Walk walk{*this, text, points.constData()};
-    return walk.parts();
+    case Judge::Nobody:
+        break;
+    }
+    return std::nullopt;
 }
 
-std::vector<OligoUnit> OligoScanner::units(QStringView body) const
+/// Where the first and the last character can be read in one way only, as with the usual alphabets,
+/// there is nothing to prefer.
+std::optional<OligoScanner::Parts> OligoScanner::splitByTables(QStringView text) const
 {
-    if (m_usesEngine)
-        return unitsByEngine(body);
-    std::vector<OligoUnit> units;
+    if (!matchesByTables(text))
+        return std::nullopt;
+    const bool hasLineFeed = endsInLineFeed(text);
+    const qsizetype end = hasLineFeed ? text.size() - 1 : text.size();
+    if (end == 0 || (hasLineFeed && rolesOf(U'\n') != 0))
+        return splitByPreference(text);
+
+    const Character first = characterAt(text, 0);
+    const Character last = characterAt(text, end - sizeOfCharacterBefore(text, end));
+    const bool hasFirstMark = first.roles & FivePrimeMark;
+    const bool hasLastMark = last.roles & ThreePrimeMark;
+    if ((hasFirstMark && (first.roles & unitStart)) || (hasLastMark && (last.roles & unitEnd)))
+        return splitByPreference(text);
+    const qsizetype bodyStart = hasFirstMark ? first.size : 0;
+    const qsizetype bodyEnd = hasLastMark ? end - last.size : end;
+    return Parts{text.first(bodyStart), text.sliced(bodyStart, bodyEnd - bodyStart),
+                 text.sliced(bodyEnd, end - bodyEnd)};
+}
+
+/// For each character the roles in which it leads to the end of the text, and End where the text
+/// may end, also behind the last character.
+std::vector<OligoScanner::Roles> OligoScanner::rolesWithinReach(QStringView text) const
+{
+    std::vector<Roles> roles;
+    roles.reserve(static_cast<std::size_t>(text.size()) + 1);
+    for (qsizetype position = 0; position < text.size();) {
+        const Character character = characterAt(text, position);
+        roles.push_back(character.roles);
+        position += character.size;
+    }
+    roles.push_back(End);
+    const std::size_t characters = roles.size() - 1;
+    const bool hasLineFeed = endsInLineFeed(text);
+    for (std::size_t i = characters; i-- > 0;) {
+        const Roles end = hasLineFeed && i == characters - 1 ? End : 0;
+        roles[i] = Roles((roles[i] & predecessorsOfSets[roles[i + 1]]) | end);
+    }
+    return roles;
+}
+
+/// Walks through a text that is in the grammar and takes, at each step, the first alternative of
+/// the expression that leads to the end. That is the match that a backtracking engine finds.
+OligoScanner::Parts OligoScanner::splitByPreference(QStringView text) const
+{
     qsizetype position = 0;
-    while (position < body.size()) {
-        if (const std::optional<OligoUnit> unit = unitAt(body, position)) {
-            units.push_back(*unit);
-            position += unit->text.size();
-        } else {
-            position = positionBehind(body, position);
-        }
+    qsizetype bodyStart = 0;
+    qsizetype bodyEnd = 0;
+    Roles options = textStart;
+    Roles role = 0;
+    for (const Roles withinReach : rolesWithinReach(text)) {
+        role = preferred(options & withinReach, role);
+        if (role == End)
+            break;
+        position += characterAt(text, position).size;
+        if (role == FivePrimeMark)
+            bodyStart = position;
+        if (role != ThreePrimeMark)
+            bodyEnd = position;
+        options = successorsOfSets[role];
     }
-    return units;
-}
-
-/// The unit that starts at `start`, with a ribose letter if it can have one.
-std::optional<OligoUnit> OligoScanner::unitAt(QStringView body, qsizetype start) const
-{
-    if (maskAt(body, start) & Ribose) {
-        const qsizetype core = positionBehind(body, start);
-        if (std::optional<OligoUnit> unit = coreAt(body, core)) {
-            unit->ribose = body.sliced(start, core - start);
-            unit->text = body.sliced(start, core - start + unit->text.size());
-            return unit;
-        }
-    }
-    return coreAt(body, start);
-}
-
-/// The base or number that starts at `start`, with the phosphates behind it.
-std::optional<OligoUnit> OligoScanner::coreAt(QStringView body, qsizetype start) const
-{
-    if (start == body.size())
-        return std::nullopt;
-    OligoUnit unit;
-    qsizetype position = start;
-    if (maskAt(body, start) & Nucleobase) {
-        position = positionBehind(body, start);
-        unit.base = body.sliced(start, position - start);
-    } else {
-        position = behindNumber(body, start);
-        unit.number = body.sliced(start, position - start);
-    }
-    if (position == start)
-        return std::nullopt;
-
-    const qsizetype phosphates = position;
-    while (position < body.size() && (maskAt(body, position) & Phosphate))
-        position = positionBehind(body, position);
-    unit.phosphates = body.sliced(phosphates, position - phosphates);
-    unit.text = body.sliced(start, position - start);
-    return unit;
+    return {text.first(bodyStart), text.sliced(bodyStart, bodyEnd - bodyStart),
+            text.sliced(bodyEnd, position - bodyEnd)};
 }
 
 std::optional<OligoScanner::Parts> OligoScanner::splitByEngine(QStringView text) const
@@ -396,6 +348,65 @@ std::optional<OligoScanner::Parts> OligoScanner::splitByEngine(QStringView text)
     if (!match.hasMatch())
         return std::nullopt;
     return Parts{match.capturedView(1), match.capturedView(2), match.capturedView(6)};
+}
+
+std::vector<OligoUnit> OligoScanner::units(QStringView body) const
+{
+    if (m_judge == Judge::Engine)
+        return unitsByEngine(body);
+    std::vector<OligoUnit> units;
+    units.reserve(static_cast<std::size_t>(body.size()) / 2 + 1);
+    for (qsizetype position = 0; position < body.size();) {
+        if (const std::optional<OligoUnit> unit = unitAt(body, position)) {
+            units.push_back(*unit);
+            position += unit->text.size();
+        } else {
+            position += characterAt(body, position).size;
+        }
+    }
+    return units;
+}
+
+/// The unit that starts at `start`, with a ribose letter if it can have one.
+std::optional<OligoUnit> OligoScanner::unitAt(QStringView body, qsizetype start) const
+{
+    const Character first = characterAt(body, start);
+    if (first.roles & Ribose) {
+        if (std::optional<OligoUnit> unit = unitAt(body, start, start + first.size))
+            return unit;
+    }
+    return unitAt(body, start, start);
+}
+
+/// The unit that starts at `start` and has its base or number at `core`.
+std::optional<OligoUnit> OligoScanner::unitAt(QStringView body, qsizetype start,
+                                              qsizetype core) const
+{
+    if (core == body.size())
+        return std::nullopt;
+    OligoUnit unit;
+    qsizetype end = core;
+    if (const Character base = characterAt(body, core); base.roles & Nucleobase) {
+        end += base.size;
+        unit.base = body.sliced(core, end - core);
+    } else {
+        end = behindNumber(body, core);
+        unit.number = body.sliced(core, end - core);
+    }
+    if (end == core)
+        return std::nullopt;
+
+    const qsizetype phosphates = end;
+    while (end < body.size()) {
+        const Character mark = characterAt(body, end);
+        if (!(mark.roles & Phosphate))
+            break;
+        end += mark.size;
+    }
+    unit.ribose = body.sliced(start, core - start);
+    unit.phosphates = body.sliced(phosphates, end - phosphates);
+    unit.text = body.sliced(start, end - start);
+    return unit;
 }
 
 std::vector<OligoUnit> OligoScanner::unitsByEngine(QStringView body) const

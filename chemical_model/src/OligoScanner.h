@@ -1,13 +1,15 @@
 #pragma once
 
+#include "CharacterClass.h"
+
 #include <QHash>
-#include <QList>
 #include <QRegularExpression>
 #include <QString>
 #include <QStringView>
 
 #include <array>
 #include <optional>
+#include <utility>
 #include <vector>
 
 namespace chem {
@@ -41,15 +43,28 @@ struct OligoUnit
 /// Judges and cuts oligonucleotide text exactly as the two expressions do, in time linear in its
 /// length.
 ///
-/// The expression engine gives up on texts of some thousand nucleotides, takes exponential time on
+/// The expression engine gives up on texts of some thousand nucleotides, backtracks at length over
 /// runs of digits that end badly, and has to compile its expressions for each state of the
-/// dictionaries. The scanner walks the same grammar as an automaton: one pass from the end marks
-/// from where the end can still be reached, and a walk from the start takes, at each step, the
-/// first alternative in the expression's own order of preference that can. That is the match a
-/// backtracking engine finds.
+/// dictionaries. The scanner keeps, for each character, the set of roles that its alphabets allow
+/// it. Which roles may follow each other is the same for all dictionaries, so judging a text is one
+/// look-up and one intersection for each character.
 ///
 /// A dictionary may hold keys that break the structure of the expressions, such as a lone
-/// backslash. Such alphabets are left to the engine, with its limits on length.
+/// backslash. Such alphabets are left to the engine, with its limits. Most of them do not even
+/// compile: where a class does not end at its bracket, it takes parentheses of the expression along
+/// and leaves the others unbalanced. What compiles all the same was written to do so (a key can
+/// close its class and go on with an expression of its own), and the engine alone can tell what it
+/// means.
+///
+/// \code
+/// const OligoScanner scanner({u"{"_s, u"rd"_s, u"ACGT"_s, u"*"_s, u"}"_s});
+/// scanner.matches(u"{rA*C}");    // true
+/// scanner.matches(u"rA*r");      // false: a ribose needs a base or number behind it
+/// scanner.split(u"{rA*C}")->body; // "rA*C"
+/// scanner.units(u"rA*C");        // "rA*" and "C"
+/// \endcode
+///
+/// All functions may be called from any number of threads.
 class OligoScanner
 {
 public:
@@ -63,7 +78,7 @@ public:
 
     explicit OligoScanner(const OligoAlphabets& alphabets);
 
-    /// Tells whether the whole text is in the grammar.
+    /// Tells whether the whole text is in the grammar. A final line feed is allowed behind it.
     bool matches(QStringView text) const;
 
     /// Splits a text that is in the grammar; nothing otherwise. The views point into `text`.
@@ -73,34 +88,38 @@ public:
     std::vector<OligoUnit> units(QStringView body) const;
 
 private:
-    using Mask = quint8;
-    struct Walk;
+    using Roles = quint16;
 
-    /// An alphabet of ranges or negations, whose members the expression engine tells.
-    struct OddAlphabet
+    /// Who judges: nobody, as the expressions are invalid; the tables below; or the engine.
+    enum class Judge { Nobody, Tables, Engine };
+
+    struct Character
     {
-        QRegularExpression expression;
-        Mask mask;
+        Roles roles;
+        qsizetype size; ///< 2 for a surrogate pair.
     };
 
-    void addAlphabet(const QString& alphabet, Mask mask);
-    void addOddAlphabet(const QString& alphabet, Mask mask);
-    void fallBackToEngine(const OligoAlphabets& alphabets);
-    Mask maskOf(char32_t character) const;
-    Mask maskAt(QStringView text, qsizetype position) const;
-    template <typename Visit>
-    bool walkBackwards(QStringView text, Visit visit) const;
+    void fillTables(const OligoAlphabets& alphabets);
+    void addClass(const CharacterClass& members, Roles role);
+    void addRole(char32_t character, Roles role);
+    Roles rolesOf(char32_t character) const;
+    Character characterAt(QStringView text, qsizetype position) const;
+    Roles follow(QStringView text, Roles next) const;
+    bool matchesByTables(QStringView text) const;
+    std::vector<Roles> rolesWithinReach(QStringView text) const;
+    Parts splitByPreference(QStringView text) const;
+    std::optional<Parts> splitByTables(QStringView text) const;
     std::optional<Parts> splitByEngine(QStringView text) const;
     std::vector<OligoUnit> unitsByEngine(QStringView body) const;
     std::optional<OligoUnit> unitAt(QStringView body, qsizetype start) const;
-    std::optional<OligoUnit> coreAt(QStringView body, qsizetype start) const;
+    std::optional<OligoUnit> unitAt(QStringView body, qsizetype start, qsizetype core) const;
 
     static constexpr std::size_t asciiSize = 128;
-    std::array<Mask, asciiSize> m_asciiMasks{};
-    QHash<char32_t, Mask> m_otherMasks;
-    std::vector<OddAlphabet> m_oddAlphabets;
-    bool m_refusesAll = false;
-    bool m_usesEngine = false;
+
+    Judge m_judge = Judge::Nobody;
+    std::array<Roles, asciiSize> m_asciiRoles{};
+    QHash<char32_t, Roles> m_otherRoles; ///< Of plain alphabets.
+    std::vector<std::pair<CharacterClass, Roles>> m_specialClasses;
     QRegularExpression m_fullExpression; ///< For the engine only.
     QRegularExpression m_unitExpression; ///< For the engine only.
 };

@@ -3,9 +3,14 @@
 #include "OligoParts.h"
 #include "OligoScanner.h"
 
-#include <QStringBuilder>
-
+#include <algorithm>
+#include <array>
+#include <bit>
+#include <forward_list>
+#include <optional>
+#include <span>
 #include <utility>
+#include <vector>
 
 using namespace Qt::StringLiterals;
 
@@ -14,46 +19,78 @@ namespace chem {
 namespace {
 
 using Nucleotides = QList<QSharedPointer<const Nucleotide>>;
-using Sites = QList<QSharedPointer<FragmentationSite>>;
+
+/// A nucleotide in its place in a chain.
+struct PlacedNucleotide
+{
+    const Nucleotide* nucleotide = nullptr;
+    const NucleotideBreaks* breaks = nullptr; ///< Null where they are not known yet.
+};
+
+/// A text that is in the grammar, read.
+struct OligoText
+{
+    QStringView fivePrimeMark;
+    QStringView threePrimeMark;
+    bool endsInNumber = false;
+    std::vector<PlacedNucleotide> nucleotides;
+    std::forward_list<Nucleotide> rareNucleotides; ///< Those that are not kept prepared.
+
+    void place(const Nucleotide& rareNucleotide)
+    {
+        nucleotides.push_back({&rareNucleotides.emplace_front(rareNucleotide)});
+    }
+};
 
 /// The name of a base that is a bare mass.
-const QString numberName = u"~~~"_s;
-
-/// The linkage that marks spell. It has no name; several marks add up.
-NamedMolecule readPhosphates(QStringView marks, const LetterTable& phosphates)
+bool isNumber(const Nucleotide& nucleotide)
 {
-    NamedMolecule linkage;
-    for (const QChar mark : marks) {
-        const NamedMolecule& phosphate = phosphates.entry(mark);
-        linkage += phosphate;
-        linkage.code += phosphate.code;
-    }
-    return linkage;
-}
-
-/// The base that the last character names.
-NamedMolecule readBase(QStringView base, const LetterTable& nucleobases)
-{
-    return base.isEmpty() ? NamedMolecule() : nucleobases.entry(base.back());
-}
-
-NamedMolecule massAsBase(QStringView number)
-{
-    const double mass = number.toDouble();
-    return NamedMolecule(Molecule(ChemicalFormula(), mass, mass), numberName, number.toString());
+    return nucleotide.nucleobase.name == "~~~"_L1;
 }
 
 /// Whether the linkage was not written but filled in.
-bool isImplicit(const NamedMolecule& phosphate)
+bool hasImplicitPhosphate(const Nucleotide& nucleotide)
 {
-    return phosphate.code.isEmpty();
+    return nucleotide.phosphate.code.isEmpty();
 }
 
-/// The nucleotide without a linkage behind it.
-QSharedPointer<const Nucleotide> withoutPhosphate(const Nucleotide& nucleotide)
+Nucleotide withoutPhosphate(const Nucleotide& nucleotide)
 {
-    return QSharedPointer<Nucleotide>::create(nucleotide.nucleobase, nucleotide.ribose,
-                                              NamedMolecule(), nucleotide.name, nucleotide.code);
+    return Nucleotide(nucleotide.nucleobase, nucleotide.ribose, NamedMolecule(), nucleotide.name,
+                      nucleotide.code);
+}
+
+/// Reads a text; nothing if it is outside the grammar. The marks point into `text`.
+std::optional<OligoText> readOligoText(const QString& text, const OligoScanner& scanner,
+                                       const OligoParts& parts)
+{
+    const std::optional<OligoScanner::Parts> split = scanner.split(text);
+    if (!split)
+        return std::nullopt;
+    OligoText result;
+    result.fivePrimeMark = split->fivePrimeMark;
+    result.threePrimeMark = split->threePrimeMark;
+
+    const std::vector<OligoUnit> units = scanner.units(split->body);
+    result.nucleotides.reserve(units.size());
+    for (const OligoUnit& unit : units) {
+        const bool isLast = &unit == &units.back();
+        result.endsInNumber = !unit.number.isEmpty();
+        // A number at the end is what the molecule ends in, so nothing links the nucleotide before
+        // it.
+        if (isLast && result.endsInNumber && !result.nucleotides.empty()) {
+            const Nucleotide& previous = *result.nucleotides.back().nucleotide;
+            if (hasImplicitPhosphate(previous)) {
+                result.nucleotides.pop_back();
+                result.place(withoutPhosphate(previous));
+            }
+        }
+        if (const PreparedNucleotide* prepared = parts.prepared(unit, isLast))
+            result.nucleotides.push_back({&prepared->nucleotide, &prepared->breaks});
+        else
+            result.place(parts.read(unit, isLast));
+    }
+    return result;
 }
 
 /// The mark's entry; one of no mass if the dictionary lacks it.
@@ -63,28 +100,132 @@ void readTerminal(QStringView mark, const LetterTable& terminals, NamedMolecule*
         *terminal = terminals.entry(mark.front());
 }
 
+/// Writes the terminals that the marks of `text` choose, and those of a text without marks: a bare
+/// number is a mass without terminals.
+void readTerminals(const OligoText& text, bool isBareNumber, const OligoParts& parts,
+                   NamedMolecule* fivePrime, NamedMolecule* threePrime)
+{
+    if (isBareNumber && text.fivePrimeMark.isEmpty())
+        *fivePrime = NamedMolecule();
+    if (isBareNumber && text.threePrimeMark.isEmpty())
+        *threePrime = NamedMolecule();
+    readTerminal(text.fivePrimeMark, parts.blocks().fivePrimeTerminals, fivePrime);
+    readTerminal(text.threePrimeMark, parts.blocks().threePrimeTerminals, threePrime);
+}
+
+bool isBareNumber(const OligoText& text)
+{
+    return text.nucleotides.size() == 1 && isNumber(*text.nucleotides.front().nucleotide);
+}
+
+/// Whether two molecules share one formula and have masses of the same bits. Unshared formulas
+/// count as different, even with equal entries.
+bool isSharedMolecule(const Molecule& one, const Molecule& other)
+{
+    const auto bits = [](double mass) {
+        return std::bit_cast<quint64>(mass);
+    };
+    if (bits(one.averageMass()) != bits(other.averageMass()) ||
+        bits(one.monoMass()) != bits(other.monoMass()))
+        return false;
+    const QMap<QString, double>& counts = one.formula().elementCountMap();
+    const QMap<QString, double>& otherCounts = other.formula().elementCountMap();
+    if (counts.isEmpty() || otherCounts.isEmpty())
+        return counts.isEmpty() && otherCounts.isEmpty();
+    return &counts.cbegin().value() == &otherCounts.cbegin().value();
+}
+
+/// Works breaks out once for each base and phosphate that a chain repeats.
+class BreaksOfChain
+{
+public:
+    explicit BreaksOfChain(const OligoSites& sites)
+        : m_sites(sites)
+    {
+    }
+
+    /// The breaks of a nucleotide. They stay valid until the call after the next one.
+    const NucleotideBreaks& of(const PlacedNucleotide& placed)
+    {
+        if (placed.breaks)
+            return *placed.breaks;
+        const Nucleotide& nucleotide = *placed.nucleotide;
+        const auto isAlike = [&nucleotide](const Known& known) {
+            return isSharedMolecule(known.nucleotide->nucleobase, nucleotide.nucleobase) &&
+                   isSharedMolecule(known.nucleotide->phosphate, nucleotide.phosphate);
+        };
+        const auto known = std::find_if(m_known.cbegin(), m_known.cend(), isAlike);
+        if (known != m_known.cend())
+            return known->breaks;
+        return add(nucleotide);
+    }
+
+private:
+    struct Known
+    {
+        const Nucleotide* nucleotide;
+        NucleotideBreaks breaks;
+    };
+
+    /// Chains of numbers have no end of different bases, so not all are kept.
+    const NucleotideBreaks& add(const Nucleotide& nucleotide)
+    {
+        constexpr std::size_t mostKnown = 16;
+        m_known.reserve(mostKnown);
+        NucleotideBreaks breaks = m_sites.breaksOf(nucleotide.nucleobase, nucleotide.phosphate);
+        if (m_known.size() < mostKnown)
+            return m_known.emplace_back(Known{&nucleotide, std::move(breaks)}).breaks;
+        m_next = 1 - m_next;
+        return m_latest[m_next].emplace(std::move(breaks));
+    }
+
+    const OligoSites& m_sites;
+    std::vector<Known> m_known;
+    std::array<std::optional<NucleotideBreaks>, 2> m_latest; ///< Of those that are not kept.
+    std::size_t m_next = 0;
+};
+
+/// Lays nucleotides out between their terminals.
+QSharedPointer<MoleculeComplex> layOut(std::span<const PlacedNucleotide> nucleotides,
+                                       const NamedMolecule& fivePrime,
+                                       const NamedMolecule& threePrime, const OligoSites& sites)
+{
+    const auto size = static_cast<qsizetype>(nucleotides.size());
+    QList<QSharedPointer<ComplexResidue>> residues;
+    QList<QList<QSharedPointer<FragmentationSite>>> siteLists;
+    residues.reserve(size + 2);
+    siteLists.reserve(size + 2);
+    const auto appendResidue = [&residues](const NamedMolecule& residue) {
+        const int position = static_cast<int>(residues.size());
+        residues.append(QSharedPointer<ComplexResidue>::create(residue, position));
+    };
+
+    ChainTotal total(fivePrime);
+    total.add(threePrime);
+    appendResidue(fivePrime);
+    siteLists.emplaceBack();
+    BreaksOfChain breaksOfChain(sites);
+    const NucleotideBreaks* previous = &sites.beforeFirst();
+    for (const PlacedNucleotide& placed : nucleotides) {
+        const NucleotideBreaks& breaks = breaksOfChain.of(placed);
+        const bool isInner = &placed != &nucleotides.front() && &placed != &nucleotides.back();
+        total.add(*placed.nucleotide);
+        appendResidue(*placed.nucleotide);
+        siteLists.append(sites.sitesAt(*previous, breaks, isInner));
+        previous = &breaks;
+    }
+    appendResidue(threePrime);
+    siteLists.emplaceBack();
+    return QSharedPointer<MoleculeComplex>::create(total.result(), residues, siteLists);
+}
+
 } // namespace
 
-/// Makes the nucleotide of one unit. A number has neither a default sugar nor a default linkage,
-/// and a last nucleotide keeps only a linkage that was written.
-QSharedPointer<const Nucleotide> ChemicalFactory::readNucleotide(const OligoUnit& unit,
-                                                                 bool isLast) const
+void ChemicalFactory::unmarkedOligoTermini(NamedMolecule* fivePrime,
+                                           NamedMolecule* threePrime) const
 {
-    const bool isNumber = !unit.number.isEmpty();
-    NamedMolecule phosphate = readPhosphates(unit.phosphates, m_oligoParts->phosphates);
-    NamedMolecule ribose;
-    if (unit.ribose.size() == 1)
-        ribose = m_oligoParts->riboses.entry(unit.ribose.front());
-    else if (unit.ribose.isEmpty() && !isNumber)
-        ribose = defaultRibose;
-    if (!isNumber && !isLast && isImplicit(phosphate))
-        phosphate = defaultPhosphate;
-    if (isLast && isImplicit(phosphate))
-        phosphate = NamedMolecule();
-    const NamedMolecule nucleobase =
-        isNumber ? massAsBase(unit.number) : readBase(unit.base, m_oligoParts->nucleobases);
-    const QString code = unit.ribose % (isNumber ? unit.number : unit.base) % unit.phosphates;
-    return QSharedPointer<Nucleotide>::create(nucleobase, ribose, phosphate, nucleobase.name, code);
+    *fivePrime = NamedMolecule(hydrogen, u"5Prime"_s, QString());
+    *threePrime = NamedMolecule(hydroxyl, u"3Prime"_s, QString());
 }
 
 bool ChemicalFactory::parseNucleotideSequence(const QString& sequence,
@@ -92,123 +233,73 @@ bool ChemicalFactory::parseNucleotideSequence(const QString& sequence,
                                               NamedMolecule* fivePrime,
                                               NamedMolecule* threePrime) const
 {
-    const auto parts = m_oligoScanner->split(sequence);
-    *fivePrime = NamedMolecule(hydrogen, u"5Prime"_s, QString());
-    *threePrime = NamedMolecule(hydroxyl, u"3Prime"_s, QString());
-    if (!parts)
+    const auto text = readOligoText(sequence, *m_oligoScanner, *m_oligoParts);
+    unmarkedOligoTermini(fivePrime, threePrime);
+    if (!text)
         return false;
 
-    const auto units = m_oligoScanner->units(parts->body);
-    nucleotides->reserve(nucleotides->size() + static_cast<qsizetype>(units.size()));
-    for (const OligoUnit& unit : units) {
-        const bool isLast = &unit == &units.back();
-        // A number at the end is what the molecule ends in, so nothing links the nucleotide before
-        // it.
-        if (isLast && !unit.number.isEmpty() && !nucleotides->isEmpty() &&
-            isImplicit(nucleotides->constLast()->phosphate))
-            nucleotides->last() = withoutPhosphate(*nucleotides->constLast());
-        nucleotides->append(readNucleotide(unit, isLast));
-    }
+    // The list is the caller's: a lone number takes the phosphate of an earlier entry as well.
+    const bool isLoneNumber = text->endsInNumber && text->nucleotides.size() == 1;
+    if (isLoneNumber && !nucleotides->isEmpty() && hasImplicitPhosphate(*nucleotides->constLast()))
+        nucleotides->last() =
+            QSharedPointer<Nucleotide>::create(withoutPhosphate(*nucleotides->constLast()));
+    nucleotides->reserve(nucleotides->size() + static_cast<qsizetype>(text->nucleotides.size()));
+    for (const PlacedNucleotide& placed : text->nucleotides)
+        nucleotides->append(QSharedPointer<const Nucleotide>::create(*placed.nucleotide));
 
-    // A bare number is a mass without terminals.
-    if (nucleotides->size() == 1 && nucleotides->constFirst()->nucleobase.name == numberName) {
-        if (parts->fivePrimeMark.isEmpty())
-            *fivePrime = NamedMolecule();
-        if (parts->threePrimeMark.isEmpty())
-            *threePrime = NamedMolecule();
-    }
-    readTerminal(parts->fivePrimeMark, m_oligoParts->fivePrimeTerminals, fivePrime);
-    readTerminal(parts->threePrimeMark, m_oligoParts->threePrimeTerminals, threePrime);
+    const bool isBareNumber = nucleotides->size() == 1 && isNumber(*nucleotides->constFirst());
+    readTerminals(*text, isBareNumber, *m_oligoParts, fivePrime, threePrime);
     return true;
 }
 
 QSharedPointer<MoleculeComplex>
 ChemicalFactory::constructLinearOligoComplex(const QString& sequence) const
 {
-    const QString text = sequence.simplified().remove(u' ');
-    Nucleotides nucleotides;
+    const QString letters = sequence.simplified().remove(u' ');
+    const auto text = readOligoText(letters, *m_oligoScanner, *m_oligoParts);
+    if (!text)
+        return {};
     NamedMolecule fivePrime;
     NamedMolecule threePrime;
-    if (!parseNucleotideSequence(text, &nucleotides, &fivePrime, &threePrime))
-        return {};
-    return constructLinearOligoComplex(nucleotides, fivePrime, threePrime);
-}
-
-/// The ways in which the chain breaks at nucleotide `index`. The phosphate that stays or goes is
-/// the one behind the nucleotide for ions of the 5' end and the one before it for ions of the 3'
-/// end.
-QList<QSharedPointer<FragmentationSite>>
-ChemicalFactory::oligoSites(const QList<QSharedPointer<const Nucleotide>>& nucleotides,
-                            qsizetype index) const
-{
-    const Molecule nothing;
-    const Molecule& phosphate = nucleotides[index]->phosphate;
-    const Molecule previousPhosphate =
-        index > 0 ? Molecule(nucleotides[index - 1]->phosphate) : nothing;
-    const bool isInner = index > 0 && index < nucleotides.size() - 1;
-
-    Sites sites;
-    sites.reserve(9);
-    const auto append = [&sites](FragmentType type, const Molecule& gained, const Molecule& lost) {
-        sites.append(QSharedPointer<FragmentationSite>::create(type, gained, lost));
-    };
-    if (isInner)
-        append(FragmentType::AB, nothing,
-               phosphate + nucleotides[index]->nucleobase + hydrogenPair);
-    append(FragmentType::D, hydroxyl, nothing);
-    append(FragmentType::B, hydroxyl, phosphate);
-    append(FragmentType::C, oxygen, hydroxyl);
-    append(FragmentType::A, nothing, phosphate + hydrogen);
-    append(FragmentType::W, previousPhosphate + hydrogen, nothing);
-    append(FragmentType::Y, hydrogen, nothing);
-    append(FragmentType::Z, nothing, hydroxyl);
-    append(FragmentType::X, previousPhosphate, hydroxyl);
-    return sites;
+    unmarkedOligoTermini(&fivePrime, &threePrime);
+    readTerminals(*text, isBareNumber(*text), *m_oligoParts, &fivePrime, &threePrime);
+    return layOut(text->nucleotides, fivePrime, threePrime, m_oligoParts->sites());
 }
 
 QSharedPointer<MoleculeComplex> ChemicalFactory::constructLinearOligoComplex(
     const QList<QSharedPointer<const Nucleotide>>& nucleotides, const NamedMolecule& fivePrime,
     const NamedMolecule& threePrime) const
 {
-    QList<QSharedPointer<ComplexResidue>> residues;
-    QList<Sites> sites;
-    residues.reserve(nucleotides.size() + 2);
-    sites.reserve(nucleotides.size() + 2);
-    ChainTotal total;
-    const auto append = [&](const NamedMolecule& residue, const Sites& residueSites) {
-        const int position = static_cast<int>(residues.size());
-        residues.append(QSharedPointer<ComplexResidue>::create(residue, position));
-        sites.append(residueSites);
-    };
-
-    total.add(fivePrime);
-    total.add(threePrime);
-    append(fivePrime, {});
-    for (qsizetype i = 0; i < nucleotides.size(); ++i) {
-        total.add(*nucleotides[i]);
-        append(*nucleotides[i], oligoSites(nucleotides, i));
-    }
-    append(threePrime, {});
-    return QSharedPointer<MoleculeComplex>::create(total.result(), residues, sites);
+    std::vector<PlacedNucleotide> placed;
+    placed.reserve(static_cast<std::size_t>(nucleotides.size()));
+    for (const auto& nucleotide : nucleotides)
+        placed.push_back({nucleotide.data()});
+    return layOut(placed, fivePrime, threePrime, m_oligoParts->sites());
 }
 
 void ChemicalFactory::constructLinearOligoComplexes(
     const QString& sequence, int fivePrimeTruncations, int threePrimeTruncations,
     QList<QSharedPointer<const MoleculeComplex>>* complexes) const
 {
-    Nucleotides nucleotides;
+    const auto text = readOligoText(sequence, *m_oligoScanner, *m_oligoParts);
     NamedMolecule fivePrime;
     NamedMolecule threePrime;
-    parseNucleotideSequence(sequence, &nucleotides, &fivePrime, &threePrime);
+    unmarkedOligoTermini(&fivePrime, &threePrime);
+    std::span<const PlacedNucleotide> whole;
+    if (text) {
+        readTerminals(*text, isBareNumber(*text), *m_oligoParts, &fivePrime, &threePrime);
+        whole = text->nucleotides;
+    }
 
-    const auto append = [&](const Nucleotides& remaining) {
-        complexes->append(constructLinearOligoComplex(remaining, fivePrime, threePrime));
+    const auto append = [&](std::span<const PlacedNucleotide> remaining) {
+        complexes->append(layOut(remaining, fivePrime, threePrime, m_oligoParts->sites()));
     };
-    append(nucleotides);
-    for (qsizetype i = 1; i <= fivePrimeTruncations; ++i)
-        append(nucleotides.mid(i));
-    for (qsizetype j = 1; j <= threePrimeTruncations; ++j)
-        append(nucleotides.mid(0, nucleotides.size() - j));
+    append(whole);
+    for (std::size_t i = 1; std::cmp_less_equal(i, fivePrimeTruncations); ++i)
+        append(whole.subspan(std::min(i, whole.size())));
+    // Beyond its length the list is whole again, as QList::mid() has it for a negative length.
+    for (std::size_t j = 1; std::cmp_less_equal(j, threePrimeTruncations); ++j)
+        append(j > whole.size() ? whole : whole.first(whole.size() - j));
 }
 
 } // namespace chem

@@ -1,0 +1,60 @@
+#pragma once
+
+#include "LinearComplex.h"
+
+#include <QList>
+#include <QSharedPointer>
+
+namespace chem {
+
+/// The ways in which a chain breaks at a nucleotide, as far as they follow from the nucleotide
+/// itself, and the ones that its phosphate brings about at the next nucleotide.
+struct NucleotideBreaks
+{
+    FragmentationSite aB;
+    FragmentationSite b;
+    FragmentationSite a;
+    FragmentationSite nextW;
+    FragmentationSite nextX;
+};
+
+/// Lays out the fragmentation sites of oligonucleotides.
+///
+/// Working a site out costs some formula arithmetic, copying one costs two reference counts. So
+/// what is the same for all nucleotides, or for all with one base and one phosphate, is worked out
+/// once.
+class OligoSites
+{
+public:
+    /// What comes and goes when a backbone breaks.
+    struct Pieces
+    {
+        Molecule hydrogen;
+        Molecule hydroxyl;
+        Molecule oxygen;
+        Molecule hydrogenPair;
+    };
+
+    explicit OligoSites(const Pieces& pieces);
+
+    /// Works out the breaks of a nucleotide with this base and this phosphate on its 3' side.
+    NucleotideBreaks breaksOf(const Molecule& nucleobase, const Molecule& phosphate) const;
+
+    /// What stands in for the nucleotide before the first one: it has no phosphate.
+    const NucleotideBreaks& beforeFirst() const { return m_beforeFirst; }
+
+    /// Makes the sites of one position, in their order. Only a nucleotide with neighbours on both
+    /// sides, an inner one, can lose its base alone.
+    QList<QSharedPointer<FragmentationSite>>
+    sitesAt(const NucleotideBreaks& previous, const NucleotideBreaks& current, bool isInner) const;
+
+private:
+    Pieces m_pieces;
+    FragmentationSite m_c;
+    FragmentationSite m_d;
+    FragmentationSite m_y;
+    FragmentationSite m_z;
+    NucleotideBreaks m_beforeFirst;
+};
+
+} // namespace chem
