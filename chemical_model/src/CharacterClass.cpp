@@ -13,11 +13,19 @@ bool isBracket(QChar character)
     return character == u'[' || character == u']';
 }
 
+/// Whether a class of this inside looks like `[.x.]`, `[:x:]` or `[=x=]`, which the engine refuses.
+bool looksLikePosixName(QStringView text)
+{
+    const QStringView openers = u".:=";
+    return text.size() > 1 && openers.contains(text.front()) && text.front() == text.back();
+}
+
 /// Whether nothing but escaped brackets means more than itself. A backslash is never the last
 /// character of a self-contained text.
 bool isPlain(QStringView text)
 {
-    if (text.startsWith(u'^') || text.contains(u'-') || !text.isValidUtf16())
+    if (text.startsWith(u'^') || text.contains(u'-') || looksLikePosixName(text) ||
+        !text.isValidUtf16())
         return false;
     for (qsizetype i = 0; i < text.size(); ++i) {
         if (text[i] == u'\\' && !isBracket(text[++i]))

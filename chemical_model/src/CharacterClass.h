@@ -16,7 +16,7 @@ public:
     /// What it takes to tell the characters.
     enum class Form {
         Plain,  ///< Each character stands for itself; `\[` and `\]` stand for brackets.
-        Special ///< Ranges, a negation or escapes: the expression engine tells.
+        Special ///< Ranges, a negation, escapes, odd texts: the expression engine tells.
     };
 
     /// Whether the class ends at the closing bracket that an expression puts behind `text`: every

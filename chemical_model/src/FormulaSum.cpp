@@ -1,15 +1,21 @@
 #include "FormulaSum.h"
 
-#include <algorithm>
+#include <QStringView>
+
+#include <string_view>
 
 namespace chem {
 
 namespace {
 
-/// Symbols have a letter or two: comparing them here is cheaper than a call into the text library.
-bool isSameSymbol(const QString& a, const QString& b)
+/// The order of QString. Symbols have one or two characters, for which a call costs more than the
+/// comparison.
+int compareSymbols(QStringView one, QStringView other)
 {
-    return std::ranges::equal(a, b);
+    const auto viewOf = [](QStringView text) {
+        return std::u16string_view(text.utf16(), static_cast<std::size_t>(text.size()));
+    };
+    return viewOf(one).compare(viewOf(other));
 }
 
 } // namespace
@@ -26,14 +32,13 @@ void FormulaSum::add(const ChemicalFormula& formula)
     const QMap<QString, double>& addends = formula.elementCountMap();
     auto entry = m_entries.begin();
     for (auto addend = addends.cbegin(); addend != addends.cend(); ++addend) {
-        const QString& symbol = addend.key();
-        while (entry != m_entries.end() && !isSameSymbol(entry->symbol, symbol) &&
-               entry->symbol < symbol)
+        int order = 1;
+        while (entry != m_entries.end() &&
+               (order = compareSymbols(entry->symbol, addend.key())) < 0)
             ++entry;
-        if (entry == m_entries.end() || !isSameSymbol(entry->symbol, symbol))
-            entry = m_entries.insert(entry, {symbol, 0.0});
+        if (entry == m_entries.end() || order > 0)
+            entry = m_entries.insert(entry, {addend.key(), 0.0});
         entry->count += addend.value();
-        ++entry;
     }
 }
 

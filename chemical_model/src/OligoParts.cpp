@@ -4,6 +4,7 @@
 
 #include <QStringBuilder>
 
+#include <bit>
 #include <memory>
 #include <optional>
 #include <utility>
@@ -43,6 +44,23 @@ std::size_t firstSlotOf(quint64 key, std::size_t bits)
 }
 
 } // namespace
+
+/// Whether two molecules share one formula and have masses of the same bits. Unshared formulas
+/// count as different, even with equal entries.
+bool isSharedMolecule(const Molecule& one, const Molecule& other)
+{
+    const auto bits = [](double mass) {
+        return std::bit_cast<quint64>(mass);
+    };
+    if (bits(one.averageMass()) != bits(other.averageMass()) ||
+        bits(one.monoMass()) != bits(other.monoMass()))
+        return false;
+    const QMap<QString, double>& counts = one.formula().elementCountMap();
+    const QMap<QString, double>& otherCounts = other.formula().elementCountMap();
+    if (counts.isEmpty() || otherCounts.isEmpty())
+        return counts.isEmpty() && otherCounts.isEmpty();
+    return &counts.cbegin().value() == &otherCounts.cbegin().value();
+}
 
 OligoParts::OligoParts(Blocks blocks, const OligoSites::Pieces& pieces)
     : m_blocks(std::move(blocks))
@@ -92,33 +110,54 @@ Nucleotide OligoParts::read(const OligoUnit& unit, bool isLast) const
     return Nucleotide(nucleobase, ribose, phosphate, nucleobase.name, code);
 }
 
+/// The slot that holds the nucleotide of this key or is free for it; null if the table is full
+/// there.
+OligoParts::Slot* OligoParts::slotFor(quint64 key) const
+{
+    constexpr std::size_t longestSearch = 8;
+    const std::size_t first = firstSlotOf(key, slotBits);
+    for (std::size_t i = 0; i < longestSearch; ++i) {
+        Slot& slot = m_slots[(first + i) % slotCount];
+        const PreparedNucleotide* found = slot.load(std::memory_order_acquire);
+        if (!found || found->key == key)
+            return &slot;
+    }
+    return nullptr;
+}
+
 const PreparedNucleotide* OligoParts::prepared(const OligoUnit& unit, bool isLast) const
 {
     const std::optional<quint64> key = keyOf(unit, isLast);
-    if (!key)
+    Slot* const slot = key ? slotFor(*key) : nullptr;
+    if (!slot)
         return nullptr;
-    constexpr std::size_t longestSearch = 8;
-    const std::size_t first = firstSlotOf(*key, slotBits);
-    std::unique_ptr<const PreparedNucleotide> made;
-    for (std::size_t i = 0; i < longestSearch; ++i) {
-        auto& slot = m_slots[(first + i) % slotCount];
-        const PreparedNucleotide* found = slot.load(std::memory_order_acquire);
-        if (!found) {
-            if (!made) {
-                const Nucleotide nucleotide = read(unit, isLast);
-                made.reset(new PreparedNucleotide{
-                    *key, nucleotide,
-                    m_sites.breaksOf(nucleotide.nucleobase, nucleotide.phosphate)});
-            }
-            // Another thread may have filled the slot meanwhile: then `found` is its nucleotide.
-            if (slot.compare_exchange_strong(found, made.get(), std::memory_order_acq_rel,
-                                             std::memory_order_acquire))
-                return made.release();
-        }
-        if (found->key == *key)
-            return found;
-    }
-    return nullptr;
+    const PreparedNucleotide* found = slot->load(std::memory_order_acquire);
+    if (found)
+        return found;
+
+    const Nucleotide nucleotide = read(unit, isLast);
+    std::unique_ptr<const PreparedNucleotide> made(new PreparedNucleotide{
+        *key, nucleotide, m_sites.breaksOf(nucleotide.nucleobase, nucleotide.phosphate)});
+    if (slot->compare_exchange_strong(found, made.get(), std::memory_order_acq_rel,
+                                      std::memory_order_acquire))
+        return made.release();
+    return found->key == *key ? found : nullptr; // another thread was first
+}
+
+const PreparedNucleotide* OligoParts::preparedFor(const Nucleotide& nucleotide) const
+{
+    OligoUnit unit;
+    unit.ribose = nucleotide.ribose.code;
+    unit.base = nucleotide.nucleobase.code;
+    unit.phosphates = nucleotide.phosphate.code;
+    const bool isLast = unit.phosphates.isEmpty() && nucleotide.phosphate.formula().isEmpty();
+    const std::optional<quint64> key = keyOf(unit, isLast);
+    const Slot* const slot = key ? slotFor(*key) : nullptr;
+    const PreparedNucleotide* found = slot ? slot->load(std::memory_order_acquire) : nullptr;
+    const bool isOrigin = found &&
+                          isSharedMolecule(found->nucleotide.nucleobase, nucleotide.nucleobase) &&
+                          isSharedMolecule(found->nucleotide.phosphate, nucleotide.phosphate);
+    return isOrigin ? found : nullptr;
 }
 
 } // namespace chem

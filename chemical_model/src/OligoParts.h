@@ -11,6 +11,10 @@ namespace chem {
 
 struct OligoUnit;
 
+/// Whether two molecules share one formula and have masses of the same bits. Unshared formulas
+/// count as different, even with equal entries.
+bool isSharedMolecule(const Molecule& one, const Molecule& other);
+
 /// A nucleotide that many texts have, ready to be copied.
 struct PreparedNucleotide
 {
@@ -55,7 +59,14 @@ public:
     /// full. The result lives as long as this object.
     const PreparedNucleotide* prepared(const OligoUnit& unit, bool isLast) const;
 
+    /// The prepared nucleotide that `nucleotide` was copied from; null if it is not there. Whatever
+    /// became of other fields meanwhile, its base and its phosphate are still the same.
+    const PreparedNucleotide* preparedFor(const Nucleotide& nucleotide) const;
+
 private:
+    using Slot = std::atomic<const PreparedNucleotide*>;
+
+    Slot* slotFor(quint64 key) const;
     NamedMolecule readPhosphates(QStringView marks) const;
 
     static constexpr std::size_t slotBits = 9;
@@ -63,7 +74,7 @@ private:
 
     Blocks m_blocks;
     OligoSites m_sites;
-    mutable std::array<std::atomic<const PreparedNucleotide*>, slotCount> m_slots{};
+    mutable std::array<Slot, slotCount> m_slots{};
 };
 
 } // namespace chem

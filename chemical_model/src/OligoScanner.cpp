@@ -350,12 +350,11 @@ std::optional<OligoScanner::Parts> OligoScanner::splitByEngine(QStringView text)
     return Parts{match.capturedView(1), match.capturedView(2), match.capturedView(6)};
 }
 
-std::vector<OligoUnit> OligoScanner::units(QStringView body) const
+OligoUnits OligoScanner::units(QStringView body) const
 {
     if (m_judge == Judge::Engine)
         return unitsByEngine(body);
-    std::vector<OligoUnit> units;
-    units.reserve(static_cast<std::size_t>(body.size()) / 2 + 1);
+    OligoUnits units;
     for (qsizetype position = 0; position < body.size();) {
         if (const std::optional<OligoUnit> unit = unitAt(body, position)) {
             units.push_back(*unit);
@@ -409,9 +408,9 @@ std::optional<OligoUnit> OligoScanner::unitAt(QStringView body, qsizetype start,
     return unit;
 }
 
-std::vector<OligoUnit> OligoScanner::unitsByEngine(QStringView body) const
+OligoUnits OligoScanner::unitsByEngine(QStringView body) const
 {
-    std::vector<OligoUnit> units;
+    OligoUnits units;
     if (!m_unitExpression.isValid())
         return units;
     QRegularExpressionMatchIterator matches = m_unitExpression.globalMatch(body);

@@ -6,6 +6,7 @@
 #include <QRegularExpression>
 #include <QString>
 #include <QStringView>
+#include <QVarLengthArray>
 
 #include <array>
 #include <optional>
@@ -39,6 +40,9 @@ struct OligoUnit
     QStringView number;     ///< The number in place of a base, or empty.
     QStringView phosphates; ///< The marks behind the base, any number.
 };
+
+/// The nucleotides of a body. Those of a usual strand need no allocation.
+using OligoUnits = QVarLengthArray<OligoUnit, 32>;
 
 /// Judges and cuts oligonucleotide text exactly as the two expressions do, in time linear in its
 /// length.
@@ -85,7 +89,7 @@ public:
     std::optional<Parts> split(QStringView text) const;
 
     /// Cuts a body into nucleotides, skipping what belongs to none. The views point into `body`.
-    std::vector<OligoUnit> units(QStringView body) const;
+    OligoUnits units(QStringView body) const;
 
 private:
     using Roles = quint16;
@@ -110,7 +114,7 @@ private:
     Parts splitByPreference(QStringView text) const;
     std::optional<Parts> splitByTables(QStringView text) const;
     std::optional<Parts> splitByEngine(QStringView text) const;
-    std::vector<OligoUnit> unitsByEngine(QStringView body) const;
+    OligoUnits unitsByEngine(QStringView body) const;
     std::optional<OligoUnit> unitAt(QStringView body, qsizetype start) const;
     std::optional<OligoUnit> unitAt(QStringView body, qsizetype start, qsizetype core) const;
 

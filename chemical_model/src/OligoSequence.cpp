@@ -5,7 +5,6 @@
 
 #include <algorithm>
 #include <array>
-#include <bit>
 #include <forward_list>
 #include <optional>
 #include <span>
@@ -71,8 +70,8 @@ std::optional<OligoText> readOligoText(const QString& text, const OligoScanner& 
     result.fivePrimeMark = split->fivePrimeMark;
     result.threePrimeMark = split->threePrimeMark;
 
-    const std::vector<OligoUnit> units = scanner.units(split->body);
-    result.nucleotides.reserve(units.size());
+    const OligoUnits units = scanner.units(split->body);
+    result.nucleotides.reserve(static_cast<std::size_t>(units.size()));
     for (const OligoUnit& unit : units) {
         const bool isLast = &unit == &units.back();
         result.endsInNumber = !unit.number.isEmpty();
@@ -118,29 +117,12 @@ bool isBareNumber(const OligoText& text)
     return text.nucleotides.size() == 1 && isNumber(*text.nucleotides.front().nucleotide);
 }
 
-/// Whether two molecules share one formula and have masses of the same bits. Unshared formulas
-/// count as different, even with equal entries.
-bool isSharedMolecule(const Molecule& one, const Molecule& other)
-{
-    const auto bits = [](double mass) {
-        return std::bit_cast<quint64>(mass);
-    };
-    if (bits(one.averageMass()) != bits(other.averageMass()) ||
-        bits(one.monoMass()) != bits(other.monoMass()))
-        return false;
-    const QMap<QString, double>& counts = one.formula().elementCountMap();
-    const QMap<QString, double>& otherCounts = other.formula().elementCountMap();
-    if (counts.isEmpty() || otherCounts.isEmpty())
-        return counts.isEmpty() && otherCounts.isEmpty();
-    return &counts.cbegin().value() == &otherCounts.cbegin().value();
-}
-
 /// Works breaks out once for each base and phosphate that a chain repeats.
 class BreaksOfChain
 {
 public:
-    explicit BreaksOfChain(const OligoSites& sites)
-        : m_sites(sites)
+    explicit BreaksOfChain(const OligoParts& parts)
+        : m_parts(parts)
     {
     }
 
@@ -150,6 +132,8 @@ public:
         if (placed.breaks)
             return *placed.breaks;
         const Nucleotide& nucleotide = *placed.nucleotide;
+        if (const PreparedNucleotide* prepared = m_parts.preparedFor(nucleotide))
+            return prepared->breaks;
         const auto isAlike = [&nucleotide](const Known& known) {
             return isSharedMolecule(known.nucleotide->nucleobase, nucleotide.nucleobase) &&
                    isSharedMolecule(known.nucleotide->phosphate, nucleotide.phosphate);
@@ -172,14 +156,15 @@ private:
     {
         constexpr std::size_t mostKnown = 16;
         m_known.reserve(mostKnown);
-        NucleotideBreaks breaks = m_sites.breaksOf(nucleotide.nucleobase, nucleotide.phosphate);
+        NucleotideBreaks breaks =
+            m_parts.sites().breaksOf(nucleotide.nucleobase, nucleotide.phosphate);
         if (m_known.size() < mostKnown)
             return m_known.emplace_back(Known{&nucleotide, std::move(breaks)}).breaks;
         m_next = 1 - m_next;
         return m_latest[m_next].emplace(std::move(breaks));
     }
 
-    const OligoSites& m_sites;
+    const OligoParts& m_parts;
     std::vector<Known> m_known;
     std::array<std::optional<NucleotideBreaks>, 2> m_latest; ///< Of those that are not kept.
     std::size_t m_next = 0;
@@ -188,7 +173,7 @@ private:
 /// Lays nucleotides out between their terminals.
 QSharedPointer<MoleculeComplex> layOut(std::span<const PlacedNucleotide> nucleotides,
                                        const NamedMolecule& fivePrime,
-                                       const NamedMolecule& threePrime, const OligoSites& sites)
+                                       const NamedMolecule& threePrime, const OligoParts& parts)
 {
     const auto size = static_cast<qsizetype>(nucleotides.size());
     QList<QSharedPointer<ComplexResidue>> residues;
@@ -204,14 +189,14 @@ QSharedPointer<MoleculeComplex> layOut(std::span<const PlacedNucleotide> nucleot
     total.add(threePrime);
     appendResidue(fivePrime);
     siteLists.emplaceBack();
-    BreaksOfChain breaksOfChain(sites);
-    const NucleotideBreaks* previous = &sites.beforeFirst();
+    BreaksOfChain breaksOfChain(parts);
+    const NucleotideBreaks* previous = &parts.sites().beforeFirst();
     for (const PlacedNucleotide& placed : nucleotides) {
         const NucleotideBreaks& breaks = breaksOfChain.of(placed);
         const bool isInner = &placed != &nucleotides.front() && &placed != &nucleotides.back();
         total.add(*placed.nucleotide);
         appendResidue(*placed.nucleotide);
-        siteLists.append(sites.sitesAt(*previous, breaks, isInner));
+        siteLists.append(parts.sites().sitesAt(*previous, breaks, isInner));
         previous = &breaks;
     }
     appendResidue(threePrime);
@@ -263,7 +248,7 @@ ChemicalFactory::constructLinearOligoComplex(const QString& sequence) const
     NamedMolecule threePrime;
     unmarkedOligoTermini(&fivePrime, &threePrime);
     readTerminals(*text, isBareNumber(*text), *m_oligoParts, &fivePrime, &threePrime);
-    return layOut(text->nucleotides, fivePrime, threePrime, m_oligoParts->sites());
+    return layOut(text->nucleotides, fivePrime, threePrime, *m_oligoParts);
 }
 
 QSharedPointer<MoleculeComplex> ChemicalFactory::constructLinearOligoComplex(
@@ -274,7 +259,7 @@ QSharedPointer<MoleculeComplex> ChemicalFactory::constructLinearOligoComplex(
     placed.reserve(static_cast<std::size_t>(nucleotides.size()));
     for (const auto& nucleotide : nucleotides)
         placed.push_back({nucleotide.data()});
-    return layOut(placed, fivePrime, threePrime, m_oligoParts->sites());
+    return layOut(placed, fivePrime, threePrime, *m_oligoParts);
 }
 
 void ChemicalFactory::constructLinearOligoComplexes(
@@ -292,7 +277,7 @@ void ChemicalFactory::constructLinearOligoComplexes(
     }
 
     const auto append = [&](std::span<const PlacedNucleotide> remaining) {
-        complexes->append(layOut(remaining, fivePrime, threePrime, m_oligoParts->sites()));
+        complexes->append(layOut(remaining, fivePrime, threePrime, *m_oligoParts));
     };
     append(whole);
     for (std::size_t i = 1; std::cmp_less_equal(i, fivePrimeTruncations); ++i)

@@ -1,0 +1,345 @@
+#include <ChemicalFactory.h>
+#include <LinearFragments.h>
+
+#include <QRegularExpression>
+
+#include <benchmark/benchmark.h>
+
+#include <random>
+
+using namespace Qt::StringLiterals;
+
+// All times are for one text, but where a name says otherwise. The yardsticks compile the generated
+// expressions for each text; the floors do the least that any implementation must.
+
+namespace {
+
+using chem::ChemicalFactory;
+using chem::FragmentationSite;
+using chem::Molecule;
+using chem::NamedMolecule;
+using chem::Nucleotide;
+using Nucleotides = QList<QSharedPointer<const Nucleotide>>;
+
+constexpr int textCount = 2000;
+
+/// Strands of 20 to 25 nucleotides in the chemistries of the field: DNA, RNA, thioate DNA and
+/// gapmers. On the average a text has some 45 characters.
+QStringList makeTexts()
+{
+    std::mt19937 random(20261121);
+    const auto draw = [&random](unsigned end) {
+        return static_cast<qsizetype>(random() % end);
+    };
+    const QStringList riboses = {QString(), u"r"_s, QString(), u"e"_s};
+    const QStringList linkages = {QString(), QString(), u"*"_s, u"*"_s};
+    QStringList texts;
+    for (int i = 0; i < textCount; ++i) {
+        const qsizetype chemistry = i % 4;
+        const qsizetype length = 20 + draw(6);
+        QString text;
+        for (qsizetype k = 0; k < length; ++k) {
+            const bool isWing = k < 5 || k >= length - 5;
+            text += chemistry == 3 && !isWing ? u"d"_s : riboses[chemistry];
+            text += u"ACGT"[draw(4)];
+            if (k < length - 1)
+                text += linkages[chemistry];
+        }
+        texts.append(text);
+    }
+    return texts;
+}
+
+const QStringList& texts()
+{
+    static const QStringList texts = makeTexts();
+    return texts;
+}
+
+const ChemicalFactory& factory()
+{
+    static const QSharedPointer<const ChemicalFactory> factory = chem::defaultChemicalFactory();
+    return *factory;
+}
+
+/// Runs `visit` on one text after the other.
+template <typename Visit>
+void forEachText(benchmark::State& state, Visit visit)
+{
+    qsizetype next = 0;
+    visit(texts().first());
+    for (auto _ : state) {
+        visit(texts()[next]);
+        next = (next + 1) % textCount;
+    }
+}
+
+struct Parsed
+{
+    Nucleotides nucleotides;
+    NamedMolecule fivePrime;
+    NamedMolecule threePrime;
+};
+
+Parsed parse(const QString& text)
+{
+    Parsed parsed;
+    factory().parseNucleotideSequence(text, &parsed.nucleotides, &parsed.fivePrime,
+                                      &parsed.threePrime);
+    return parsed;
+}
+
+/// The yardstick of parsing: compiles both expressions for each text and looks every letter up in
+/// its dictionary.
+class ByExpressions : public ChemicalFactory
+{
+public:
+    ByExpressions() { init(QString()); }
+
+    bool isValid(const QString& text) const
+    {
+        return generateFullOligoRegex().match(text).hasMatch();
+    }
+
+    Nucleotides parse(const QString& text) const
+    {
+        Nucleotides nucleotides;
+        const QRegularExpressionMatch whole = generateFullOligoRegex().match(text);
+        if (!whole.hasMatch())
+            return nucleotides;
+        QRegularExpressionMatchIterator units =
+            generateOligoSequenceRegex().globalMatch(whole.captured(2));
+        while (units.hasNext()) {
+            const QRegularExpressionMatch unit = units.next();
+            nucleotides.append(nucleotide(unit, !units.hasNext()));
+        }
+        return nucleotides;
+    }
+
+private:
+    /// The texts have bases only and at most one phosphate mark.
+    QSharedPointer<const Nucleotide> nucleotide(const QRegularExpressionMatch& unit,
+                                                bool isLast) const
+    {
+        const QString riboseText = unit.captured(1);
+        const QString phosphateText = unit.captured(5);
+        NamedMolecule phosphate;
+        if (!phosphateText.isEmpty())
+            phosphate = buildingBlocks[PhosphateBlock].value(phosphateText);
+        else if (!isLast)
+            phosphate = defaultPhosphate;
+        const NamedMolecule ribose =
+            riboseText.isEmpty() ? defaultRibose : buildingBlocks[RiboseBlock].value(riboseText);
+        const NamedMolecule base = buildingBlocks[NucleobaseBlock].value(unit.captured(3));
+        return QSharedPointer<Nucleotide>::create(base, ribose, phosphate, base.name,
+                                                  unit.captured(0));
+    }
+};
+
+const ByExpressions& byExpressions()
+{
+    static const ByExpressions factory;
+    return factory;
+}
+
+// Judging a text.
+
+void judgeText(benchmark::State& state)
+{
+    forEachText(state, [](const QString& text) {
+        benchmark::DoNotOptimize(factory().isValidOligoSequence(text));
+    });
+}
+BENCHMARK(judgeText);
+
+void judgeTextYardstickThatCompiles(benchmark::State& state)
+{
+    forEachText(state, [](const QString& text) {
+        benchmark::DoNotOptimize(byExpressions().isValid(text));
+    });
+}
+BENCHMARK(judgeTextYardstickThatCompiles);
+
+void judgeTextFloorOfACompiledMatch(benchmark::State& state)
+{
+    const QRegularExpression expression = factory().generateFullOligoRegex();
+    forEachText(state, [&expression](const QString& text) {
+        benchmark::DoNotOptimize(expression.match(text).hasMatch());
+    });
+}
+BENCHMARK(judgeTextFloorOfACompiledMatch);
+
+void judgeTextFloorOfReadingEachCharacter(benchmark::State& state)
+{
+    forEachText(state, [](const QString& text) {
+        quint32 sum = 0;
+        for (const QChar character : text)
+            sum = sum * 31 + character.unicode();
+        benchmark::DoNotOptimize(sum);
+    });
+}
+BENCHMARK(judgeTextFloorOfReadingEachCharacter);
+
+// Parsing.
+
+void parseText(benchmark::State& state)
+{
+    forEachText(state, [](const QString& text) { benchmark::DoNotOptimize(parse(text)); });
+}
+BENCHMARK(parseText);
+
+void parseTextYardstickThatCompiles(benchmark::State& state)
+{
+    forEachText(state,
+                [](const QString& text) { benchmark::DoNotOptimize(byExpressions().parse(text)); });
+}
+BENCHMARK(parseTextYardstickThatCompiles);
+
+void parseTextFloorOfCopyingNucleotides(benchmark::State& state)
+{
+    const Nucleotides prepared = parse(texts().first()).nucleotides;
+    for (auto _ : state) {
+        Nucleotides copies;
+        copies.reserve(prepared.size());
+        for (const auto& nucleotide : prepared)
+            copies.append(QSharedPointer<const Nucleotide>::create(*nucleotide));
+        benchmark::DoNotOptimize(copies);
+    }
+}
+BENCHMARK(parseTextFloorOfCopyingNucleotides);
+
+// Complexes and their fragments.
+
+void complexFromText(benchmark::State& state)
+{
+    forEachText(state, [](const QString& text) {
+        benchmark::DoNotOptimize(factory().constructLinearOligoComplex(text));
+    });
+}
+BENCHMARK(complexFromText);
+
+void complexFromNucleotides(benchmark::State& state)
+{
+    QList<Parsed> parsed;
+    for (const QString& text : texts())
+        parsed.append(parse(text));
+    qsizetype next = 0;
+    for (auto _ : state) {
+        const Parsed& chain = parsed[next];
+        benchmark::DoNotOptimize(factory().constructLinearOligoComplex(
+            chain.nucleotides, chain.fivePrime, chain.threePrime));
+        next = (next + 1) % textCount;
+    }
+}
+BENCHMARK(complexFromNucleotides);
+
+void complexFloorOfCopyingResiduesAndSites(benchmark::State& state)
+{
+    const auto prepared = factory().constructLinearOligoComplex(texts().first());
+    for (auto _ : state) {
+        QList<QSharedPointer<chem::ComplexResidue>> residues;
+        QList<QList<QSharedPointer<FragmentationSite>>> sites;
+        residues.reserve(prepared->residues.size());
+        sites.reserve(prepared->sites.size());
+        for (const auto& residue : prepared->residues)
+            residues.append(QSharedPointer<chem::ComplexResidue>::create(*residue));
+        for (const auto& list : prepared->sites) {
+            QList<QSharedPointer<FragmentationSite>> copies;
+            copies.reserve(list.size());
+            for (const auto& site : list)
+                copies.append(QSharedPointer<FragmentationSite>::create(*site));
+            sites.append(copies);
+        }
+        benchmark::DoNotOptimize(residues);
+        benchmark::DoNotOptimize(sites);
+    }
+}
+BENCHMARK(complexFloorOfCopyingResiduesAndSites);
+
+void flatFragments(benchmark::State& state)
+{
+    const auto complex = factory().constructLinearOligoComplex(texts().first());
+    QList<chem::SimpleFragment> fragments;
+    for (auto _ : state) {
+        chem::generateLinearFragments(*complex, fragments);
+        benchmark::DoNotOptimize(fragments);
+    }
+}
+BENCHMARK(flatFragments);
+
+void richFragments(benchmark::State& state)
+{
+    const auto complex = factory().constructLinearOligoComplex(texts().first());
+    for (auto _ : state) {
+        QList<QSharedPointer<chem::Fragment>> fragments;
+        factory().generateLinearFragments(*complex, &fragments);
+        benchmark::DoNotOptimize(fragments);
+    }
+}
+BENCHMARK(richFragments);
+
+/// Ten nucleotides off each end: 21 complexes.
+void truncationLadder(benchmark::State& state)
+{
+    for (auto _ : state) {
+        QList<QSharedPointer<const chem::MoleculeComplex>> complexes;
+        factory().constructLinearOligoComplexes(texts().first(), 10, 10, &complexes);
+        benchmark::DoNotOptimize(complexes);
+    }
+}
+BENCHMARK(truncationLadder);
+
+// A messenger RNA.
+
+QString longText(int nucleotides)
+{
+    QString text;
+    for (int i = 0; i < nucleotides; ++i)
+        text += u"r"_s + u"ACGU"[i * 7 % 11 % 4];
+    return text;
+}
+
+void judgeRna(benchmark::State& state)
+{
+    const QString text = longText(static_cast<int>(state.range(0)));
+    for (auto _ : state)
+        benchmark::DoNotOptimize(factory().isValidOligoSequence(text));
+}
+BENCHMARK(judgeRna)->Arg(5000)->Arg(1000000)->Unit(benchmark::kMicrosecond);
+
+void parseRna(benchmark::State& state)
+{
+    const QString text = longText(static_cast<int>(state.range(0)));
+    for (auto _ : state)
+        benchmark::DoNotOptimize(parse(text));
+}
+BENCHMARK(parseRna)->Arg(5000)->Unit(benchmark::kMicrosecond);
+
+void parseRnaYardstickThatCompiles(benchmark::State& state)
+{
+    const QString text = longText(static_cast<int>(state.range(0)));
+    for (auto _ : state)
+        benchmark::DoNotOptimize(byExpressions().parse(text));
+}
+BENCHMARK(parseRnaYardstickThatCompiles)->Arg(5000)->Unit(benchmark::kMicrosecond);
+
+void complexFromRna(benchmark::State& state)
+{
+    const QString text = longText(static_cast<int>(state.range(0)));
+    for (auto _ : state)
+        benchmark::DoNotOptimize(factory().constructLinearOligoComplex(text));
+}
+BENCHMARK(complexFromRna)->Arg(5000)->Unit(benchmark::kMicrosecond);
+
+// A building block of the caller: the readers are prepared anew.
+
+void setBuildingBlock(benchmark::State& state)
+{
+    const auto own = ChemicalFactory::construct(QString());
+    for (auto _ : state)
+        own->setBuildingBlock(ChemicalFactory::NucleobaseBlock, u"X"_s, u"Xanthine"_s,
+                              u"C5H3N4O2"_s);
+}
+BENCHMARK(setBuildingBlock);
+
+} // namespace
