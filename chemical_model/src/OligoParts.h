@@ -55,8 +55,9 @@ public:
     Nucleotide read(const OligoUnit& unit, bool isLast) const;
 
     /// The same nucleotide from the table, prepared now if it is new there. Null for a number, for
-    /// more than one phosphate mark, for letters outside the 16-bit range and where the table is
-    /// full. The result lives as long as this object.
+    /// more than one phosphate mark, for letters outside the 16-bit range, and where the table is
+    /// full or another nucleotide takes the place at the same time. The result lives as long as
+    /// this object.
     const PreparedNucleotide* prepared(const OligoUnit& unit, bool isLast) const;
 
     /// The prepared nucleotide that `nucleotide` was copied from; null if it is not there. Whatever

@@ -261,7 +261,7 @@ QString randomText(const OligoAlphabets& alphabets, std::mt19937& random)
                                        QString(QChar(0xde00)),
                                        QString(QChar(u'\0'))};
     QString text;
-    for (qsizetype length = draw(12, random); length > 0; --length)
+    for (qsizetype length = draw(draw(10, random) == 0 ? 60 : 12, random); length > 0; --length)
         text += draw(12, random) == 0 ? anyOf(others, random) : QString(anyOf(usual, random));
     if (draw(8, random) == 0)
         text += u'\n';

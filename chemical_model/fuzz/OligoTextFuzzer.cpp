@@ -1,0 +1,155 @@
+#include <ChemicalFactory.h>
+#include <LinearFragments.h>
+#include <OligoScanner.h>
+
+#include <QRegularExpression>
+#include <QStringList>
+
+#include <algorithm>
+#include <cstddef>
+#include <cstdint>
+#include <cstdlib>
+
+using namespace Qt::StringLiterals;
+
+// A fuzzer that follows coverage sees nothing inside the engine of regular expressions, so bytes
+// choose among pieces of alphabets and among the characters that those allow.
+
+namespace {
+
+using chem::OligoAlphabets;
+using chem::OligoScanner;
+using chem::OligoUnit;
+
+const QStringList& alphabetPieces()
+{
+    static const QStringList pieces = {u"A"_s,     u"C"_s,       u"a"_s,   u"+"_s,
+                                       u"."_s,     u"1"_s,       u"\\["_s, u"\\]"_s,
+                                       u"{"_s,     u"}"_s,       u"*"_s,   u"é"_s,
+                                       u"😀"_s,     u"%2"_s,      u" "_s,   u"a-c"_s,
+                                       u"!-~"_s,   u"^"_s,       u"-"_s,   u"\\d"_s,
+                                       u"\\S"_s,   u"\\x{41}"_s, u"\\n"_s, u"z-a"_s,
+                                       u"\\\\"_s,  u"\\"_s,      u"["_s,   u"]"_s,
+                                       u"\\Q"_s,   u"\\E"_s,     u"\\c"_s, u"[:alpha:]"_s,
+                                       u"\\\\]"_s, u"(?:"_s,     u")"_s,   QString(QChar(0xd83d)),
+                                       u"😀-😎"_s,   u":"_s,       u"="_s,   QString(QChar(0xde00))};
+    return pieces;
+}
+
+/// Hands out the input byte by byte, and zeros behind its end.
+class Bytes
+{
+public:
+    Bytes(const std::uint8_t* data, std::size_t size)
+        : m_next(data)
+        , m_end(data + size)
+    {
+    }
+
+    bool isEmpty() const { return m_next == m_end; }
+    qsizetype next() { return isEmpty() ? 0 : *m_next++; }
+
+private:
+    const std::uint8_t* m_next;
+    const std::uint8_t* m_end;
+};
+
+void require(bool condition)
+{
+    if (!condition)
+        std::abort();
+}
+
+QString readAlphabet(Bytes* bytes)
+{
+    QString alphabet;
+    for (qsizetype count = bytes->next() % 4; count > 0; --count)
+        alphabet += alphabetPieces()[bytes->next() % alphabetPieces().size()];
+    return alphabet;
+}
+
+QString readText(const QString& characters, Bytes* bytes)
+{
+    QString text;
+    while (!bytes->isEmpty())
+        text += characters[bytes->next() % characters.size()];
+    return text;
+}
+
+void requireSameUnits(const OligoScanner& scanner, const OligoAlphabets& alphabets,
+                      const QString& body)
+{
+    const QRegularExpression expression(chem::oligoUnitExpression(alphabets));
+    QRegularExpressionMatchIterator expected;
+    if (expression.isValid())
+        expected = expression.globalMatch(body);
+    for (const OligoUnit& unit : scanner.units(body)) {
+        require(expected.hasNext());
+        const QRegularExpressionMatch match = expected.next();
+        require(unit.text == match.captured(0) && unit.ribose == match.captured(1) &&
+                unit.base == match.captured(3) && unit.number == match.captured(4) &&
+                unit.phosphates == match.captured(5));
+    }
+    require(!expected.hasNext());
+}
+
+/// The scanner must tell what the expressions tell, for any alphabets.
+void compareWithExpressions(Bytes bytes)
+{
+    OligoAlphabets alphabets;
+    for (QString* alphabet : {&alphabets.fivePrimeMarks, &alphabets.riboses, &alphabets.nucleobases,
+                              &alphabets.phosphates, &alphabets.threePrimeMarks})
+        *alphabet = readAlphabet(&bytes);
+    const QString characters = u"A12.+-\n"_s + alphabets.fivePrimeMarks + alphabets.riboses +
+                               alphabets.nucleobases + alphabets.phosphates +
+                               alphabets.threePrimeMarks;
+    // The engine's time doubles with each digit that it can cut in two.
+    constexpr qsizetype bearableLength = 16;
+    const QString text = readText(characters, &bytes).left(bearableLength);
+
+    const OligoScanner scanner(alphabets);
+    const QRegularExpression expression(chem::oligoFullExpression(alphabets));
+    const QRegularExpressionMatch match =
+        expression.isValid() ? expression.match(text) : QRegularExpressionMatch();
+    const auto parts = scanner.split(text);
+    require(scanner.matches(text) == match.hasMatch());
+    require(parts.has_value() == match.hasMatch());
+    if (!parts)
+        return;
+    require(parts->fivePrimeMark == match.captured(1) && parts->body == match.captured(2) &&
+            parts->threePrimeMark == match.captured(6));
+    requireSameUnits(scanner, alphabets, match.captured(2));
+}
+
+/// All entries must agree about one text of the usual letters.
+void readUsualText(Bytes bytes)
+{
+    const auto factory = chem::defaultChemicalFactory();
+    const QString text = readText(u"ACGQTUACGTrdmef+-.*0123456789[]{}\n X"_s, &bytes);
+    QList<QSharedPointer<const chem::Nucleotide>> nucleotides;
+    chem::NamedMolecule fivePrime;
+    chem::NamedMolecule threePrime;
+    const bool isRead =
+        factory->parseNucleotideSequence(text, &nucleotides, &fivePrime, &threePrime);
+    require(isRead == factory->isValidOligoSequence(text));
+    require(isRead == !nucleotides.isEmpty());
+
+    const auto complex = factory->constructLinearOligoComplex(text);
+    require(complex || !isRead); // blanks and line feeds are no obstacle to a complex
+    if (!complex)
+        return;
+    const qsizetype size = complex->residues.size() - 2;
+    QList<chem::SimpleFragment> fragments;
+    chem::generateLinearFragments(*complex, fragments);
+    require(fragments.size() == 8 * size + std::max<qsizetype>(0, size - 2));
+}
+
+} // namespace
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
+{
+    const Bytes bytes(data, size);
+    compareWithExpressions(bytes);
+    readUsualText(bytes);
+    return 0;
+}
