@@ -1,47 +1,34 @@
+#include "FragmentLists.h"
 #include "TestPrinters.h"
-#include <ChemicalFactory.h>
-#include <LinearFragments.h>
+
+#include <QSet>
 
 #include <gtest/gtest.h>
-#include <rapidcheck/gtest.h>
 
 #include <algorithm>
 #include <map>
+#include <type_traits>
 
 using namespace Qt::StringLiterals;
 
 namespace {
 
+using chem::ComplexResidue;
+using chem::Fragment;
+using chem::FragmentationSite;
 using chem::FragmentType;
 using chem::Molecule;
+using chem::MoleculeComplex;
 using chem::SimpleFragment;
 
-QSharedPointer<chem::MoleculeComplex> peptide(const QString& sequence)
-{
-    return chem::defaultChemicalFactory()->constructLinearPeptideComplex(sequence);
-}
-
-QSharedPointer<chem::MoleculeComplex> strand(const QString& text)
-{
-    return chem::defaultChemicalFactory()->constructLinearOligoComplex(text);
-}
-
-QList<QSharedPointer<chem::Fragment>> richFragments(const chem::MoleculeComplex& complex)
-{
-    QList<QSharedPointer<chem::Fragment>> fragments;
-    chem::defaultChemicalFactory()->generateLinearFragments(complex, &fragments);
-    return fragments;
-}
-
-QList<SimpleFragment> flatFragments(const chem::MoleculeComplex& complex)
-{
-    QList<SimpleFragment> fragments;
-    chem::generateLinearFragments(complex, fragments);
-    return fragments;
-}
+static_assert(std::is_copy_constructible_v<SimpleFragment>);
+static_assert(std::is_copy_assignable_v<SimpleFragment>);
+static_assert(std::is_nothrow_move_constructible_v<SimpleFragment>);
+static_assert(std::is_nothrow_move_assignable_v<SimpleFragment>);
+static_assert(sizeof(SimpleFragment::position) == 4);
 
 /// The compositions of a complex's ions by label and number of monomers, as in "b2".
-std::map<QString, QString> compositions(const chem::MoleculeComplex& complex)
+std::map<QString, QString> compositions(const MoleculeComplex& complex)
 {
     std::map<QString, QString> found;
     for (const auto& fragment : richFragments(complex)) {
@@ -84,6 +71,75 @@ TEST(LinearFragments, PeptideIonsHaveTheirCompositions)
         {u"y2"_s, u"C5H10N2O3"_s},  {u"z1"_s, u"C3H4O2"_s},    {u"z2"_s, u"C5H7NO3"_s},
         {u"z.1"_s, u"C3H5O2"_s},    {u"z.2"_s, u"C5H8NO3"_s}};
     EXPECT_EQ(found, expected);
+}
+
+// Worked out by hand: lysine residue C6H12N2O; methionine C5H9NOS and cysteine C3H5NOS.
+TEST(LinearFragments, IonsOfFullLengthHaveTheirCompositions)
+{
+    const std::map<QString, QString> lysine = {
+        {u"a1"_s, u"C5H12N2"_s},    {u"a.1"_s, u"C5H13N2"_s},  {u"b1"_s, u"C6H12N2O"_s},
+        {u"c1"_s, u"C6H15N3O"_s},   {u"c.1"_s, u"C6H16N3O"_s}, {u"x1"_s, u"C7H12N2O3"_s},
+        {u"x.1"_s, u"C7H13N2O3"_s}, {u"y1"_s, u"C6H14N2O2"_s}, {u"z1"_s, u"C6H11NO2"_s},
+        {u"z.1"_s, u"C6H12NO2"_s}};
+    EXPECT_EQ(compositions(*peptide(u"K"_s)), lysine);
+
+    const auto found = compositions(*peptide(u"MC"_s));
+    const std::map<QString, QString> longest = {
+        {u"a2"_s, u"C7H14N2OS2"_s},   {u"a.2"_s, u"C7H15N2OS2"_s},  {u"b2"_s, u"C8H14N2O2S2"_s},
+        {u"c2"_s, u"C8H17N3O2S2"_s},  {u"c.2"_s, u"C8H18N3O2S2"_s}, {u"x2"_s, u"C9H14N2O4S2"_s},
+        {u"x.2"_s, u"C9H15N2O4S2"_s}, {u"y2"_s, u"C8H16N2O3S2"_s},  {u"z2"_s, u"C8H13NO3S2"_s},
+        {u"z.2"_s, u"C8H14NO3S2"_s}};
+    for (const auto& [label, formula] : longest)
+        EXPECT_EQ(found.at(label), formula) << label.toStdString();
+}
+
+TEST(LinearFragments, ElementsThatCancelStayAsEntries)
+{
+    const auto fragments = richFragments(*peptide(u"G"_s));
+    ASSERT_EQ(fragments[1]->typeLabel, u"a"_s);
+    EXPECT_EQ(fragments[1]->formula().elementCountMap(),
+              (QMap<QString, double>{{u"C"_s, 1}, {u"H"_s, 3}, {u"N"_s, 1}, {u"O"_s, 0}}));
+}
+
+// The m/z of the singly charged ions of PEPTIDE are textbook values; a neutral ion weighs a proton
+// less.
+TEST(LinearFragments, NeutralIonsOfAKnownPeptideWeighAProtonLessThanTheirPeaks)
+{
+    const std::map<std::pair<FragmentType, qsizetype>, double> peaks = {
+        {{FragmentType::B, 2}, 227.1026}, {{FragmentType::B, 3}, 324.1554},
+        {{FragmentType::B, 4}, 425.2031}, {{FragmentType::B, 5}, 538.2871},
+        {{FragmentType::B, 6}, 653.3141}, {{FragmentType::Y, 1}, 148.0604},
+        {{FragmentType::Y, 2}, 263.0874}, {{FragmentType::Y, 3}, 376.1714},
+        {{FragmentType::Y, 4}, 477.2191}, {{FragmentType::Y, 5}, 574.2719},
+        {{FragmentType::Y, 6}, 703.3145}};
+    std::size_t compared = 0;
+    const auto fragments = flatFragments(*peptide(u"PEPTIDE"_s));
+    for (const SimpleFragment& fragment : fragments) {
+        const auto peak = peaks.find({fragment.type, fragment.sequence.size()});
+        if (peak == peaks.end())
+            continue;
+        EXPECT_NEAR(fragment.monoMass + 1.00727646, peak->second, 1e-4)
+            << fragment.sequence.toStdString();
+        ++compared;
+    }
+    EXPECT_EQ(compared, peaks.size());
+}
+
+TEST(LinearFragments, PeptideHasTenIonsForEachResidue)
+{
+    for (int length = 1; length <= 20; ++length) {
+        const auto complex = peptide(QString(length, u'P'));
+        EXPECT_EQ(richFragments(*complex).size(), 10 * length);
+        EXPECT_EQ(flatFragments(*complex).size(), 10 * length);
+    }
+}
+
+TEST(LinearFragments, FullLengthBLosesWaterAndFullLengthYIsThePeptide)
+{
+    const auto complex = peptide(u"DRVYIHPF"_s);
+    const auto found = compositions(*complex);
+    EXPECT_EQ(found.at(u"y8"_s), u"C50H71N13O12"_s);
+    EXPECT_EQ(found.at(u"b8"_s), u"C50H69N13O11"_s);
 }
 
 TEST(LinearFragments, RichOrderIsLeftIonsThenMirroredRightIons)
@@ -140,14 +196,14 @@ TEST(LinearFragments, RichFragmentsLinkIntoTheirComplex)
 {
     auto complex = peptide(u"GA"_s);
     const auto fragments = richFragments(*complex);
-    const chem::Fragment& b1 = *fragments[0];
+    const Fragment& b1 = *fragments[0];
     EXPECT_EQ(b1.parentComplex, complex.data());
     ASSERT_EQ(b1.residues.size(), 2);
     EXPECT_EQ(b1.residues[0].toStrongRef(), complex->residues[0]);
     EXPECT_EQ(b1.residues[1].toStrongRef(), complex->residues[1]);
     ASSERT_EQ(b1.sites.size(), 1);
     EXPECT_EQ(b1.sites[0].toStrongRef(), complex->sites[1][0]);
-    const chem::Fragment& y1 = *fragments[5];
+    const Fragment& y1 = *fragments[5];
     EXPECT_EQ(y1.residues[0].toStrongRef(), complex->residues[2]);
     EXPECT_EQ(y1.residues[1].toStrongRef(), complex->residues[3]);
 
@@ -158,12 +214,70 @@ TEST(LinearFragments, RichFragmentsLinkIntoTheirComplex)
     EXPECT_EQ(b1.formula().toString(), u"C2H3NO"_s);
 }
 
+TEST(LinearFragments, RichFragmentsHoldAllResiduesOfTheirSide)
+{
+    const auto complex = peptide(u"GAS"_s);
+    for (const auto& fragment : richFragments(*complex)) {
+        const bool isLeft = u"abc"_s.contains(fragment->typeLabel.front());
+        const qsizetype size = fragment->residues.size();
+        const qsizetype start = isLeft ? 0 : complex->residues.size() - size;
+        for (qsizetype i = 0; i < size; ++i)
+            EXPECT_EQ(fragment->residues[i].toStrongRef(), complex->residues[start + i]);
+        const qsizetype breakAt = isLeft ? size - 1 : start;
+        ASSERT_EQ(fragment->sites.size(), 1);
+        EXPECT_TRUE(complex->sites[breakAt].contains(fragment->sites.first().toStrongRef()));
+        EXPECT_EQ(fragment->parentComplex, complex.data());
+    }
+}
+
+TEST(LinearFragments, RichListGetsRoomForTenIonsAResidue)
+{
+    EXPECT_GE(richFragments(*peptide(QString(98, u'G'))).capacity(), 1000);
+}
+
+// Room for each complex alone would move the whole list at every call.
+TEST(LinearFragments, ManyComplexesInOneRichListSeldomMoveIt)
+{
+    const auto complex = peptide(u"G"_s);
+    QList<QSharedPointer<Fragment>> fragments;
+    int moves = 0;
+    for (int i = 0; i < 1000; ++i) {
+        const qsizetype before = fragments.capacity();
+        chem::defaultChemicalFactory()->generateLinearFragments(*complex, &fragments);
+        moves += fragments.capacity() == before ? 0 : 1;
+    }
+    EXPECT_EQ(fragments.size(), 10000);
+    EXPECT_LT(moves, 40);
+}
+
+TEST(LinearFragments, IonsOfOneStepShareTheirResidueLists)
+{
+    const auto fragments = richFragments(*peptide(u"GA"_s));
+    for (const qsizetype first : {0, 5, 10, 15}) {
+        for (qsizetype i = first; i < first + 5; ++i)
+            EXPECT_EQ(fragments[i]->residues.constData(), fragments[first]->residues.constData());
+    }
+}
+
+// The light form must not allocate a text for each ion.
+TEST(LinearFragments, IonsOfOneSideAndStepShareTheirLetters)
+{
+    const auto fragments = flatFragments(*peptide(u"GASP"_s));
+    QSet<const QChar*> texts;
+    for (const SimpleFragment& fragment : fragments)
+        texts.insert(fragment.sequence.constData());
+    EXPECT_EQ(fragments.size(), 40);
+    EXPECT_EQ(texts.size(), 8);
+}
+
 TEST(LinearFragments, RichListIsAppendedToAndFlatListReplaced)
 {
     const auto complex = peptide(u"GA"_s);
     auto rich = richFragments(*complex);
     chem::defaultChemicalFactory()->generateLinearFragments(*complex, &rich);
-    EXPECT_EQ(rich.size(), 40);
+    ASSERT_EQ(rich.size(), 40);
+    EXPECT_EQ(rich[20]->typeLabel, rich[0]->typeLabel);
+    EXPECT_EQ(rich[20]->monoMass(), rich[0]->monoMass());
     auto flat = flatFragments(*complex);
     chem::generateLinearFragments(*complex, flat);
     EXPECT_EQ(flat.size(), 20);
@@ -176,7 +290,7 @@ TEST(LinearFragments, ComplexWithoutMonomersHasNone)
     EXPECT_TRUE(richFragments(*peptide(QString())).isEmpty());
     EXPECT_TRUE(flatFragments(*peptide(QString())).isEmpty());
     for (const int residues : {0, 1}) {
-        chem::MoleculeComplex edited = *peptide(QString());
+        MoleculeComplex edited = *peptide(QString());
         edited.residues = edited.residues.first(residues);
         edited.sites = edited.sites.first(residues);
         EXPECT_TRUE(richFragments(edited).isEmpty());
@@ -186,18 +300,76 @@ TEST(LinearFragments, ComplexWithoutMonomersHasNone)
 
 TEST(LinearFragments, SitesOfOtherTypesAreSkipped)
 {
-    chem::MoleculeComplex edited = *peptide(u"GA"_s);
+    MoleculeComplex edited = *peptide(u"GA"_s);
     for (const int type : {13, 17, 99, -1}) {
-        edited.sites[1].append(QSharedPointer<chem::FragmentationSite>::create(
+        edited.sites[1].append(QSharedPointer<FragmentationSite>::create(
             static_cast<FragmentType>(type), Molecule(), Molecule()));
     }
     EXPECT_EQ(richFragments(edited).size(), 20);
     EXPECT_EQ(flatFragments(edited).size(), 20);
 }
 
+TEST(LinearFragments, SitesOfATerminalCountForTheRichListAlone)
+{
+    MoleculeComplex edited = *peptide(u"G"_s);
+    edited.sites[2] = edited.sites[1];
+    EXPECT_EQ(richFragments(edited).size(), 10 + 10);
+    EXPECT_EQ(flatFragments(edited).size(), 10);
+}
+
+TEST(LinearFragments, MissingResiduesAddNothing)
+{
+    MoleculeComplex edited = *peptide(u"GAS"_s);
+    edited.residues[2].reset();
+    const auto rich = compositions(edited);
+    const auto expected = compositions(*peptide(u"G?S"_s));
+    EXPECT_EQ(rich, expected);
+
+    const auto flat = flatFragments(edited);
+    const auto flatExpected = flatFragments(*peptide(u"G?S"_s));
+    ASSERT_EQ(flat.size(), flatExpected.size());
+    for (qsizetype i = 0; i < flat.size(); ++i) {
+        EXPECT_EQ(flat[i].sequence, flatExpected[i].sequence);
+        EXPECT_EQ(flat[i].monoMass, flatExpected[i].monoMass);
+        EXPECT_EQ(flat[i].averageMass, flatExpected[i].averageMass);
+    }
+}
+
+TEST(LinearFragments, MissingTerminalsAddNothing)
+{
+    MoleculeComplex edited = *peptide(u"G"_s);
+    edited.residues.first().reset();
+    edited.residues.last().reset();
+    const auto rich = compositions(edited);
+    EXPECT_EQ(rich.at(u"c1"_s), u"C2H5N2O"_s); // the residue and NH2
+    EXPECT_EQ(rich.at(u"y1"_s), u"C2H4NO"_s);  // the residue and H
+    const auto flat = flatFragments(edited);
+    EXPECT_NEAR(flat[1].monoMass, 57.02146 + 1.00783, 1e-5);
+}
+
+TEST(LinearFragments, MissingSitesAreSkipped)
+{
+    MoleculeComplex edited = *peptide(u"GA"_s);
+    edited.sites[1].insert(3, QSharedPointer<FragmentationSite>());
+    edited.sites[2].append(QSharedPointer<FragmentationSite>());
+    EXPECT_EQ(richFragments(edited).size(), 20);
+    EXPECT_EQ(flatFragments(edited).size(), 20);
+}
+
+TEST(LinearFragments, ComplexStaysAsItIs)
+{
+    const auto complex = peptide(u"GA"_s);
+    const auto residues = complex->residues;
+    const auto sites = complex->sites;
+    richFragments(*complex);
+    flatFragments(*complex);
+    EXPECT_EQ(complex->residues.constData(), residues.constData());
+    EXPECT_EQ(complex->sites.constData(), sites.constData());
+}
+
 TEST(LinearFragments, FewerSiteListsThanResiduesGiveFewerIons)
 {
-    chem::MoleculeComplex edited = *peptide(u"GA"_s);
+    MoleculeComplex edited = *peptide(u"GA"_s);
     edited.sites = edited.sites.first(2); // the sites of alanine and of the C-terminus are gone
     EXPECT_EQ(richFragments(edited).size(), 10);
     EXPECT_EQ(flatFragments(edited).size(), 10);
@@ -205,7 +377,7 @@ TEST(LinearFragments, FewerSiteListsThanResiduesGiveFewerIons)
 
 TEST(LinearFragments, LastPassOfAnEditedComplexGivesNoRightIons)
 {
-    chem::MoleculeComplex edited = *peptide(u"G"_s);
+    MoleculeComplex edited = *peptide(u"G"_s);
     edited.sites[0] = edited.sites[1]; // at the left terminal: left ions at once, right ions never
     EXPECT_EQ(richFragments(edited).size(), 10 + 5);
 }
@@ -277,103 +449,6 @@ TEST(LinearFragments, FlatLettersAreTheFirstOfEachCode)
                                               return a.sequence.size() < b.sequence.size();
                                           });
     EXPECT_EQ(longest->sequence, u"rC+"_s);
-}
-
-// Laws over random chains: each generator against its steps, written down once more.
-
-struct Ion
-{
-    FragmentType type;
-    double averageMass;
-    double monoMass;
-    qsizetype monomers;
-
-    bool operator==(const Ion& other) const = default;
-};
-
-bool isLeft(FragmentType type)
-{
-    return static_cast<int>(type) >= 0 && static_cast<int>(type) <= 6;
-}
-
-std::vector<Ion> ionsByHand(const chem::MoleculeComplex& complex, bool isFlat)
-{
-    std::vector<Ion> ions;
-    const qsizetype monomers = complex.residues.size() - 2;
-    Molecule left = Molecule() + *complex.residues.first();
-    Molecule right = Molecule() + *complex.residues.last();
-    for (qsizetype k = 1; k <= monomers; ++k) {
-        const qsizetype mirrored = monomers + 1 - k;
-        left += *complex.residues[k];
-        right += *complex.residues[mirrored];
-        const auto add = [&](const chem::FragmentationSite& site) {
-            const Molecule ion = (isLeft(site.type) ? left : right) + site.delta;
-            ions.push_back({site.type, ion.averageMass(), ion.monoMass(), k});
-        };
-        for (const auto& site : complex.sites[k]) {
-            if (isFlat || isLeft(site->type))
-                add(*site);
-        }
-        for (const auto& site : complex.sites[mirrored]) {
-            if (!isFlat && !isLeft(site->type))
-                add(*site);
-        }
-    }
-    return ions;
-}
-
-QSharedPointer<chem::MoleculeComplex> randomComplex()
-{
-    const bool isPeptide = *rc::gen::arbitrary<bool>();
-    const QStringList units =
-        isPeptide ? u"A C D E G x"_s.split(u' ') : u"A rC* dG 12.5 +T. mU"_s.split(u' ');
-    QString text;
-    for (const int index :
-         *rc::gen::nonEmpty(rc::gen::container<std::vector<int>>(rc::gen::inRange(0, 6))))
-        text += units[index];
-    return isPeptide ? peptide(text) : strand(text);
-}
-
-RC_GTEST_PROP(FragmentLaws, RichIonsHaveTheBitsOfTheirSteps, ())
-{
-    const auto complex = randomComplex();
-    std::vector<Ion> ions;
-    for (const auto& fragment : richFragments(*complex)) {
-        ions.push_back({fragment->sites.first().toStrongRef()->type, fragment->averageMass(),
-                        fragment->monoMass(), fragment->residues.size() - 1});
-    }
-    RC_ASSERT(ions == ionsByHand(*complex, false));
-}
-
-RC_GTEST_PROP(FragmentLaws, FlatIonsHaveTheBitsOfTheirSteps, ())
-{
-    const auto complex = randomComplex();
-    std::vector<Ion> ions;
-    for (const SimpleFragment& fragment : flatFragments(*complex)) {
-        ions.push_back(
-            {fragment.type, fragment.averageMass, fragment.monoMass, fragment.sequence.size()});
-    }
-    RC_ASSERT(ions == ionsByHand(*complex, true));
-}
-
-RC_GTEST_PROP(FragmentLaws, ComplementaryPeptideIonsAddUpToThePeptide, ())
-{
-    const QString letters = u"ACDEFGHIKLMNPQRSTVWY"_s;
-    QString sequence;
-    for (const int index :
-         *rc::gen::nonEmpty(rc::gen::container<std::vector<int>>(rc::gen::inRange(0, 20))))
-        sequence += letters[index];
-    const auto complex = peptide(sequence);
-    std::map<qsizetype, double> b;
-    std::map<qsizetype, double> y;
-    for (const SimpleFragment& fragment : flatFragments(*complex)) {
-        if (fragment.type == FragmentType::B)
-            b[fragment.sequence.size()] = fragment.monoMass;
-        if (fragment.type == FragmentType::Y)
-            y[fragment.sequence.size()] = fragment.monoMass;
-    }
-    for (qsizetype i = 1; i < sequence.size(); ++i)
-        RC_ASSERT(std::abs(b[i] + y[sequence.size() - i] - complex->monoMass()) < 1e-6);
 }
 
 } // namespace
