@@ -20,6 +20,8 @@ StructuredMolecule copyWithoutTotals(const MoleculeEntity& molecule);
 template <TransformationEntityInternal::TransformationStep T>
 MoleculeEntity recordStep(StructuredMolecule result, const T& step, const MoleculeEntity& input)
 {
+    // Each molecule on the way keeps its own list, so room to grow would never be used.
+    result.transformations.reserve(result.transformations.size() + 1);
     result.transformations.append(TransformationEntity(step, input));
     return MoleculeEntity(std::move(result));
 }
