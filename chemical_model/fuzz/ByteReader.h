@@ -1,0 +1,50 @@
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <cstdio>
+#include <cstdlib>
+#include <limits>
+
+/// \file
+/// What the fuzzers of steps and clips share: bytes read as small choices, and a loud stop.
+
+/// Stops the fuzzer on a property that does not hold.
+inline void require(bool holds, const char* property)
+{
+    if (holds)
+        return;
+    std::fprintf(stderr, "violated: %s\n", property);
+    std::abort();
+}
+
+/// Hands out the bytes of an input as choices; zeros once they have run out.
+class ByteReader
+{
+public:
+    ByteReader(const std::uint8_t* data, std::size_t size)
+        : m_data(data)
+        , m_end(data + size)
+    {
+    }
+
+    bool atEnd() const { return m_data == m_end; }
+
+    /// A number from 0 to `count` - 1.
+    int choice(int count) { return atEnd() ? 0 : *m_data++ % count; }
+
+    /// Mostly a small number around `count`; now and then an extreme one.
+    int aroundRange(int count)
+    {
+        const int value = choice(count + 5);
+        if (value <= count + 1)
+            return value - 1;
+        return value == count + 2   ? std::numeric_limits<int>::min()
+               : value == count + 3 ? std::numeric_limits<int>::max()
+                                    : -2;
+    }
+
+private:
+    const std::uint8_t* m_data;
+    const std::uint8_t* m_end;
+};

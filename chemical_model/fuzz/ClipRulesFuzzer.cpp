@@ -1,0 +1,209 @@
+#include "ByteReader.h"
+#include <ChemicalModel.h>
+
+#include <algorithm>
+#include <array>
+
+/// \file
+/// A byte string is a molecule of one or two chains and options to clip it. Ranges by depth are
+/// compared with the trims that leave a residue, ranges by plain letters with a search through the
+/// text, and any other rule with what holds for all cuts. Expressions are put together from units:
+/// the engine is no code of ours, and a nested repetition can keep it busy for as long as it likes.
+
+using namespace chem;
+
+namespace {
+
+/// Units of expressions; the first ones are plain letters.
+constexpr std::array units = {u"K", u"R", u"P", u"A",  u"[KR]", u"(?!P)",  u"(?<=K)", u"(?=.)",
+                              u"^", u"$", u".", u"x*", u"K?",   u"K+",     u"|",      u"\\b",
+                              u"[", u"(", u")", u"*",  u"\\",   u"\u00e4", u"\xd83d", u"\\K"};
+constexpr int plainUnits = 4;
+
+/// Codes of residues: letters, some outside ASCII, halves of a surrogate pair, and no letter.
+constexpr std::array<const char16_t*, 12> codes = {
+    u"K", u"R", u"P", u"A", u"C", u"K", u"R", u"\u00e4", u"\xd83d", u".", u"\xdc4d", u""};
+
+struct Text
+{
+    QString text;
+    bool isPlain = true;
+};
+
+Text anyText(ByteReader* bytes)
+{
+    Text result;
+    for (int count = bytes->choice(5); count > 0; --count) {
+        const int unit = bytes->choice(static_cast<int>(units.size()));
+        result.text += QString::fromUtf16(units[static_cast<std::size_t>(unit)]);
+        result.isPlain = result.isPlain && unit < plainUnits;
+    }
+    return result;
+}
+
+Chain anyChain(ByteReader* bytes)
+{
+    QList<MoleculeEntity> residues;
+    const int kinds = bytes->choice(2) == 0 ? 7 : static_cast<int>(codes.size());
+    for (int size = bytes->choice(24); size > 0; --size) {
+        const int kind = bytes->choice(kinds);
+        const QString code = QString::fromUtf16(codes[static_cast<std::size_t>(kind)]);
+        residues.append(
+            AminoAcid(NamedMolecule(Molecule(ChemicalFormula(), 57.0 + kind, 57.0), code, code)));
+    }
+    return Chain(QStringLiteral("chain"), QString(), residues, MoleculeType::Peptide,
+                 ParentChainLocus());
+}
+
+struct Range
+{
+    int chain;
+    int start;
+    int end;
+
+    bool operator==(const Range&) const = default;
+};
+
+QList<Range> clipRanges(const MoleculeEntity& molecule, const ClipOptions& options)
+{
+    QList<Range> ranges;
+    const QList<Chain> parents = molecule.chains();
+    const QList<MoleculeEntity> clips = generateClips(molecule, nullptr, options);
+    for (const MoleculeEntity& clip : clips) {
+        const QList<Chain> chains = clip.chains();
+        require(chains.size() == 1, "a clip has one chain");
+        const ParentChainLocus& locus = chains.first().parentLocus();
+        const int count = std::max(locus.end - locus.start, 0);
+        require(chains.first().residues() ==
+                    parents[locus.chain].residues().mid(locus.start, count),
+                "a clip has the residues of its range");
+        double averageMass = 0.0;
+        for (const MoleculeEntity& residue : chains.first().residues())
+            averageMass += residue.averageMass();
+        require(clip.averageMass() == averageMass, "a clip weighs what its residues do");
+        require(clip.transformations().size() == 1, "a clip has one step");
+        ranges.append({locus.chain, locus.start, locus.end});
+    }
+    return ranges;
+}
+
+void clipByDepth(ByteReader* bytes, const MoleculeEntity& molecule)
+{
+    std::array<int, 4> depths = {};
+    std::ranges::generate(depths, [bytes] { return bytes->aroundRange(24); });
+    const auto [startSingle, endSingle, startDouble, endDouble] = depths;
+
+    QList<Range> expected;
+    const QList<Chain> chains = molecule.chains();
+    for (int chain = 0; chain < chains.size(); ++chain) {
+        const int residues = static_cast<int>(chains[chain].residues().size()) - 2;
+        expected.append({chain, 1, residues + 1});
+        for (int off = 1; off < residues && off <= startSingle; ++off)
+            expected.append({chain, off + 1, residues + 1});
+        for (int off = 1; off < residues && off <= endSingle; ++off)
+            expected.append({chain, 1, residues + 1 - off});
+    }
+    for (int chain = 0; chain < chains.size(); ++chain) {
+        const int residues = static_cast<int>(chains[chain].residues().size()) - 2;
+        for (int left = 1; left < residues && left <= startDouble; ++left) {
+            for (int right = 1; left + right < residues && right <= endDouble; ++right)
+                expected.append({chain, left + 1, residues + 1 - right});
+        }
+    }
+    const auto options =
+        ClipOptions::createClipByDepth(startSingle, endSingle, startDouble, endDouble);
+    require(clipRanges(molecule, options) == expected, "trims leave a residue");
+}
+
+/// The codes between the ends; `readable` tells whether each is one unit of valid text.
+QString letters(const Chain& chain, bool* readable)
+{
+    QString text;
+    *readable = true;
+    const QList<MoleculeEntity> between =
+        chain.residues().mid(1, std::max<qsizetype>(chain.residues().size() - 2, 0));
+    for (const MoleculeEntity& residue : between) {
+        const QString code = residue.code();
+        *readable = *readable && code.size() == 1;
+        text += code;
+    }
+    *readable = *readable && text.isValidUtf16();
+    return text;
+}
+
+/// The cuts of a rule of plain letters, found by searching the text.
+QList<Range> plainCuts(const QString& text, const QString& before, const QString& after, int chain,
+                       int last)
+{
+    QList<Range> ranges;
+    const QString& searched = before.isEmpty() ? after : before;
+    if (searched.isEmpty())
+        return ranges;
+    for (qsizetype at = text.indexOf(searched); at >= 0;
+         at = text.indexOf(searched, at + searched.size())) {
+        const int cut = static_cast<int>(before.isEmpty() ? at : at + before.size());
+        if (!before.isEmpty() && !text.mid(cut).startsWith(after))
+            continue;
+        if (cut != 0)
+            ranges.append({chain, 1, cut + 1});
+        if (cut != text.size())
+            ranges.append({chain, cut + 1, last});
+    }
+    return ranges;
+}
+
+void checkRule(const MoleculeEntity& molecule, const Text& before, const Text& after)
+{
+    const auto options = ClipOptions::createClipByResidue({before.text}, {after.text});
+    const QList<Range> ranges = clipRanges(molecule, options);
+    const QList<Chain> chains = molecule.chains();
+    QList<Range> expected;
+    bool allReadable = true;
+    for (int chain = 0; chain < chains.size(); ++chain) {
+        const int last = static_cast<int>(chains[chain].residues().size()) - 1;
+        require(ranges.contains(Range{chain, 0, last}), "each chain begins with its first range");
+        bool readable = false;
+        const QString text = letters(chains[chain], &readable);
+        allReadable = allReadable && readable;
+        expected.append({chain, 0, last});
+        expected += plainCuts(text, before.text, after.text, chain, last);
+    }
+    if (allReadable && before.isPlain && after.isPlain)
+        require(ranges == expected, "plain letters cut where they stand");
+    for (const Range& range : ranges) {
+        const int last = static_cast<int>(chains[range.chain].residues().size()) - 1;
+        const bool isFirst = range.start == 0 && range.end == last;
+        require(isFirst || range.start == 1 || range.end == last, "a cut has two sides");
+        require(range.end <= std::max(last, 1), "a cut lies in the chain");
+    }
+}
+
+void noMessages(QtMsgType, const QMessageLogContext&, const QString& text)
+{
+    require(false, qPrintable(text));
+}
+
+} // namespace
+
+extern "C" int LLVMFuzzerInitialize(int*, char***)
+{
+    qInstallMessageHandler(noMessages);
+    return 0;
+}
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
+{
+    ByteReader bytes(data, size);
+    QList<Chain> chains = {anyChain(&bytes)};
+    if (bytes.choice(2) == 1)
+        chains.append(anyChain(&bytes));
+    const MoleculeEntity molecule =
+        constructProteinFromChains(QStringLiteral("molecule"), chains, {}, {}, nullptr);
+
+    clipByDepth(&bytes, molecule);
+    for (int rule = 0; rule < 3 && !bytes.atEnd(); ++rule) {
+        const Text before = anyText(&bytes);
+        checkRule(molecule, before, anyText(&bytes));
+    }
+    return 0;
+}
