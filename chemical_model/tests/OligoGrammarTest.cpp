@@ -1,3 +1,4 @@
+#include "MessageRecorder.h"
 #include "OpenFactory.h"
 #include "TestPrinters.h"
 #include <ChemicalFactory.h>
@@ -259,6 +260,21 @@ TEST(OligoGrammar, KeyThatBreaksTheExpressionMakesEveryTextInvalid)
         EXPECT_FALSE(factory.isValidOligoSequence(u"A"_s));
         EXPECT_FALSE(factory.constructLinearOligoComplex(u"A"_s));
     }
+}
+
+TEST(OligoGrammar, BrokenExpressionsAreNotReported)
+{
+    // Matching with an invalid expression would write a warning of Qt's for each text.
+    const MessageRecorder recorder;
+    for (const QString& key : {u"z-a"_s, u"~\\"_s, u"\\c"_s, u"[:no:]"_s, u"\\]("_s}) {
+        for (const auto type : {ChemicalFactory::RiboseBlock, ChemicalFactory::PhosphateBlock}) {
+            OpenFactory factory;
+            addBlock(&factory, type, key);
+            factory.isValidOligoSequence(u"A,C"_s);
+            factory.constructLinearOligoComplex(u"rA*C"_s);
+        }
+    }
+    EXPECT_TRUE(recorder.messages().isEmpty());
 }
 
 TEST(OligoGrammar, ClassThatLooksLikeANamedOneDoesNotCompile)
