@@ -85,6 +85,7 @@ public:
     static QSharedPointer<ChemicalFactory> construct(const QString& isotopeOverrides);
 
     ChemicalFactory(const ChemicalFactory& other);
+    /// Takes everything from `other`, which may then only be assigned to or destroyed.
     ChemicalFactory(ChemicalFactory&& other) noexcept;
     ChemicalFactory& operator=(const ChemicalFactory& other);
     ChemicalFactory& operator=(ChemicalFactory&& other) noexcept;
