@@ -1,51 +1,33 @@
 // From formula text to both masses, beside a plain sum over doubles and a bare IsoSpec::Iso.
 
 #include "BenchmarkInputs.h"
+#include "BenchmarkIsotopes.h"
 #include <ChemicalFactory.h>
 
-#include <IsoSpec++/isoSpec++.h>
 #include <benchmark/benchmark.h>
-
-#include <IsoSpec++/element_tables.h>
 
 namespace {
 
 constexpr int formulaCount = 10000;
 
-/// A formula as arrays, ready for the floors.
+/// A formula ready for the floors.
 struct Prepared
 {
-    QList<int> isotopeNumbers;
-    QList<int> counts;
-    QList<double> masses;
-    QList<double> abundances;
+    explicit Prepared(const chem::ChemicalFormula& formula)
+        : arrays(formula)
+    {
+        const auto factory = chem::defaultChemicalFactory();
+        for (const QString& symbol : formula.elementCountMap().keys()) {
+            const chem::Molecule atom = factory->constructMolecule(symbol);
+            atomMono.append(atom.monoMass());
+            atomAverage.append(atom.averageMass());
+        }
+    }
+
+    IsoArrays arrays;
     QList<double> atomMono;
     QList<double> atomAverage;
 };
-
-Prepared prepare(const QString& text)
-{
-    Prepared prepared;
-    const auto formula = chem::ChemicalFactory::parseChemicalFormula(text);
-    const auto factory = chem::defaultChemicalFactory();
-    const auto& counts = formula.elementCountMap();
-    for (auto entry = counts.cbegin(); entry != counts.cend(); ++entry) {
-        int isotopes = 0;
-        for (std::size_t i = 0; i < ISOSPEC_NUMBER_OF_ISOTOPIC_ENTRIES; ++i) {
-            if (entry.key().toLatin1() != IsoSpec::elem_table_symbol[i])
-                continue;
-            prepared.masses.append(IsoSpec::elem_table_mass[i]);
-            prepared.abundances.append(IsoSpec::elem_table_probability[i]);
-            ++isotopes;
-        }
-        prepared.isotopeNumbers.append(isotopes);
-        prepared.counts.append(static_cast<int>(entry.value()));
-        const chem::Molecule atom = factory->constructMolecule(entry.key());
-        prepared.atomMono.append(atom.monoMass());
-        prepared.atomAverage.append(atom.averageMass());
-    }
-    return prepared;
-}
 
 const QStringList& formulas()
 {
@@ -58,7 +40,7 @@ const QList<Prepared>& preparedFormulas()
     static const QList<Prepared> all = [] {
         QList<Prepared> list;
         for (const QString& text : formulas())
-            list.append(prepare(text));
+            list.append(Prepared(chem::ChemicalFactory::parseChemicalFormula(text)));
         return list;
     }();
     return all;
@@ -71,9 +53,9 @@ void floorPlainSum(benchmark::State& state)
         for (const Prepared& formula : preparedFormulas()) {
             double mono = 0.0;
             double average = 0.0;
-            for (qsizetype i = 0; i < formula.counts.size(); ++i) {
-                mono += formula.counts[i] * formula.atomMono[i];
-                average += formula.counts[i] * formula.atomAverage[i];
+            for (qsizetype i = 0; i < formula.arrays.atomCounts.size(); ++i) {
+                mono += formula.arrays.atomCounts[i] * formula.atomMono[i];
+                average += formula.arrays.atomCounts[i] * formula.atomAverage[i];
             }
             benchmark::DoNotOptimize(mono);
             benchmark::DoNotOptimize(average);
@@ -87,9 +69,7 @@ void floorBareIso(benchmark::State& state)
 {
     for (auto _ : state) {
         for (const Prepared& formula : preparedFormulas()) {
-            const IsoSpec::Iso iso(static_cast<int>(formula.counts.size()),
-                                   formula.isotopeNumbers.constData(), formula.counts.constData(),
-                                   formula.masses.constData(), formula.abundances.constData());
+            const IsoSpec::Iso iso = formula.arrays.iso();
             benchmark::DoNotOptimize(iso.getMonoisotopicPeakMass());
             benchmark::DoNotOptimize(iso.getTheoreticalAverageMass());
         }

@@ -2,12 +2,10 @@
 // over doubles, or the bare generator of IsoSpec++ with the same threshold.
 
 #include "BenchmarkInputs.h"
+#include "BenchmarkIsotopes.h"
 #include <ChemicalModel.h>
 
-#include <IsoSpec++/isoSpec++.h>
 #include <benchmark/benchmark.h>
-
-#include <IsoSpec++/element_tables.h>
 
 #include <array>
 #include <vector>
@@ -153,34 +151,6 @@ void richFragments(benchmark::State& state)
 }
 BENCHMARK(richFragments);
 
-/// A molecule as arrays for the bare generator.
-struct IsoArrays
-{
-    QList<int> isotopeNumbers;
-    QList<int> counts;
-    QList<double> masses;
-    QList<double> abundances;
-};
-
-IsoArrays arraysOf(const chem::ChemicalFormula& formula)
-{
-    IsoArrays arrays;
-    const auto& counts = formula.elementCountMap();
-    for (auto entry = counts.cbegin(); entry != counts.cend(); ++entry) {
-        int isotopes = 0;
-        for (std::size_t i = 0; i < ISOSPEC_NUMBER_OF_ISOTOPIC_ENTRIES; ++i) {
-            if (entry.key().toLatin1() != IsoSpec::elem_table_symbol[i])
-                continue;
-            arrays.masses.append(IsoSpec::elem_table_mass[i]);
-            arrays.abundances.append(IsoSpec::elem_table_probability[i]);
-            ++isotopes;
-        }
-        arrays.isotopeNumbers.append(isotopes);
-        arrays.counts.append(static_cast<int>(entry.value()));
-    }
-    return arrays;
-}
-
 /// Peptides of 10 to 50 residues, or one protein of so many residues.
 QList<chem::Molecule> moleculesOf(std::int64_t residues)
 {
@@ -197,13 +167,10 @@ void floorBareGenerator(benchmark::State& state)
 {
     QList<IsoArrays> prepared;
     for (const chem::Molecule& molecule : moleculesOf(state.range(0)))
-        prepared.append(arraysOf(molecule.formula()));
+        prepared.append(IsoArrays(molecule.formula()));
     for (auto _ : state) {
         for (const IsoArrays& arrays : std::as_const(prepared)) {
-            IsoSpec::Iso iso(static_cast<int>(arrays.counts.size()),
-                             arrays.isotopeNumbers.constData(), arrays.counts.constData(),
-                             arrays.masses.constData(), arrays.abundances.constData());
-            IsoSpec::IsoThresholdGenerator generator(std::move(iso), 1e-7, true, 1000, 1000, true);
+            IsoSpec::IsoThresholdGenerator generator(arrays.iso(), 1e-7, true, 1000, 1000, true);
             double sum = 0.0;
             while (generator.advanceToNextConfiguration())
                 sum += generator.mass() * generator.prob();

@@ -1,22 +1,10 @@
 #pragma once
 
+#include "Require.h"
+
 #include <cstddef>
 #include <cstdint>
-#include <cstdio>
-#include <cstdlib>
 #include <limits>
-
-/// \file
-/// What the fuzzers of steps and clips share: bytes read as small choices, and a loud stop.
-
-/// Stops the fuzzer on a property that does not hold.
-inline void require(bool holds, const char* property)
-{
-    if (holds)
-        return;
-    std::fprintf(stderr, "violated: %s\n", property);
-    std::abort();
-}
 
 /// Hands out the bytes of an input as choices; zeros once they have run out.
 class ByteReader

@@ -23,7 +23,8 @@ void requireReadsBack(const chem::ChemicalFormula& formula)
     const auto read = chem::ChemicalFactory::parseChemicalFormula(formula.toIsoFormulaString());
     const auto& counts = formula.elementCountMap();
     for (auto entry = counts.cbegin(); entry != counts.cend(); ++entry)
-        require(agreeToSixDigits(entry.value(), read.elementCountMap().value(entry.key())));
+        require(agreeToSixDigits(entry.value(), read.elementCountMap().value(entry.key())),
+                "the text form keeps six digits of each count");
 }
 
 } // namespace
@@ -32,20 +33,24 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
 {
     const QString text = textOf(data, size, units);
     const auto formula = chem::ChemicalFactory::parseChemicalFormula(text);
-    require(formula.toIsoFormulaString().isEmpty() || formula.isValid());
-    require(formula.toThermoFormulaString().isEmpty() || formula.isValid());
+    require(formula.toIsoFormulaString().isEmpty() || formula.isValid(),
+            "only a valid formula has a text for IsoSpec++");
+    require(formula.toThermoFormulaString().isEmpty() || formula.isValid(),
+            "only a valid formula has a spaced text");
     if (formula.isValid())
         requireReadsBack(formula);
     const auto difference = formula - formula;
-    require(difference.elementCountMap().size() == formula.elementCountMap().size());
+    require(difference.elementCountMap().size() == formula.elementCountMap().size(),
+            "elements whose counts cancel stay");
 
     const auto factory = chem::defaultChemicalFactory();
     double mono = 1.0;
     double average = 1.0;
     const bool failed = factory->calculateMassesForFormula(formula, &mono, &average).hasError();
-    require(!failed || (mono == 0.0 && average == 0.0));
+    require(!failed || (mono == 0.0 && average == 0.0), "a failure gives no masses");
     const chem::Molecule molecule = factory->constructMolecule(text);
-    require(molecule.monoMass() == mono && molecule.averageMass() == average);
+    require(molecule.monoMass() == mono && molecule.averageMass() == average,
+            "a molecule of a text has the masses of its formula");
     factory->modifyMolecule(molecule, text, -2);
     factory->moleculeBasedOnMonoMass(text, 1000.0);
     return 0;

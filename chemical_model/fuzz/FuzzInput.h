@@ -1,18 +1,12 @@
 #pragma once
 
+#include "Require.h"
+
 #include <QString>
 #include <QStringList>
 
 #include <cstddef>
 #include <cstdint>
-#include <cstdlib>
-
-/// Ends the run where a property does not hold, so that the fuzzer keeps the input.
-inline void require(bool holds)
-{
-    if (!holds)
-        std::abort();
-}
 
 /// Maps each byte to a unit of a notation: coverage cannot see into the expression engine, so the
 /// input speaks the notation from the start. Bytes beyond the units give any character.

@@ -19,13 +19,15 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     const auto factory = chem::defaultChemicalFactory();
     const bool isValid = factory->isValidGlycanComposition(text);
     const chem::Molecule glycan = factory->constructGlycanModification(text);
-    require(glycan.monoMass() >= 0.0);
+    require(glycan.monoMass() >= 0.0, "a glycan never lightens");
     if (isValid)
-        require(factory->isValidGlycanComposition(text + u"#Hex(1)"_s));
+        require(factory->isValidGlycanComposition(text + u"#Hex(1)"_s),
+                "a further term keeps a composition valid");
     const chem::Molecule twice = factory->constructGlycanModification(text + u'#' + text);
     for (const QString& symbol : glycan.formula().elementCountMap().keys()) {
         require(twice.formula().elementCountMap().value(symbol) ==
-                2 * glycan.formula().elementCountMap().value(symbol));
+                    2 * glycan.formula().elementCountMap().value(symbol),
+                "terms add up");
     }
     return 0;
 }

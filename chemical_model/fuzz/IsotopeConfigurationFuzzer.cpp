@@ -28,14 +28,16 @@ struct OpenFactory : public chem::ChemicalFactory
 void requireConsistent(const OpenFactory& factory)
 {
     for (qsizetype i = 0; i < factory.isotopes.size(); ++i) {
-        require(factory.isotopesBySymbol.value(factory.isotopes[i].symbol).contains(i));
-        require(factory.isotopesByName.value(factory.isotopes[i].name).contains(i));
+        require(factory.isotopesBySymbol.value(factory.isotopes[i].symbol).contains(i),
+                "each isotope is found by its symbol");
+        require(factory.isotopesByName.value(factory.isotopes[i].name).contains(i),
+                "each isotope is found by its name");
     }
     const bool isRefused = factory.buildingBlocks.isEmpty();
     if (isRefused)
-        require(factory.constructMolecule(u"C"_s).monoMass() == 12.0);
+        require(factory.constructMolecule(u"C"_s).monoMass() == 12.0, "carbon weighs 12");
     else
-        require(factory.buildingBlocks.size() == 7);
+        require(factory.buildingBlocks.size() == 7, "seven kinds of building blocks");
 }
 
 } // namespace

@@ -1,3 +1,4 @@
+#include "Require.h"
 #include <ChemicalFactory.h>
 #include <LinearFragments.h>
 #include <OligoScanner.h>
@@ -8,7 +9,6 @@
 #include <algorithm>
 #include <cstddef>
 #include <cstdint>
-#include <cstdlib>
 
 using namespace Qt::StringLiterals;
 
@@ -54,12 +54,6 @@ private:
     const std::uint8_t* m_end;
 };
 
-void require(bool condition)
-{
-    if (!condition)
-        std::abort();
-}
-
 QString readAlphabet(Bytes* bytes)
 {
     QString alphabet;
@@ -84,13 +78,14 @@ void requireSameUnits(const OligoScanner& scanner, const OligoAlphabets& alphabe
     if (expression.isValid())
         expected = expression.globalMatch(body);
     for (const OligoUnit& unit : scanner.units(body)) {
-        require(expected.hasNext());
+        require(expected.hasNext(), "no unit too many");
         const QRegularExpressionMatch match = expected.next();
         require(unit.text == match.captured(0) && unit.ribose == match.captured(1) &&
-                unit.base == match.captured(3) && unit.number == match.captured(4) &&
-                unit.phosphates == match.captured(5));
+                    unit.base == match.captured(3) && unit.number == match.captured(4) &&
+                    unit.phosphates == match.captured(5),
+                "units are cut as the expression cuts them");
     }
-    require(!expected.hasNext());
+    require(!expected.hasNext(), "no unit too few");
 }
 
 /// The scanner must tell what the expressions tell, for any alphabets.
@@ -112,12 +107,13 @@ void compareWithExpressions(Bytes bytes)
     const QRegularExpressionMatch match =
         expression.isValid() ? expression.match(text) : QRegularExpressionMatch();
     const auto parts = scanner.split(text);
-    require(scanner.matches(text) == match.hasMatch());
-    require(parts.has_value() == match.hasMatch());
+    require(scanner.matches(text) == match.hasMatch(), "validity is the expression's");
+    require(parts.has_value() == match.hasMatch(), "what is valid is split");
     if (!parts)
         return;
     require(parts->fivePrimeMark == match.captured(1) && parts->body == match.captured(2) &&
-            parts->threePrimeMark == match.captured(6));
+                parts->threePrimeMark == match.captured(6),
+            "marks and body are the expression's");
     requireSameUnits(scanner, alphabets, match.captured(2));
 }
 
@@ -131,17 +127,19 @@ void readUsualText(Bytes bytes)
     chem::NamedMolecule threePrime;
     const bool isRead =
         factory->parseNucleotideSequence(text, &nucleotides, &fivePrime, &threePrime);
-    require(isRead == factory->isValidOligoSequence(text));
-    require(isRead == !nucleotides.isEmpty());
+    require(isRead == factory->isValidOligoSequence(text), "what is valid is read");
+    require(isRead == !nucleotides.isEmpty(), "what is read has nucleotides");
 
     const auto complex = factory->constructLinearOligoComplex(text);
-    require(complex || !isRead); // blanks and line feeds are no obstacle to a complex
+    // Blanks and line feeds are no obstacle to a complex.
+    require(complex || !isRead, "what is read has a complex");
     if (!complex)
         return;
     const qsizetype size = complex->residues.size() - 2;
     QList<chem::SimpleFragment> fragments;
     chem::generateLinearFragments(*complex, fragments);
-    require(fragments.size() == 8 * size + std::max<qsizetype>(0, size - 2));
+    require(fragments.size() == 8 * size + std::max<qsizetype>(0, size - 2),
+            "eight ions for each nucleotide and a-B inside");
 }
 
 } // namespace

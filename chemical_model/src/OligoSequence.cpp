@@ -228,7 +228,8 @@ bool ChemicalFactory::parseNucleotideSequence(const QString& sequence,
     if (isLoneNumber && !nucleotides->isEmpty() && hasImplicitPhosphate(*nucleotides->constLast()))
         nucleotides->last() =
             QSharedPointer<Nucleotide>::create(withoutPhosphate(*nucleotides->constLast()));
-    nucleotides->reserve(nucleotides->size() + static_cast<qsizetype>(text->nucleotides.size()));
+    if (nucleotides->isEmpty()) // a list that grows text by text keeps its own rhythm
+        nucleotides->reserve(static_cast<qsizetype>(text->nucleotides.size()));
     for (const PlacedNucleotide& placed : text->nucleotides)
         nucleotides->append(QSharedPointer<const Nucleotide>::create(*placed.nucleotide));
 
