@@ -1,12 +1,12 @@
 // Matching a model against a million sorted masses at 10 ppm. The floor searches an array of
 // doubles and walks the window; further measurements show what entities cost in its place.
 
-#include "BenchmarkProteins.h"
+#include "BenchmarkInputs.h"
+#include <ChemicalModel.h>
 
 #include <benchmark/benchmark.h>
 
 #include <algorithm>
-#include <random>
 #include <vector>
 
 namespace {
@@ -18,18 +18,12 @@ using chem::ObservedMassEntity;
 
 constexpr int massCount = 1000000;
 constexpr int modelCount = 1024;
-constexpr double lightest = 500.0;
-constexpr double heaviest = 50000.0;
 constexpr double tolerance = 10.0; // ppm
 
 const std::vector<double>& masses()
 {
     static const std::vector<double> sorted = [] {
-        std::mt19937 random(20261123);
-        std::uniform_real_distribution<double> mass(lightest, heaviest);
-        std::vector<double> drawn(massCount);
-        for (double& value : drawn)
-            value = mass(random);
+        std::vector<double> drawn = randomMasses(massCount, 20261123);
         std::sort(drawn.begin(), drawn.end());
         return drawn;
     }();
@@ -44,14 +38,7 @@ const QList<ObservedMassEntity>& observedMasses()
 
 const std::vector<double>& modelMasses()
 {
-    static const std::vector<double> models = [] {
-        std::mt19937 random(20261124);
-        std::uniform_real_distribution<double> mass(lightest, heaviest);
-        std::vector<double> drawn(modelCount);
-        for (double& value : drawn)
-            value = mass(random);
-        return drawn;
-    }();
+    static const std::vector<double> models = randomMasses(modelCount, 20261124);
     return models;
 }
 
@@ -95,7 +82,7 @@ void searchEntities(benchmark::State& state)
 }
 BENCHMARK(searchEntities);
 
-/// A list of some 20 matches is two reference counts for each of them.
+/// Ten matches, as many as lie in an average window: two reference counts for each of them.
 void copyMatches(benchmark::State& state)
 {
     const MoleculeEntity model = 25000.0;

@@ -1,11 +1,10 @@
+#include "BenchmarkInputs.h"
 #include <ChemicalFactory.h>
 #include <LinearFragments.h>
 
 #include <QRegularExpression>
 
 #include <benchmark/benchmark.h>
-
-#include <random>
 
 using namespace Qt::StringLiterals;
 
@@ -23,36 +22,9 @@ using Nucleotides = QList<QSharedPointer<const Nucleotide>>;
 
 constexpr int textCount = 2000;
 
-/// Strands of 20 to 25 nucleotides in the chemistries of the field: DNA, RNA, thioate DNA and
-/// gapmers. On the average a text has some 45 characters.
-QStringList makeTexts()
-{
-    std::mt19937 random(20261121);
-    const auto draw = [&random](unsigned end) {
-        return static_cast<qsizetype>(random() % end);
-    };
-    const QStringList riboses = {QString(), u"r"_s, QString(), u"e"_s};
-    const QStringList linkages = {QString(), QString(), u"*"_s, u"*"_s};
-    QStringList texts;
-    for (int i = 0; i < textCount; ++i) {
-        const qsizetype chemistry = i % 4;
-        const qsizetype length = 20 + draw(6);
-        QString text;
-        for (qsizetype k = 0; k < length; ++k) {
-            const bool isWing = k < 5 || k >= length - 5;
-            text += chemistry == 3 && !isWing ? u"d"_s : riboses[chemistry];
-            text += u"ACGT"[draw(4)];
-            if (k < length - 1)
-                text += linkages[chemistry];
-        }
-        texts.append(text);
-    }
-    return texts;
-}
-
 const QStringList& texts()
 {
-    static const QStringList texts = makeTexts();
+    static const QStringList texts = randomOligos(textCount);
     return texts;
 }
 
