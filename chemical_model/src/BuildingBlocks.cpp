@@ -212,13 +212,6 @@ QMap<QString, NamedMolecule> ChemicalFactory::threePrimeTerminals() const
     return buildingBlocks.value(ThreePrimeTerminalBlock);
 }
 
-void ChemicalFactory::standardPeptideTermini(NamedMolecule* nTerminal,
-                                             NamedMolecule* cTerminal) const
-{
-    *nTerminal = NamedMolecule(hydrogen, u"NTerm"_s, u"H-"_s);
-    *cTerminal = NamedMolecule(hydroxyl, u"CTerm"_s, u"-OH"_s);
-}
-
 void ChemicalFactory::standardOligoTermini(NamedMolecule* fivePrime,
                                            NamedMolecule* threePrime) const
 {

@@ -9,12 +9,7 @@ namespace chem {
 
 const QChar ChemicalFactory::ChainDelimeter = u'/';
 
-ChemicalFactory::ChemicalFactory()
-    : m_elementMasses(std::make_shared<ElementMasses>())
-{
-    prepareReaders();
-}
-
+ChemicalFactory::ChemicalFactory() = default;
 ChemicalFactory::ChemicalFactory(const ChemicalFactory& other) = default;
 ChemicalFactory::ChemicalFactory(ChemicalFactory&& other) noexcept = default;
 ChemicalFactory& ChemicalFactory::operator=(const ChemicalFactory& other) = default;
@@ -60,6 +55,30 @@ void ChemicalFactory::prepareReaders()
 {
     preparePeptideReader();
     prepareOligoReader();
+}
+
+const ElementMasses& ChemicalFactory::elementMasses() const
+{
+    static const ElementMasses ofNothing;
+    return m_elementMasses ? *m_elementMasses : ofNothing;
+}
+
+const PeptideParts& ChemicalFactory::peptideParts() const
+{
+    static const PeptideParts ofNothing = ChemicalFactory().makePeptideParts();
+    return m_peptideParts ? m_peptideParts->forThisThread() : ofNothing;
+}
+
+const OligoScanner& ChemicalFactory::oligoScanner() const
+{
+    static const OligoScanner ofNothing{OligoAlphabets()};
+    return m_oligoScanner ? *m_oligoScanner : ofNothing;
+}
+
+const OligoParts& ChemicalFactory::oligoParts() const
+{
+    static const OligoParts ofNothing({}, {});
+    return m_oligoParts ? *m_oligoParts : ofNothing;
 }
 
 /// Prepares anew what reads the dictionary of `type`.

@@ -23,6 +23,7 @@ class ElementMasses;
 class OligoParts;
 class OligoScanner;
 struct OligoAlphabets;
+class PeptidePartsByThread;
 struct PeptideParts;
 
 /// Reads text and makes molecules from it, with masses from one isotope table.
@@ -85,7 +86,7 @@ public:
     static QSharedPointer<ChemicalFactory> construct(const QString& isotopeOverrides);
 
     ChemicalFactory(const ChemicalFactory& other);
-    /// Takes everything from `other`, which may then only be assigned to or destroyed.
+    /// Takes everything from `other`, which is left without dictionaries and isotopes.
     ChemicalFactory(ChemicalFactory&& other) noexcept;
     ChemicalFactory& operator=(const ChemicalFactory& other);
     ChemicalFactory& operator=(ChemicalFactory&& other) noexcept;
@@ -349,6 +350,7 @@ private:
     void prepareReaders();
     void prepareReadersOf(BuildingBlockType type);
     void preparePeptideReader();
+    PeptideParts makePeptideParts() const;
     void prepareOligoReader();
     QMap<QString, NamedMolecule> aminoAcids() const;
     QMap<QString, NamedMolecule> nucleobases() const;
@@ -362,9 +364,15 @@ private:
     OligoAlphabets oligoAlphabets() const;
     void unmarkedOligoTermini(NamedMolecule* fivePrime, NamedMolecule* threePrime) const;
 
-    // What the table and the dictionaries come to, worked out whenever they change.
+    // What the table and the dictionaries come to, worked out whenever they change. Null, and read
+    // as if made from nothing, before init() and after a move.
+    const ElementMasses& elementMasses() const;
+    const PeptideParts& peptideParts() const;
+    const OligoScanner& oligoScanner() const;
+    const OligoParts& oligoParts() const;
+
     std::shared_ptr<const ElementMasses> m_elementMasses;
-    std::shared_ptr<const PeptideParts> m_peptideParts;
+    std::shared_ptr<const PeptidePartsByThread> m_peptideParts;
     std::shared_ptr<const OligoScanner> m_oligoScanner;
     std::shared_ptr<const OligoParts> m_oligoParts;
 };

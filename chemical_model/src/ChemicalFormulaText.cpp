@@ -1,11 +1,15 @@
 #include "ChemicalFactory.h"
 #include "ChemicalFormula.h"
+#include "ElementSymbol.h"
 #include "NearlyEqual.h"
 #include "TruncateToInt.h"
 
 #include <QStringView>
+#include <QVarLengthArray>
 
 #include <algorithm>
+#include <map>
+#include <utility>
 
 using namespace Qt::StringLiterals;
 
@@ -26,34 +30,92 @@ QString withoutSeparators(QString text)
     return text.removeIf([](QChar character) { return !isPartOfFormula(character); });
 }
 
-/// Reads one token, a symbol and the number behind it, into `counts`.
-void readToken(QStringView token, QMap<QString, double>* counts)
+/// A symbol and the number behind it.
+struct Token
+{
+    QStringView symbol;
+    double count;
+};
+
+using Tokens = QVarLengthArray<Token, 16>;
+
+bool isDigit(QChar character)
+{
+    return character >= u'0' && character <= u'9';
+}
+
+/// The number behind a symbol; 0 if it is none, 1 without any.
+double countOf(QStringView number)
+{
+    constexpr qsizetype exactDigits = 15; // what a double holds of any whole number
+    if (number.isEmpty())
+        return 1.0;
+    if (number.size() > exactDigits || !std::all_of(number.cbegin(), number.cend(), isDigit))
+        return number.toDouble();
+    qint64 count = 0;
+    for (const QChar digit : number)
+        count = 10 * count + (digit.unicode() - u'0');
+    return static_cast<double>(count);
+}
+
+Token readToken(QStringView text)
 {
     const auto symbolEnd =
-        std::find_if_not(token.cbegin(), token.cend(), [](QChar c) { return c.isLetter(); });
-    const qsizetype symbolLength = symbolEnd - token.cbegin();
-    const QStringView number = token.sliced(symbolLength);
-    const double count = number.isEmpty() ? 1.0 : number.toDouble();
-    (*counts)[token.first(symbolLength).toString()] += count;
+        std::find_if_not(text.cbegin(), text.cend(), [](QChar c) { return c.isLetter(); });
+    const qsizetype symbolLength = symbolEnd - text.cbegin();
+    return {text.first(symbolLength), countOf(text.sliced(symbolLength))};
+}
+
+/// The tokens of a text without separators: a capital begins each.
+Tokens readTokens(QStringView text)
+{
+    const auto isTokenStart = [](QChar character) {
+        return character.isUpper();
+    };
+    Tokens tokens;
+    auto start = std::find_if(text.cbegin(), text.cend(), isTokenStart);
+    while (start != text.cend()) {
+        const auto end = std::find_if(start + 1, text.cend(), isTokenStart);
+        tokens.append(readToken(QStringView(start, end)));
+        start = end;
+    }
+    return tokens;
+}
+
+/// Ascending by symbol; equal symbols in the order of the text, so that their sum has its bits.
+void sortBySymbol(Tokens* tokens)
+{
+    std::sort(tokens->begin(), tokens->end(), [](const Token& one, const Token& other) {
+        const int order = compareSymbols(one.symbol, other.symbol);
+        return order < 0 || (order == 0 && one.symbol.data() < other.symbol.data());
+    });
+}
+
+/// Sums the counts of each symbol. One search for each element of a map would cost more than all
+/// else.
+ChemicalFormula sumOf(const Tokens& sorted)
+{
+    std::map<QString, double> counts;
+    for (auto token = sorted.cbegin(); token != sorted.cend();) {
+        const QStringView symbol = token->symbol;
+        double count = 0.0;
+        for (; token != sorted.cend() && compareSymbols(token->symbol, symbol) == 0; ++token)
+            count += token->count;
+        counts.emplace_hint(counts.cend(), symbolText(symbol), count);
+    }
+    QMap<QString, double> map(std::move(counts));
+    return ChemicalFormula(map);
 }
 
 } // namespace
 
 ChemicalFormula ChemicalFactory::parseChemicalFormula(const QString& text)
 {
-    const QString compact = withoutSeparators(text);
-    const auto isTokenStart = [](QChar character) {
-        return character.isUpper();
-    };
-
-    QMap<QString, double> counts;
-    auto tokenStart = std::find_if(compact.cbegin(), compact.cend(), isTokenStart);
-    while (tokenStart != compact.cend()) {
-        const auto tokenEnd = std::find_if(tokenStart + 1, compact.cend(), isTokenStart);
-        readToken(QStringView(tokenStart, tokenEnd), &counts);
-        tokenStart = tokenEnd;
-    }
-    return ChemicalFormula(counts);
+    const bool isCompact = std::all_of(text.cbegin(), text.cend(), isPartOfFormula);
+    const QString compact = isCompact ? text : withoutSeparators(text);
+    Tokens tokens = readTokens(compact);
+    sortBySymbol(&tokens);
+    return sumOf(tokens);
 }
 
 // Writing. The forms differ in order, filter and number format on purpose: people read Hill order,

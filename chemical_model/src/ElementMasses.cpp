@@ -38,18 +38,6 @@ void ElementMasses::Atom::requireUsable() const
         refuseAbundances();
 }
 
-/// The place of "H" or "He" among all symbols of that shape; -1 for any other text.
-int ElementMasses::shortSymbolIndex(QStringView symbol)
-{
-    if (symbol.isEmpty() || symbol.size() > 2)
-        return -1;
-    const int capital = symbol.front().unicode() - u'A';
-    const int small = symbol.size() == 2 ? symbol.back().unicode() - u'a' : letters;
-    const bool isShort =
-        capital >= 0 && capital < letters && small >= 0 && (small < letters || symbol.size() == 1);
-    return isShort ? capital * (letters + 1) + small : -1;
-}
-
 void ElementMasses::add(const QString& symbol, const QList<double>& masses,
                         const QList<double>& abundances)
 {

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "ElementSymbol.h"
+
 #include <QHash>
 #include <QList>
 #include <QString>
@@ -42,14 +44,12 @@ public:
     const Atom* find(QStringView symbol) const;
 
 private:
-    static constexpr int letters = 26;
     static constexpr qint16 none = -1;
-    static int shortSymbolIndex(QStringView symbol);
 
     std::vector<Atom> m_atoms;
-    /// Positions by a capital and an optional small letter, which all real symbols are made of: a
-    /// map look-up would cost more than everything else in a mass.
-    std::array<qint16, std::size_t{letters} * (letters + 1)> m_shortSymbols;
+    /// Positions of the short symbols: a map look-up would cost more than everything else in a
+    /// mass.
+    std::array<qint16, shortSymbolCount> m_shortSymbols;
     QHash<QString, qsizetype> m_otherSymbols;
 };
 

@@ -68,13 +68,14 @@ zel::Error ChemicalFactory::calculateMassesForFormula(const ChemicalFormula& for
 {
     MassSum gains;
     MassSum losses;
+    const ElementMasses& atoms = elementMasses();
     const QMap<QString, double>& counts = formula.elementCountMap();
     for (auto entry = counts.cbegin(); entry != counts.cend(); ++entry) {
         const double count = entry.value();
         if (count > 0.0)
-            gains.add(m_elementMasses->find(entry.key()), truncateToInt(count));
+            gains.add(atoms.find(entry.key()), truncateToInt(count));
         else if (count < 0.0)
-            losses.add(m_elementMasses->find(entry.key()), truncateToInt(-count));
+            losses.add(atoms.find(entry.key()), truncateToInt(-count));
     }
 
     *monoMass = gains.mono - losses.mono;
@@ -90,8 +91,9 @@ zel::Error ChemicalFactory::calculateMassesForElementCountArrays(const QList<QSt
                                                                  double* averageMass) const
 {
     MassSum sum;
+    const ElementMasses& atoms = elementMasses();
     for (qsizetype i = 0; i < elements.size(); ++i)
-        sum.add(m_elementMasses->find(elements[i]), counts.value(i));
+        sum.add(atoms.find(elements[i]), counts.value(i));
 
     *monoMass = sum.mono;
     *averageMass = sum.average;

@@ -1,21 +1,16 @@
 #include "FormulaSum.h"
 
-#include <QStringView>
-
-#include <string_view>
+#include <map>
 
 namespace chem {
 
 namespace {
 
-/// The order of QString. Symbols have one or two characters, for which a call costs more than the
-/// comparison.
-int compareSymbols(QStringView one, QStringView other)
+/// The place of "A" to "Z" in the alphabet; -1 for any other text.
+int singleLetter(QStringView symbol)
 {
-    const auto viewOf = [](QStringView text) {
-        return std::u16string_view(text.utf16(), static_cast<std::size_t>(text.size()));
-    };
-    return viewOf(one).compare(viewOf(other));
+    const int letter = symbol.size() == 1 ? symbol.front().unicode() - u'A' : -1;
+    return letter < letterCount ? letter : -1;
 }
 
 } // namespace
@@ -23,31 +18,58 @@ int compareSymbols(QStringView one, QStringView other)
 FormulaSum::FormulaSum(const ChemicalFormula& first)
 {
     const QMap<QString, double>& counts = first.elementCountMap();
-    for (auto entry = counts.cbegin(); entry != counts.cend(); ++entry)
-        m_entries.push_back({entry.key(), entry.value()});
+    for (auto entry = counts.cbegin(); entry != counts.cend(); ++entry) {
+        const int letter = singleLetter(entry.key());
+        if (letter < 0) {
+            m_otherEntries.push_back({entry.key(), entry.value()});
+            continue;
+        }
+        m_letterCounts[static_cast<std::size_t>(letter)] = entry.value();
+        m_hasLetter[static_cast<std::size_t>(letter)] = true;
+    }
 }
 
 void FormulaSum::add(const ChemicalFormula& formula)
 {
     const QMap<QString, double>& addends = formula.elementCountMap();
-    auto entry = m_entries.begin();
+    auto other = m_otherEntries.begin();
     for (auto addend = addends.cbegin(); addend != addends.cend(); ++addend) {
+        const int letter = singleLetter(addend.key());
+        if (letter >= 0) {
+            m_letterCounts[static_cast<std::size_t>(letter)] += addend.value();
+            m_hasLetter[static_cast<std::size_t>(letter)] = true;
+            continue;
+        }
         int order = 1;
-        while (entry != m_entries.end() &&
-               (order = compareSymbols(entry->symbol, addend.key())) < 0)
-            ++entry;
-        if (entry == m_entries.end() || order > 0)
-            entry = m_entries.insert(entry, {addend.key(), 0.0});
-        entry->count += addend.value();
+        while (other != m_otherEntries.end() &&
+               (order = compareSymbols(other->symbol, addend.key())) < 0)
+            ++other;
+        if (other == m_otherEntries.end() || order > 0)
+            other = m_otherEntries.insert(other, {addend.key(), 0.0});
+        other->count += addend.value();
     }
 }
 
 ChemicalFormula FormulaSum::result() const
 {
-    QMap<QString, double> counts;
-    for (const Entry& entry : m_entries)
-        counts.insert(counts.cend(), entry.symbol, entry.count);
-    return ChemicalFormula(counts);
+    std::map<QString, double> counts;
+    const auto append = [&counts](const QString& symbol, double count) {
+        counts.emplace_hint(counts.cend(), symbol, count);
+    };
+    auto other = m_otherEntries.cbegin();
+    for (std::size_t letter = 0; letter < m_letterCounts.size(); ++letter) {
+        if (!m_hasLetter[letter])
+            continue;
+        const QChar capital(static_cast<char16_t>(u'A' + letter));
+        const QString symbol = symbolText(QStringView(&capital, 1));
+        for (; other != m_otherEntries.cend() && compareSymbols(other->symbol, symbol) < 0; ++other)
+            append(other->symbol, other->count);
+        append(symbol, m_letterCounts[letter]);
+    }
+    for (; other != m_otherEntries.cend(); ++other)
+        append(other->symbol, other->count);
+    QMap<QString, double> map(std::move(counts));
+    return ChemicalFormula(map);
 }
 
 } // namespace chem

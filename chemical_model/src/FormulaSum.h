@@ -1,9 +1,11 @@
 #pragma once
 
 #include "ChemicalFormula.h"
+#include "ElementSymbol.h"
 
 #include <QString>
 
+#include <array>
 #include <vector>
 
 namespace chem {
@@ -11,8 +13,8 @@ namespace chem {
 /// Adds many formulas up, entry by entry in the order given, so that every count has the bits that
 /// ChemicalFormula::operator+=() would give it.
 ///
-/// A flat, sorted list takes the place of the map: a residue costs a short walk through
-/// neighbouring memory and not a tree search for each element (measured: 30 against 197 ns).
+/// An array by letter takes the place of the map for C, H, N, O, P, S and the like, and a sorted
+/// list for all other symbols: an element costs one addition and not a tree search.
 class FormulaSum
 {
 public:
@@ -30,7 +32,9 @@ private:
         QString symbol;
         double count;
     };
-    std::vector<Entry> m_entries; ///< Ascending by symbol.
+    std::array<double, letterCount> m_letterCounts{};
+    std::array<bool, letterCount> m_hasLetter{};
+    std::vector<Entry> m_otherEntries; ///< Ascending by symbol.
 };
 
 } // namespace chem

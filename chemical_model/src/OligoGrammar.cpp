@@ -73,7 +73,7 @@ bool ChemicalFactory::isValidOligoSequence(const QString& sequence) const
     QStringView rest = sequence;
     while (true) {
         const qsizetype comma = rest.indexOf(u',');
-        if (!m_oligoScanner->matches(comma < 0 ? rest : rest.first(comma)))
+        if (!oligoScanner().matches(comma < 0 ? rest : rest.first(comma)))
             return false;
         if (comma < 0)
             return true;

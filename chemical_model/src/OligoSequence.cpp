@@ -218,7 +218,7 @@ bool ChemicalFactory::parseNucleotideSequence(const QString& sequence,
                                               NamedMolecule* fivePrime,
                                               NamedMolecule* threePrime) const
 {
-    const auto text = readOligoText(sequence, *m_oligoScanner, *m_oligoParts);
+    const auto text = readOligoText(sequence, oligoScanner(), oligoParts());
     unmarkedOligoTermini(fivePrime, threePrime);
     if (!text)
         return false;
@@ -234,7 +234,7 @@ bool ChemicalFactory::parseNucleotideSequence(const QString& sequence,
         nucleotides->append(QSharedPointer<const Nucleotide>::create(*placed.nucleotide));
 
     const bool isBareNumber = nucleotides->size() == 1 && isNumber(*nucleotides->constFirst());
-    readTerminals(*text, isBareNumber, *m_oligoParts, fivePrime, threePrime);
+    readTerminals(*text, isBareNumber, oligoParts(), fivePrime, threePrime);
     return true;
 }
 
@@ -242,14 +242,14 @@ QSharedPointer<MoleculeComplex>
 ChemicalFactory::constructLinearOligoComplex(const QString& sequence) const
 {
     const QString letters = sequence.simplified().remove(u' ');
-    const auto text = readOligoText(letters, *m_oligoScanner, *m_oligoParts);
+    const auto text = readOligoText(letters, oligoScanner(), oligoParts());
     if (!text)
         return {};
     NamedMolecule fivePrime;
     NamedMolecule threePrime;
     unmarkedOligoTermini(&fivePrime, &threePrime);
-    readTerminals(*text, isBareNumber(*text), *m_oligoParts, &fivePrime, &threePrime);
-    return layOut(text->nucleotides, fivePrime, threePrime, *m_oligoParts);
+    readTerminals(*text, isBareNumber(*text), oligoParts(), &fivePrime, &threePrime);
+    return layOut(text->nucleotides, fivePrime, threePrime, oligoParts());
 }
 
 QSharedPointer<MoleculeComplex> ChemicalFactory::constructLinearOligoComplex(
@@ -260,25 +260,25 @@ QSharedPointer<MoleculeComplex> ChemicalFactory::constructLinearOligoComplex(
     placed.reserve(static_cast<std::size_t>(nucleotides.size()));
     for (const auto& nucleotide : nucleotides)
         placed.push_back({nucleotide.data()});
-    return layOut(placed, fivePrime, threePrime, *m_oligoParts);
+    return layOut(placed, fivePrime, threePrime, oligoParts());
 }
 
 void ChemicalFactory::constructLinearOligoComplexes(
     const QString& sequence, int fivePrimeTruncations, int threePrimeTruncations,
     QList<QSharedPointer<const MoleculeComplex>>* complexes) const
 {
-    const auto text = readOligoText(sequence, *m_oligoScanner, *m_oligoParts);
+    const auto text = readOligoText(sequence, oligoScanner(), oligoParts());
     NamedMolecule fivePrime;
     NamedMolecule threePrime;
     unmarkedOligoTermini(&fivePrime, &threePrime);
     std::span<const PlacedNucleotide> whole;
     if (text) {
-        readTerminals(*text, isBareNumber(*text), *m_oligoParts, &fivePrime, &threePrime);
+        readTerminals(*text, isBareNumber(*text), oligoParts(), &fivePrime, &threePrime);
         whole = text->nucleotides;
     }
 
     const auto append = [&](std::span<const PlacedNucleotide> remaining) {
-        complexes->append(layOut(remaining, fivePrime, threePrime, *m_oligoParts));
+        complexes->append(layOut(remaining, fivePrime, threePrime, oligoParts()));
     };
     append(whole);
     for (std::size_t i = 1; std::cmp_less_equal(i, fivePrimeTruncations); ++i)

@@ -4,6 +4,8 @@
 
 #include <utility>
 
+using namespace Qt::StringLiterals;
+
 namespace chem {
 
 namespace {
@@ -18,6 +20,21 @@ QList<QSharedPointer<FragmentationSite>> copiesOf(const std::vector<Fragmentatio
     return copies;
 }
 
+/// The same molecule with a formula of its own.
+Molecule unshared(const Molecule& molecule)
+{
+    QMap<QString, double> counts = molecule.formula().elementCountMap();
+    counts.detach();
+    return Molecule(ChemicalFormula(counts), molecule.averageMass(), molecule.monoMass());
+}
+
+QMap<QString, NamedMolecule> unshared(QMap<QString, NamedMolecule> dictionary)
+{
+    for (NamedMolecule& entry : dictionary)
+        entry = NamedMolecule(unshared(Molecule(entry)), entry.name, entry.code);
+    return dictionary;
+}
+
 } // namespace
 
 void ChemicalFactory::parseAminoAcidSequence(const QString& sequence,
@@ -26,19 +43,16 @@ void ChemicalFactory::parseAminoAcidSequence(const QString& sequence,
                                              NamedMolecule* cTerminal) const
 {
     standardPeptideTermini(nTerminal, cTerminal);
+    const LetterTable& residues = peptideParts().residues;
     aminoAcids_->reserve(sequence.size());
     for (const QChar letter : sequence)
-        aminoAcids_->append(
-            QSharedPointer<AminoAcid>::create(m_peptideParts->residues.entry(letter)));
+        aminoAcids_->append(QSharedPointer<AminoAcid>::create(residues.entry(letter)));
 }
 
 QSharedPointer<MoleculeComplex>
 ChemicalFactory::constructLinearPeptideComplex(const QString& sequence) const
 {
-    NamedMolecule nTerminal;
-    NamedMolecule cTerminal;
-    standardPeptideTermini(&nTerminal, &cTerminal);
-
+    const PeptideParts& parts = peptideParts();
     const qsizetype size = sequence.size() + 2;
     QList<QSharedPointer<ComplexResidue>> residues;
     residues.reserve(size);
@@ -48,17 +62,17 @@ ChemicalFactory::constructLinearPeptideComplex(const QString& sequence) const
     };
 
     ChainTotal total;
-    total.add(nTerminal);
-    total.add(cTerminal);
-    append(nTerminal);
+    total.add(parts.nTerminal);
+    total.add(parts.cTerminal);
+    append(parts.nTerminal);
     for (const QChar letter : sequence) {
-        const NamedMolecule& residue = m_peptideParts->residues.entry(letter);
+        const NamedMolecule& residue = parts.residues.entry(letter);
         total.add(residue);
         append(residue);
     }
-    append(cTerminal);
+    append(parts.cTerminal);
 
-    QList<QList<QSharedPointer<FragmentationSite>>> sites(size, copiesOf(m_peptideParts->sites));
+    QList<QList<QSharedPointer<FragmentationSite>>> sites(size, copiesOf(parts.sites));
     sites.first() = {}; // nothing breaks at a terminal
     sites.last() = {};
     return QSharedPointer<MoleculeComplex>::create(total.result(), residues, sites);
@@ -66,17 +80,37 @@ ChemicalFactory::constructLinearPeptideComplex(const QString& sequence) const
 
 void ChemicalFactory::preparePeptideReader()
 {
+    m_peptideParts = std::make_shared<PeptidePartsByThread>([this] { return makePeptideParts(); });
+}
+
+PeptideParts ChemicalFactory::makePeptideParts() const
+{
     const Molecule nothing;
-    auto parts = std::make_shared<PeptideParts>();
-    parts->residues = LetterTable(aminoAcids());
-    parts->sites = {
-        {FragmentType::B, nothing, hydrogen},    {FragmentType::Y, hydrogen, nothing},
-        {FragmentType::A, nothing, formyl},      {FragmentType::Adot, hydrogen, formyl},
-        {FragmentType::C, amine, nothing},       {FragmentType::Cdot, ammonia, nothing},
-        {FragmentType::X, formyl, hydrogenPair}, {FragmentType::Xdot, formyl, hydrogen},
-        {FragmentType::Z, nothing, amine},       {FragmentType::Zdot, hydrogen, amine},
+    const Molecule h = unshared(hydrogen);
+    const Molecule h2 = unshared(hydrogenPair);
+    const Molecule nh2 = unshared(amine);
+    const Molecule nh3 = unshared(ammonia);
+    const Molecule cho = unshared(formyl);
+    PeptideParts parts;
+    parts.residues = LetterTable(unshared(aminoAcids()));
+    parts.sites = {
+        {FragmentType::B, nothing, h},   {FragmentType::Y, h, nothing},
+        {FragmentType::A, nothing, cho}, {FragmentType::Adot, h, cho},
+        {FragmentType::C, nh2, nothing}, {FragmentType::Cdot, nh3, nothing},
+        {FragmentType::X, cho, h2},      {FragmentType::Xdot, cho, h},
+        {FragmentType::Z, nothing, nh2}, {FragmentType::Zdot, h, nh2},
     };
-    m_peptideParts = std::move(parts);
+    parts.nTerminal = NamedMolecule(h, u"NTerm"_s, u"H-"_s);
+    parts.cTerminal = NamedMolecule(unshared(hydroxyl), u"CTerm"_s, u"-OH"_s);
+    return parts;
+}
+
+void ChemicalFactory::standardPeptideTermini(NamedMolecule* nTerminal,
+                                             NamedMolecule* cTerminal) const
+{
+    const PeptideParts& parts = peptideParts();
+    *nTerminal = parts.nTerminal;
+    *cTerminal = parts.cTerminal;
 }
 
 } // namespace chem
