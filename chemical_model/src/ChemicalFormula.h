@@ -30,7 +30,7 @@ public:
     ChemicalFormula() = default;
 
     /// Makes a formula that shares `elementCountMap`, which stays unchanged.
-    explicit ChemicalFormula(QMap<QString, double>& elementCountMap);
+    ChemicalFormula(QMap<QString, double>& elementCountMap);
 
     ChemicalFormula(const ChemicalFormula& other) = default;
     /// Takes the entries of `other`, which is left empty and usable.

@@ -2,6 +2,7 @@
 
 #include <QMessageLogger>
 
+#include <algorithm>
 #include <utility>
 
 namespace chem {
@@ -22,18 +23,21 @@ protected:
     Concept& operator=(const Concept&) = delete;
 };
 
-double mass(const double& value)
+template <typename T>
+double mass(const T& value)
 {
     return value;
 }
 
-double monoMass(const double& value)
+template <typename T>
+double monoMass(const T& value)
 {
     return value;
 }
 
 /// Says so where a type has no intensity to give. Hosts filter the message by this context.
-double intensity(const double&)
+template <typename T>
+double intensity(const T&)
 {
     constexpr int noLine = 0;
     QMessageLogger("chemical_model/src/ObservedMassEntity", noLine,
@@ -114,6 +118,17 @@ qsizetype firstNotBelow(const QList<ObservedMassEntity>& observedMasses, double 
     return first;
 }
 
+/// A window of tolerance around the mass of a model. Both edges belong to it, and what is not a
+/// number lies neither below nor above.
+struct Window
+{
+    double mass;
+    double delta;
+
+    bool isAfter(double observed) const { return mass - (observed + delta) > 0.0; }
+    bool isBefore(double observed) const { return mass - (observed - delta) < 0.0; }
+};
+
 } // namespace
 
 double absoluteMassToleranceDelta(double mass, const MatchingParameters& parameters)
@@ -132,19 +147,23 @@ double absoluteMassToleranceDelta(double mass, const MatchingParameters& paramet
 QList<Match> match(MoleculeEntity entity, const QList<ObservedMassEntity>& observedMasses,
                    const MatchingParameters& parameters)
 {
-    QList<Match> matches;
-    matches.reserve(expectedMatches);
     const double mass = entity.averageMass();
     const double delta = absoluteMassToleranceDelta(mass, parameters);
+    const Window window = {mass, delta};
+    const qsizetype first = firstNotBelow(observedMasses, mass - delta);
+    qsizetype end = first;
+    const auto isPassed = [&window](double observed) {
+        return !window.isAfter(observed) && window.isBefore(observed);
+    };
+    while (end < observedMasses.size() && !isPassed(observedMasses[end].mass()))
+        ++end;
 
-    for (qsizetype i = firstNotBelow(observedMasses, mass - delta); i < observedMasses.size();
-         ++i) {
-        const double observed = observedMasses[i].mass();
-        if (mass - (observed + delta) > 0.0)
-            continue;
-        if (mass - (observed - delta) < 0.0)
-            break;
-        matches.append({entity, observedMasses[i]});
+    // Room for all at once: walking twice costs less than moving the matches while the list grows.
+    QList<Match> matches;
+    matches.reserve(std::max(expectedMatches, end - first));
+    for (qsizetype i = first; i < end; ++i) {
+        if (!window.isAfter(observedMasses[i].mass()))
+            matches.append({entity, observedMasses[i]});
     }
     return matches;
 }

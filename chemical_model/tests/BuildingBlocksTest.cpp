@@ -259,4 +259,28 @@ TEST(BuildingBlocks, OldFormulasAreConvertedToThePieceThatRemains)
     }
 }
 
+TEST(BuildingBlocks, StoringUnderAKeyReplacesAnUnlikeCodeToo)
+{
+    OpenFactory factory;
+    factory.setBuildingBlock(ChemicalFactory::FivePrimeTerminalBlock, u"["_s, u"own"_s, u"C1"_s);
+    factory.setBuildingBlock(ChemicalFactory::SugarBlock, u"Na"_s, u"own"_s, u"Na"_s);
+    const auto terminals = factory.buildingBlocks.value(ChemicalFactory::FivePrimeTerminalBlock);
+    EXPECT_EQ(terminals.size(), 2);
+    EXPECT_EQ(terminals.value(u"["_s).code, u"["_s); // was "]"
+    const auto sugars = factory.buildingBlocks.value(ChemicalFactory::SugarBlock);
+    EXPECT_EQ(sugars.value(u"Na"_s).code, u"Na"_s); // was "Sodium"
+    EXPECT_EQ(sugars.value(u"Sodium"_s).name, u"Sodium"_s);
+}
+
+TEST(BuildingBlocks, EveryKindCanBeStoredNoKindIncluded)
+{
+    OpenFactory factory;
+    for (int kind = 0; kind <= 12; ++kind) {
+        const auto type = static_cast<ChemicalFactory::BuildingBlockType>(kind);
+        factory.setBuildingBlock(type, u"own"_s, u"name"_s, u"C1"_s);
+        EXPECT_EQ(factory.buildingBlocks.value(type).value(u"own"_s).monoMass(), 12.0) << kind;
+    }
+    EXPECT_EQ(factory.buildingBlocks.size(), 13);
+}
+
 } // namespace

@@ -131,4 +131,30 @@ TEST(ChemicalFactory, IsMadeByItsOwnFunctionsAlone)
     static_assert(!std::is_polymorphic_v<ChemicalFactory>);
 }
 
+TEST(ChemicalFactory, ExtensionIsCopiedMovedAndReleasedWithTheFactory)
+{
+    struct WithExtension : public ChemicalFactory
+    {
+        using ChemicalFactory::Extension;
+        using ChemicalFactory::sharedExtension;
+    };
+    int released = 0;
+    const auto countRelease = [&released](WithExtension::Extension*) {
+        ++released;
+    };
+    static char anyObject = 0;
+    {
+        WithExtension original;
+        original.sharedExtension = QSharedPointer<WithExtension::Extension>(
+            reinterpret_cast<WithExtension::Extension*>(&anyObject), countRelease);
+        const WithExtension copy = original;
+        EXPECT_EQ(copy.sharedExtension, original.sharedExtension);
+        const WithExtension moved = std::move(original);
+        EXPECT_EQ(moved.sharedExtension, copy.sharedExtension);
+        EXPECT_TRUE(original.sharedExtension.isNull()); // NOLINT(bugprone-use-after-move)
+        EXPECT_EQ(released, 0);
+    }
+    EXPECT_EQ(released, 1);
+}
+
 } // namespace

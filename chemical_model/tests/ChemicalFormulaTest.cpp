@@ -6,6 +6,7 @@
 #include <rapidcheck/gtest.h>
 
 #include <cmath>
+#include <concepts>
 #include <limits>
 #include <type_traits>
 #include <utility>
@@ -231,6 +232,27 @@ RC_GTEST_PROP(ChemicalFormulaLaws, AddingNeverLosesAnEntry, ())
     const ChemicalFormula difference = a - b;
     for (const QString& symbol : a.elementCountMap().keys() + b.elementCountMap().keys())
         RC_ASSERT(difference.elementCountMap().contains(symbol));
+}
+
+template <typename T>
+concept CanBeMultiplied = requires(T value)
+{
+    value * 2;
+};
+
+TEST(ChemicalFormula, CannotBeComparedOrMultipliedIntoANewFormula)
+{
+    static_assert(!std::equality_comparable<ChemicalFormula>);
+    static_assert(!CanBeMultiplied<ChemicalFormula>);
+}
+
+TEST(ChemicalFormula, MagnitudeBeyondThirtyTwoBitsGivesTheLowestNumber)
+{
+    QList<QString> elements;
+    QList<int> counts;
+    formulaWith({{u"C"_s, -3e9}}).negativeElementCounts(&elements, &counts);
+    EXPECT_EQ(elements, QList<QString>({u"C"_s}));
+    EXPECT_EQ(counts, QList<int>({std::numeric_limits<int>::min()}));
 }
 
 } // namespace

@@ -254,4 +254,36 @@ RC_GTEST_PROP(ChemicalFormulaTextLaws, GainsMinusLossesAreTheWhole, ())
     RC_ASSERT((gains - losses).elementCountMap() == withoutZeros(formula.elementCountMap()));
 }
 
+TEST(ChemicalFormulaText, CarbonAndHydrogenAtTheHeadHaveNoTolerance)
+{
+    EXPECT_EQ(formulaWith({{u"C"_s, -1e-13}, {u"N"_s, 2}}).toString(), u"C(-1e-13)N2"_s);
+    EXPECT_EQ(formulaWith({{u"C"_s, 1}, {u"H"_s, -1e-13}}).toString(), u"C1H(-1e-13)"_s);
+    EXPECT_EQ(formulaWith({{u"C"_s, 1 + 1e-13}, {u"H"_s, 1 + 1e-13}}).toString(), u"C1H1"_s);
+    EXPECT_EQ(formulaWith({{u"H"_s, 1e-13}, {u"N"_s, 2}}).toString(), u"N2"_s);
+}
+
+TEST(ChemicalFormulaText, FractionsHaveSixSignificantDigitsInEveryForm)
+{
+    const ChemicalFormula formula = formulaWith({{u"C"_s, 2.0 / 3}, {u"N"_s, -1.0 / 3}});
+    EXPECT_EQ(formula.toString(), u"C0.666667N(-0.333333)"_s);
+    EXPECT_EQ(formula.positiveFormulaString(), u"C0.666667"_s);
+    EXPECT_EQ(formula.negativeFormulaString(), u"N0.333333"_s);
+}
+
+TEST(ChemicalFormulaText, ExponentFormReadsBackAtSixDigits)
+{
+    const ChemicalFormula formula = formulaWith({{u"C"_s, 1234567}});
+    EXPECT_EQ(formula.toIsoFormulaString(), u"C1.23457e+06"_s);
+    EXPECT_EQ(read(formula.toIsoFormulaString()).elementCountMap(), Counts({{u"C"_s, 1234570}}));
+}
+
+// The bound of the comparison grows with the count, so an infinite one is within it.
+TEST(ChemicalFormulaText, InfiniteCountIsLeftOutOfTheDisplayFormBehindTheHead)
+{
+    const double infinity = std::numeric_limits<double>::infinity();
+    const ChemicalFormula formula = formulaWith({{u"C"_s, infinity}, {u"N"_s, infinity}});
+    EXPECT_EQ(formula.toString(), u"Cinf"_s);
+    EXPECT_EQ(formula.positiveFormulaString(), u"CinfNinf"_s);
+}
+
 } // namespace

@@ -1,3 +1,4 @@
+#include "MessageRecorder.h"
 #include "OpenFactory.h"
 #include "TestFormulas.h"
 #include "TestPrinters.h"
@@ -268,6 +269,48 @@ TEST(FormulaMasses, BiomoleculesHaveTheBitsOfAGenerator)
         ASSERT_EQ(own.mono, expected.mono);
         ASSERT_EQ(own.average, expected.average);
     }
+}
+
+TEST(FormulaMasses, ModificationWorksOnStoredMasses)
+{
+    const auto factory = chem::defaultChemicalFactory();
+    const chem::Molecule odd(formulaWith({{u"C"_s, 1}}), 2.5, 1.5); // carbon weighs 12
+    const chem::Molecule oxygen = factory->constructMolecule(u"O"_s);
+    const chem::Molecule modified = factory->modifyMolecule(odd, u"O"_s, 1);
+    EXPECT_EQ(modified.averageMass(), 2.5 + oxygen.averageMass());
+    EXPECT_EQ(modified.monoMass(), 1.5 + oxygen.monoMass());
+}
+
+TEST(FormulaMasses, NegativeCountInvertsTheMassesToo)
+{
+    const auto factory = chem::defaultChemicalFactory();
+    const chem::Molecule oxygen = factory->constructMolecule(u"O1"_s);
+    const chem::Molecule pair = factory->constructMolecule(u"H2"_s);
+    const chem::Molecule modified = factory->modifyMolecule({}, u"O1H-2"_s, -3);
+    EXPECT_EQ(modified.monoMass(), -3.0 * oxygen.monoMass() + 3.0 * pair.monoMass());
+    EXPECT_EQ(modified.averageMass(), -3.0 * oxygen.averageMass() + 3.0 * pair.averageMass());
+}
+
+TEST(FormulaMasses, LossesOfAModificationAreGoodToSixDigitsToo)
+{
+    const auto modified = chem::defaultChemicalFactory()->modifyMolecule({}, u"C-1234567"_s, 1);
+    EXPECT_EQ(modified.formula().elementCount(u"C"_s), -1234570);
+    EXPECT_EQ(modified.monoMass(), -1234570.0 * 12.0);
+}
+
+TEST(FormulaMasses, EntriesOfZeroInAModificationLeaveNoTrace)
+{
+    const auto modified = chem::defaultChemicalFactory()->modifyMolecule({}, u"C0H1"_s, 1);
+    EXPECT_EQ(modified.formula().elementCountMap(), (QMap<QString, double>{{u"H"_s, 1}}));
+}
+
+TEST(FormulaMasses, TextThatCannotBePricedWritesNoMessage)
+{
+    const MessageRecorder recorder;
+    const auto factory = chem::defaultChemicalFactory();
+    for (const QString& text : {u""_s, u"Xx2"_s, u"?!"_s, u"C1.5"_s, u"C-1"_s, u"C1e999"_s})
+        factory->constructMolecule(text);
+    EXPECT_TRUE(MessageRecorder::messages().isEmpty());
 }
 
 } // namespace

@@ -1,4 +1,5 @@
 #include "OpenFactory.h"
+#include "TestFormulas.h"
 #include "TestPrinters.h"
 
 #include <gtest/gtest.h>
@@ -137,6 +138,73 @@ RC_GTEST_PROP(GlycanLaws, OrderOfTermsDoesNotMatterToTheComposition, ())
     const QString backwards = terms.join(u"-"_s);
     RC_ASSERT(isValid(forwards) && isValid(backwards));
     RC_ASSERT(glycan(forwards).formula().toString() == glycan(backwards).formula().toString());
+}
+
+TEST(GlycanComposition, EveryTermIsJudged)
+{
+    EXPECT_FALSE(isValid(u"Pent(1)Hex(99999999999)"_s));
+    EXPECT_FALSE(isValid(u"Pent(1)Hex(2147483648)Fuc(1)"_s));
+    EXPECT_EQ(glycan(u"Pent(1)Hex(99999999999)Fuc(1)"_s).formula().toString(), u"C11H18O8"_s);
+}
+
+TEST(GlycanComposition, TermsAreSummedInTheOrderOfTheText)
+{
+    const OpenFactory factory;
+    const auto sugars = factory.buildingBlocks.value(chem::ChemicalFactory::SugarBlock);
+    const auto summed = [&sugars](const QList<std::pair<QString, int>>& terms) {
+        Molecule sum;
+        for (const auto& [name, count] : terms) {
+            Molecule residues = sugars.value(name);
+            residues *= count;
+            sum += residues;
+        }
+        return sum;
+    };
+    const Molecule forwards = summed({{u"HexNAc"_s, 7}, {u"NeuAc"_s, 9}, {u"Fuc"_s, 3}});
+    const Molecule backwards = summed({{u"Fuc"_s, 3}, {u"NeuAc"_s, 9}, {u"HexNAc"_s, 7}});
+    ASSERT_NE(forwards.monoMass(), backwards.monoMass()); // else the order could not be seen
+    EXPECT_EQ(glycan(u"HexNAc(7)NeuAc(9)Fuc(3)"_s).monoMass(), forwards.monoMass());
+    EXPECT_EQ(glycan(u"HexNAc(7)NeuAc(9)Fuc(3)"_s).averageMass(), forwards.averageMass());
+    EXPECT_EQ(glycan(u"Fuc(3)NeuAc(9)HexNAc(7)"_s).monoMass(), backwards.monoMass());
+}
+
+TEST(GlycanComposition, BothNamesOfSodiumGiveOneMolecule)
+{
+    EXPECT_EQ(glycan(u"Na(3)"_s).monoMass(), glycan(u"Sodium(3)"_s).monoMass());
+    EXPECT_EQ(glycan(u"Na(3)"_s).averageMass(), glycan(u"Sodium(3)"_s).averageMass());
+    EXPECT_GT(glycan(u"Na(3)"_s).monoMass(), 0.0);
+}
+
+TEST(GlycanComposition, StoredMassesOfTheMoleculeAreKept)
+{
+    const Molecule odd(formulaWith({{u"C"_s, 1}}), 0.5, 0.25);
+    const auto factory = chem::defaultChemicalFactory();
+    const Molecule sugar = glycan(u"Hex(2)"_s);
+    const Molecule modified = factory->modifyMoleculeWithGlycan(odd, u"Hex(2)"_s);
+    EXPECT_EQ(modified.averageMass(), 0.5 + sugar.averageMass());
+    EXPECT_EQ(modified.monoMass(), 0.25 + sugar.monoMass());
+    EXPECT_EQ(modified.formula().toString(), u"C13H20O10"_s);
+    EXPECT_EQ(odd.averageMass(), 0.5);
+}
+
+TEST(GlycanComposition, NameWithoutAnEntryIsRefusedAndSkipped)
+{
+    OpenFactory factory;
+    factory.buildingBlocks[chem::ChemicalFactory::SugarBlock].remove(u"Hex"_s);
+    EXPECT_FALSE(factory.isValidGlycanComposition(u"Fuc(1)Hex(1)"_s));
+    EXPECT_EQ(factory.constructGlycanModification(u"Fuc(1)Hex(1)"_s).formula().toString(),
+              u"C6H10O4"_s);
+    EXPECT_TRUE(factory.isValidGlycanComposition(u"Fuc(1)"_s));
+}
+
+TEST(GlycanComposition, BrokenTextsAndEndlessCountsAreRefused)
+{
+    EXPECT_FALSE(isValid(u"Hex(1)"_s + QChar(0xd800))); // half a surrogate pair
+    EXPECT_TRUE(glycan(u"Hex(1)"_s + QChar(0xd800)).formula().isEmpty());
+    EXPECT_TRUE(isValid(u"Hex(1)"_s + QChar(u'\0') + u"Hex(1)"_s));
+    EXPECT_FALSE(isValid(u"Hex("_s + QString(1000000, u'9') + u')'));
+    EXPECT_EQ(glycan(u"Hex("_s + QString(1000000, u'0') + u"7)"_s).formula().toString(),
+              u"C42H70O35"_s);
 }
 
 } // namespace

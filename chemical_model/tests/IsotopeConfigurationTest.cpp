@@ -285,4 +285,73 @@ TEST(IsotopeConfiguration, ElementOfNoBuildingBlockThrowsLater)
     }
 }
 
+// The masses of all elements named so far are searched: carbon-14, expected at 14.0052, takes the
+// mass of nitrogen-14, which lies within the window and is met first.
+TEST(IsotopeConfiguration, MassesOfAllElementsNamedSoFarAreSearched)
+{
+    expectRows(u"C12:1 N14:1 C14:1"_s, u"C"_s,
+               {{6, 0, u"carbon"_s, 12.0, 0.5}, {6, 2, u"carbon"_s, naturalMass(u"N"_s, 0), 0.5}});
+    expectRows(u"C12:1 C14:1 N14:1"_s, u"C"_s,
+               {{6, 0, u"carbon"_s, 12.0, 0.5}, {6, 2, u"carbon"_s, 2 * 1.0026 + 12.0, 0.5}});
+}
+
+// Counted from carbon, nickel-60 is expected at 60.1248 (0.194 off) and nickel-62 at 62.13 (0.202).
+TEST(IsotopeConfiguration, KnownIsotopeIsTakenWithinAFifthOfADaltonOnly)
+{
+    expectRows(u"C12:1 Ni60:1"_s, u"Ni"_s, {{28, 48, u"nickel"_s, naturalMass(u"Ni"_s, 1), 1.0}});
+    expectRows(u"C12:1 Ni62:1"_s, u"Ni"_s, {{28, 50, u"nickel"_s, 50 * 1.0026 + 12.0, 1.0}});
+}
+
+// Sulfur-32 weighs 31.972: the mass number of the base is its rounded mass, not a truncated one.
+TEST(IsotopeConfiguration, MassNumberOfTheBaseIsRounded)
+{
+    expectRows(u"S34:1"_s, u"S"_s, {{16, 2, u"sulfur"_s, naturalMass(u"S"_s, 2), 1.0}});
+}
+
+TEST(IsotopeConfiguration, NameAndNumberComeFromTheFirstRow)
+{
+    expectRows(u"E0:1"_s, u"E"_s, {{0, 0, u"electron"_s, 0.000548579909065, 1.0}});
+    const OpenFactory factory(u"E0:1"_s);
+    EXPECT_EQ(factory.electron.averageMass(), factory.electron.monoMass());
+    EXPECT_FALSE(factory.isotopesByName.contains(u"Electron"_s));
+    EXPECT_FALSE(factory.isotopesByAtomicNumber.contains(-1));
+}
+
+TEST(IsotopeConfiguration, EveryEntryGivesARowOfItsOwn)
+{
+    expectRows(u"C13:25 C13:75"_s, u"C"_s,
+               {{6, 1, u"carbon"_s, 13.0033548352, 25 * (1.0 / 100)},
+                {6, 1, u"carbon"_s, 13.0033548352, 75 * (1.0 / 100)}});
+}
+
+TEST(IsotopeConfiguration, EachElementLeftUnscaledIsReportedOnce)
+{
+    const MessageRecorder recorder;
+    const OpenFactory factory(u"C12:0.5 C13:0.5 N14:99 N15:1 H1:0.5"_s);
+    ASSERT_EQ(MessageRecorder::messages().size(), 2); // carbon and hydrogen
+    for (const auto& message : MessageRecorder::messages())
+        EXPECT_EQ(message.type, QtDebugMsg);
+}
+
+TEST(IsotopeConfiguration, EmptyTextGivesNaturalIsotopesWhetherNullOrNot)
+{
+    const OpenFactory natural;
+    const OpenFactory empty(u""_s);
+    EXPECT_EQ(empty.isotopesBySymbol, natural.isotopesBySymbol);
+    EXPECT_EQ(empty.buildingBlocks.size(), 7);
+    EXPECT_EQ(empty.water.monoMass(), natural.water.monoMass());
+}
+
+// Its constants are empty, so nothing is added for a charge and no electron is taken off.
+TEST(IsotopeConfiguration, RefusedFactoryHasNeitherProtonsNorElectronsForAnEnvelope)
+{
+    const OpenFactory refused(u"nonsense"_s);
+    QList<QPointF> envelope;
+    const chem::Molecule result =
+        refused.generateIsotopeEnvelope(refused.constructMolecule(u"C1"_s), 2, &envelope, true);
+    EXPECT_FALSE(result.formula().elementCountMap().contains(u"H"_s));
+    ASSERT_FALSE(envelope.isEmpty());
+    EXPECT_EQ(envelope[0].x(), 6.0);
+}
+
 } // namespace

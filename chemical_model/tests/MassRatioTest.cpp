@@ -90,4 +90,32 @@ RC_GTEST_PROP(MassRatioLaws, EstimateThereAndBackGivesTheMass, ())
     RC_ASSERT(std::abs(fromAverage(averagine, average).monoMass() - mass) < 1e-9 * mass);
 }
 
+// Two rows of abundance 1 make an electron's average mass twice its monoisotopic mass, so taking
+// 1000 of them from hydrogen leaves 0.459 Da monoisotopic and -0.089 Da average: a ratio below 0.
+TEST(MassRatio, NegativeRatioGivesNoEstimate)
+{
+    EXPECT_EQ(fromMono(u"HE-1000"_s, 1000.0).averageMass(), 0.0);
+    EXPECT_EQ(fromMono(u"HE-1000"_s, 1000.0).monoMass(), 1000.0);
+    EXPECT_EQ(fromAverage(u"HE-1000"_s, 1000.0).monoMass(), 0.0);
+    EXPECT_EQ(fromAverage(u"HE-1000"_s, 1000.0).averageMass(), 1000.0);
+}
+
+TEST(MassRatio, BothWaysKeepTheFormulaEvenIfItWeighsNothing)
+{
+    for (const QString& formula : {averagine, u"Xx5"_s, u"C0"_s, u"C1O-1"_s}) {
+        const auto parsed = chem::ChemicalFactory::parseChemicalFormula(formula);
+        EXPECT_EQ(fromAverage(formula, 1000.0).formula().elementCountMap(),
+                  parsed.elementCountMap());
+        EXPECT_EQ(fromMono(formula, 1000.0).formula().elementCountMap(), parsed.elementCountMap());
+    }
+}
+
+// An electron and a missing one cancel to the bit, while the average mass of the first counts
+// twice.
+TEST(MassRatio, MonoisotopicSumOfZeroGivesNoEstimateWhateverTheAverage)
+{
+    EXPECT_EQ(fromMono(u"EMe"_s, 1000.0).averageMass(), 0.0);
+    EXPECT_EQ(fromAverage(u"EMe"_s, 1000.0).monoMass(), 0.0);
+}
+
 } // namespace

@@ -295,4 +295,147 @@ TEST(MoleculeEntity, DeepNestsDieOnANormalStack)
         inner = Modification(inner, {});
 }
 
+TEST(MoleculeEntity, TakesOverWhatIsMovedIntoIt)
+{
+    QString name = u"a name"_s;
+    NamedMolecule named(oxygen(), name, QString());
+    const MoleculeEntity entity = std::move(named);
+    EXPECT_TRUE(named.name.isNull());
+    EXPECT_EQ(entity.name(), name);
+}
+
+TEST(MoleculeEntity, MovesAndAssignmentsReleaseWhatWasHeld)
+{
+    QString name = u"a name"_s;
+    name.detach();
+    MoleculeEntity first = NamedMolecule(oxygen(), name, QString());
+    EXPECT_FALSE(name.isDetached()); // the entity shares it
+    MoleculeEntity second = std::move(first);
+    second = 1; // had the source kept its share, the text would still be shared
+    EXPECT_TRUE(name.isDetached());
+
+    first = NamedMolecule(oxygen(), name, QString());
+    second = std::move(first);
+    second = 1;
+    EXPECT_TRUE(name.isDetached());
+    {
+        const MoleculeEntity last = NamedMolecule(oxygen(), name, QString());
+        const MoleculeEntity copy = last;
+        EXPECT_FALSE(name.isDetached());
+    }
+    EXPECT_TRUE(name.isDetached());
+}
+
+TEST(MoleculeEntity, CopiesShareOneValue)
+{
+    QString name = u"a name"_s;
+    name.detach();
+    const MoleculeEntity original = NamedMolecule(oxygen(), name, QString());
+    const auto sharers = [&name] {
+        return name.data_ptr().d_ptr()->ref_.loadRelaxed();
+    };
+    const int before = sharers();
+    const MoleculeEntity copy = original;
+    MoleculeEntity assigned = 1;
+    assigned = original;
+    EXPECT_EQ(sharers(), before); // a copy of the value would hold the text once more
+    EXPECT_EQ(assigned.name(), name);
+    static_assert(sizeof(MoleculeEntity) == sizeof(std::shared_ptr<const void>));
+}
+
+TEST(MoleculeEntity, IsComparedByRebuiltMassesAndFormulas)
+{
+    const Molecule water = chem::defaultChemicalFactory()->constructMolecule(u"H2O"_s);
+    EXPECT_TRUE(MoleculeEntity(Molecule(water.formula(), 0.0, 0.0)) == MoleculeEntity(water));
+    EXPECT_TRUE(MoleculeEntity(water) == MoleculeEntity(Molecule(water.formula(), 0.0, 0.0)));
+    EXPECT_FALSE(MoleculeEntity(Molecule(water.formula(), 0.0, 0.0)) == MoleculeEntity(0));
+
+    const Molecule dipeptide = chem::defaultChemicalFactory()->constructMolecule(u"C5H10N2O3"_s);
+    const MoleculeEntity peptide = ofCodes(MoleculeType::Peptide, {u"G"_s, u"A"_s});
+    EXPECT_TRUE(peptide == MoleculeEntity(dipeptide));
+}
+
+TEST(MoleculeEntity, DifferenceAtTheBoundCountsAsEqual)
+{
+    EXPECT_TRUE(MoleculeEntity(0) == MoleculeEntity(1e-12));
+    EXPECT_FALSE(MoleculeEntity(0) == MoleculeEntity(1.0000001e-12));
+}
+
+TEST(MoleculeEntity, IsRebuiltByTheDefaultFactoryWhicheverMadeItsParts)
+{
+    const auto other = chem::ChemicalFactory::construct(QString());
+    other->setBuildingBlock(chem::ChemicalFactory::AminoAcidBlock, u"G"_s, u"blank"_s, QString());
+    const Chain chain = chem::constructPeptideChain(QString(), QString(), u"G"_s, other.data());
+    StructuredMolecule peptide;
+    peptide.type = MoleculeType::Peptide;
+    peptide.chains = {
+        Chain(QString(), QString(), {chain.residues()[1]}, MoleculeType::Peptide, {})};
+    EXPECT_EQ(MoleculeEntity(peptide).formula().toString(), u"C2H5NO2"_s);
+}
+
+TEST(MoleculeEntity, MissingTextsAreNull)
+{
+    for (const MoleculeEntity& entity :
+         {MoleculeEntity(nullptr), MoleculeEntity(0), MoleculeEntity(0.0),
+          MoleculeEntity(Modification()), MoleculeEntity(oxygen())}) {
+        EXPECT_TRUE(entity.name().isNull());
+        EXPECT_TRUE(entity.code().isNull());
+        EXPECT_TRUE(entity.description().isNull());
+        EXPECT_TRUE(entity.sequence().isNull());
+    }
+}
+
+TEST(MoleculeEntity, BlankNumbersAnswerLikeNothing)
+{
+    for (const MoleculeEntity& entity : {MoleculeEntity(0), MoleculeEntity(0.0)}) {
+        EXPECT_EQ(entity.averageMass(), 0.0);
+        EXPECT_EQ(entity.monoMass(), 0.0);
+        EXPECT_EQ(entity.type(), MoleculeType::Unknown);
+        EXPECT_TRUE(entity.formula().isEmpty());
+        EXPECT_TRUE(entity.chains().isEmpty());
+        EXPECT_TRUE(entity.modifications().isEmpty());
+        EXPECT_TRUE(entity.links().isEmpty());
+        EXPECT_TRUE(entity.transformations().isEmpty());
+    }
+}
+
+template <typename Result, typename Class>
+constexpr bool answers(Result (Class::*)() const)
+{
+    return true;
+}
+
+TEST(MoleculeEntity, AnswersByValue)
+{
+    static_assert(answers<double>(&MoleculeEntity::averageMass));
+    static_assert(answers<const ChemicalFormula>(&MoleculeEntity::formula));
+    static_assert(answers<const QList<Chain>>(&MoleculeEntity::chains));
+    static_assert(answers<const QList<Modification>>(&MoleculeEntity::modifications));
+    static_assert(answers<const QList<Link>>(&MoleculeEntity::links));
+    static_assert(
+        answers<const QList<chem::TransformationEntity>>(&MoleculeEntity::transformations));
+    static_assert(answers<QString>(&MoleculeEntity::sequence));
+}
+
+TEST(MoleculeEntity, CountsThatPrintEquallyAreEqual)
+{
+    // Six digits are printed: both give C1.23457e+06.
+    EXPECT_TRUE(MoleculeEntity(Molecule(formulaWith({{u"C"_s, 1234567}}), 1.0, 1.0)) ==
+                MoleculeEntity(Molecule(formulaWith({{u"C"_s, 1234568}}), 1.0, 1.0)));
+}
+
+TEST(MoleculeEntity, SeveralChainsAreLaidOutAsOneText)
+{
+    StructuredMolecule peptide = ofCodes(MoleculeType::Peptide, {u"G"_s});
+    peptide.chains += ofCodes(MoleculeType::Peptide, {u"A"_s}).chains;
+    peptide.modifications = {Modification(5.0, {})};
+    EXPECT_EQ(MoleculeEntity(peptide).sequence(), u"G/A[]"_s);
+    // What is no residue weighs nothing, so there is one pair of ends.
+    EXPECT_EQ(MoleculeEntity(peptide).formula().toString(), u"C5H10N2O3"_s);
+
+    StructuredMolecule strand = ofCodes(MoleculeType::OligoNucleotide, {u"A"_s});
+    strand.chains += ofCodes(MoleculeType::OligoNucleotide, {u"T"_s}).chains;
+    EXPECT_TRUE(MoleculeEntity(strand).formula().isEmpty()); // outside the grammar
+}
+
 } // namespace

@@ -4,6 +4,7 @@
 
 #include <gtest/gtest.h>
 
+#include <concepts>
 #include <type_traits>
 #include <utility>
 
@@ -128,6 +129,51 @@ TEST(NamedMolecule, MovingCopiesTheMoleculeAndTakesTheTexts)
     EXPECT_TRUE(source.name.isEmpty());
     EXPECT_TRUE(source.code.isEmpty());
     static_assert(std::is_nothrow_move_constructible_v<NamedMolecule>);
+}
+
+TEST(Molecule, CannotBeCompared)
+{
+    static_assert(!std::equality_comparable<Molecule>);
+    static_assert(!std::equality_comparable<NamedMolecule>);
+}
+
+TEST(Molecule, AssigningByMoveIsCopyingToo)
+{
+    Molecule source = molecule(1, 2.0, 3.0);
+    Molecule target;
+    target = std::move(source);
+    EXPECT_EQ(target.formula().elementCount(u"C"_s), 1);
+    EXPECT_EQ(source.monoMass(), 3.0); // NOLINT(bugprone-use-after-move)
+    EXPECT_EQ(source.formula().elementCount(u"C"_s), 1);
+}
+
+TEST(NamedMolecule, AssignmentCarriesLabelsAndMolecule)
+{
+    NamedMolecule source(molecule(2, 57.5, 57.0), u"Glycine of heap memory"_s, u"G"_s);
+    NamedMolecule copied;
+    copied = source;
+    EXPECT_EQ(copied.name, source.name);
+    EXPECT_EQ(copied.code, u"G"_s);
+    EXPECT_EQ(copied.averageMass(), 57.5);
+
+    NamedMolecule moved;
+    moved = std::move(source);
+    EXPECT_EQ(moved.name, copied.name);
+    EXPECT_EQ(moved.code, u"G"_s);
+    EXPECT_EQ(moved.monoMass(), 57.0);
+    EXPECT_EQ(source.monoMass(), 57.0); // NOLINT(bugprone-use-after-move)
+    EXPECT_EQ(source.formula().elementCount(u"C"_s), 2);
+}
+
+TEST(NamedMolecule, KeepsItsLabelsThroughInheritedOperators)
+{
+    NamedMolecule glycine(molecule(2, 57.0, 57.5), u"Glycine"_s, u"G"_s);
+    glycine -= molecule(1, 12.0, 12.5);
+    glycine *= 2;
+    EXPECT_EQ(glycine.name, u"Glycine"_s);
+    EXPECT_EQ(glycine.code, u"G"_s);
+    EXPECT_EQ(glycine.averageMass(), 90.0);
+    EXPECT_EQ(glycine.monoMass(), 90.0);
 }
 
 } // namespace

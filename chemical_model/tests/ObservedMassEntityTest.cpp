@@ -4,6 +4,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cmath>
 #include <random>
 #include <type_traits>
@@ -183,8 +184,10 @@ TEST(ObservedMassEntity, AnyListGivesWhatTheSearchFinds)
         Masses masses;
         for (auto i = random() % 12; i > 0; --i)
             masses.append(random() % 40 ? static_cast<double>(random() % 20) : std::nan(""));
-        if (round % 2)
-            std::sort(masses.begin(), masses.end());
+        if (round % 2) // what is not a number comes first, so that the order is one
+            std::sort(masses.begin(), masses.end(), [](double a, double b) {
+                return std::isnan(a) ? !std::isnan(b) : a < b;
+            });
         const double model = static_cast<double>(random() % 20 + 1);
         const double delta = static_cast<double>(random() % 5) - 1.0;
         ASSERT_TRUE(
@@ -205,6 +208,104 @@ TEST(ObservedMassEntity, SortedListsGiveAllThatLieInTheWindow)
                      [](double mass) { return std::abs(mass - 500.0) <= 20.0; });
         ASSERT_EQ(matched(500.0, masses, within(20.0)), expected);
     }
+}
+
+TEST(ObservedMassEntity, ToleranceIsWorkedOutAtTheMassOfTheModel)
+{
+    // At the measured masses half of them would give 200 to 900.
+    const Masses masses = {400.0, 500.0, 1000.0, 1500.0, 1800.0};
+    EXPECT_EQ(matched(1000.0, masses, within(50.0, 2)), Masses({500.0, 1000.0, 1500.0}));
+    EXPECT_EQ(matched(1000.0, masses, within(500000.0, 1)), Masses({500.0, 1000.0, 1500.0}));
+    EXPECT_EQ(matched(-1000.0, {-1000.0}, within(1.0, 1)), Masses()); // a tolerance below zero
+}
+
+TEST(ObservedMassEntity, MassesAtTheEdgesAreJudgedByTheRoundedSums)
+{
+    std::mt19937 random(5);
+    std::uniform_real_distribution<double> modelMass(100.0, 5000.0);
+    std::uniform_real_distribution<double> tolerance(0.001, 2.0);
+    int decidedByRounding = 0;
+    for (int round = 0; round < 2000; ++round) {
+        const double model = modelMass(random);
+        const double delta = tolerance(random);
+        Masses masses;
+        for (const double edge : {model - delta, model + delta}) {
+            const double below = std::nextafter(edge, 0.0);
+            const double above = std::nextafter(edge, 1e9);
+            masses += {std::nextafter(below, 0.0), below, edge, above, std::nextafter(above, 1e9)};
+        }
+        const Masses expected = matchedByHand(model, masses, delta);
+        ASSERT_EQ(matched(model, masses, within(delta)), expected);
+        const auto inWindow = std::count_if(masses.cbegin(), masses.cend(), [&](double mass) {
+            return std::abs(model - mass) <= delta;
+        });
+        decidedByRounding += inWindow == expected.size() ? 0 : 1;
+    }
+    EXPECT_GT(decidedByRounding, 0); // else the form of the comparison could not be seen
+}
+
+TEST(ObservedMassEntity, WhatIsNotANumberIsOutsideNoWindow)
+{
+    const double nan = std::nan("");
+    EXPECT_EQ(matched(nan, {1.0, 2.0}, within(1.0)), Masses({1.0, 2.0}));
+    EXPECT_EQ(matched(1000.0, {1.0, 2000.0}, within(nan)), Masses({1.0, 2000.0}));
+    EXPECT_EQ(matched(nan, {1.0, 2.0}, within(1.0, 1)), Masses({1.0, 2.0}));
+    const auto matches = chem::match(1000.0, observed({nan}), within(1.0));
+    ASSERT_EQ(matches.size(), 1);
+    EXPECT_TRUE(std::isnan(matches[0].observedMass.mass()));
+}
+
+TEST(ObservedMassEntity, MatchReservesTenAndWritesNoMessage)
+{
+    const MessageRecorder recorder;
+    EXPECT_GE(chem::match(1000.0, {}, within(1.0)).capacity(), 10);
+    EXPECT_EQ(matched(1000.0, {1000.0}, within(1.0)).size(), 1);
+    EXPECT_TRUE(MessageRecorder::messages().isEmpty());
+}
+
+TEST(ObservedMassEntity, MassIsRebuiltFromTheFormulaForAMatch)
+{
+    const auto water = chem::defaultChemicalFactory()->constructMolecule(u"H2O"_s);
+    EXPECT_EQ(matched(chem::Molecule(water.formula(), 0.0, 0.0), {17.0, 18.0, 19.0}, within(0.5)),
+              Masses({18.0}));
+}
+
+TEST(ObservedMassEntity, ParametersCarryFourTolerances)
+{
+    const MatchingParameters parameters = {{1.0, 1}, {2.0, 2}, {3.0, 3}, {4.0, 4}};
+    MatchingParameters assigned;
+    assigned = parameters;
+    for (const MatchingParameters& one : {parameters, MatchingParameters(parameters), assigned}) {
+        EXPECT_EQ(one.massTolerance.value, 1.0);
+        EXPECT_EQ(one.massTolerance.unit, 1);
+        EXPECT_EQ(one.secondTolerance.value, 2.0);
+        EXPECT_EQ(one.secondTolerance.unit, 2);
+        EXPECT_EQ(one.thirdTolerance.value, 3.0);
+        EXPECT_EQ(one.thirdTolerance.unit, 3);
+        EXPECT_EQ(one.fourthTolerance.value, 4.0);
+        EXPECT_EQ(one.fourthTolerance.unit, 4);
+    }
+    static_assert(std::is_same_v<decltype(MassTolerance::unit), qint32>);
+}
+
+TEST(ObservedMassEntity, MatchHoldsTheModelThenTheMeasurement)
+{
+    const chem::Match match = {1.0, 2.0};
+    EXPECT_EQ(match.entity.averageMass(), 1.0);
+    EXPECT_EQ(match.observedMass.mass(), 2.0);
+    chem::Match other = {3.0, 4.0};
+    other = match;
+    EXPECT_EQ(other.entity.averageMass(), 1.0);
+    const chem::Match moved = std::move(other);
+    EXPECT_EQ(moved.observedMass.mass(), 2.0);
+}
+
+TEST(ObservedMassEntity, RelativeTolerancesAreMultipliedBeforeTheyAreDivided)
+{
+    EXPECT_EQ(chem::absoluteMassToleranceDelta(825.75, within(0.3, 1)), 0.3 * 825.75 / 1000000.0);
+    EXPECT_NE(0.3 * 825.75 / 1000000.0, 0.3 * (825.75 / 1000000.0)); // else any order would do
+    EXPECT_EQ(chem::absoluteMassToleranceDelta(825.75, within(0.3, 2)), 0.3 * 825.75 / 100.0);
+    EXPECT_NE(0.3 * 825.75 / 100.0, 0.3 * (825.75 / 100.0));
 }
 
 } // namespace

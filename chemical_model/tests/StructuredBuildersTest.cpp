@@ -215,4 +215,79 @@ RC_GTEST_PROP(BuilderLaws, ChainAndComplexOfAPeptideWeighTheSame, ())
     RC_ASSERT(std::abs(peptide.monoMass() - complex->monoMass()) < 1e-9 * complex->monoMass());
 }
 
+TEST(StructuredBuilders, ProteinCountsItsModificationsAndLinks)
+{
+    const Chain chain(u"A"_s, QString(), {1.5, 2.5}, MoleculeType::Peptide, {});
+    const MoleculeEntity protein = chem::constructProteinFromChains(
+        u"n"_s, {chain}, {Modification(10.0, {{0, 1}})}, {Link(-2.0, {{0, 0}, {0, 1}})}, factory());
+    EXPECT_EQ(protein.averageMass(), 12.0);
+    EXPECT_EQ(protein.monoMass(), 12.0);
+    ASSERT_EQ(protein.modifications().size(), 1);
+    EXPECT_TRUE(protein.modifications()[0] == Modification(10.0, {{0, 1}}));
+    ASSERT_EQ(protein.links().size(), 1);
+    EXPECT_TRUE(protein.links()[0] == Link(-2.0, {{0, 0}, {0, 1}}));
+    EXPECT_TRUE(protein.chains()[0] == chain);
+}
+
+TEST(StructuredBuilders, RefusedOligonucleotideTextStillGivesALabelledChain)
+{
+    const Chain chain = chem::constructOligoNucleotideChain(u"n"_s, u"c"_s, u"A C"_s, factory());
+    EXPECT_EQ(chain.name(), u"n"_s);
+    EXPECT_EQ(chain.code(), u"c"_s);
+    EXPECT_EQ(chain.type(), MoleculeType::OligoNucleotide);
+    const MoleculeEntity strand =
+        chem::constructOligoNucleotide(u"n"_s, u"c"_s, u"A C"_s, factory());
+    EXPECT_EQ(strand.formula().toString(), u"H2O"_s);
+}
+
+TEST(StructuredBuilders, PartsWithoutAMassCountWithTheOneOfTheirFormula)
+{
+    const Molecule water = factory()->constructMolecule(u"H2O"_s);
+    const Molecule blank(water.formula(), 0.0, 0.0);
+    const Chain chain(QString(), QString(), {blank}, MoleculeType::Peptide, {});
+    const MoleculeEntity molecule =
+        chem::constructStructuredMolecule(QString(), QString(), {chain}, {Modification(blank, {})},
+                                          {Link(blank, {})}, MoleculeType::Peptide);
+    EXPECT_EQ(molecule.averageMass(),
+              water.averageMass() + water.averageMass() + water.averageMass());
+    EXPECT_EQ(molecule.monoMass(), water.monoMass() + water.monoMass() + water.monoMass());
+    EXPECT_EQ(molecule.formula().toString(), u"H6O3"_s);
+}
+
+TEST(StructuredBuilders, ChainsKeepTheResiduesOfTheirBuilding)
+{
+    const auto own = chem::ChemicalFactory::construct(QString());
+    const Chain chain = chem::constructPeptideChain(u"n"_s, u"c"_s, u"G"_s, own.data());
+    own->setBuildingBlock(chem::ChemicalFactory::AminoAcidBlock, u"G"_s, u"other"_s, u"C1"_s);
+    EXPECT_EQ(chain.residues()[1].name(), u"Glycine"_s);
+    EXPECT_EQ(chem::constructPeptideChain(u"n"_s, u"c"_s, u"G"_s, own.data()).residues()[1].name(),
+              u"other"_s);
+}
+
+TEST(StructuredBuilders, AllFieldsOfAMoleculeAreWhatWasGiven)
+{
+    const Chain chain(u"A"_s, u"a"_s, {1.5}, MoleculeType::Sugar, {u"l"_s, 1, 2, 3});
+    const MoleculeEntity molecule = chem::constructStructuredMolecule(
+        u"n"_s, u"c"_s, {chain, chain}, {Modification(1.0, {{0, 0}}), Modification(2.0, {})},
+        {Link(3.0, {}), Link(4.0, {})}, MoleculeType::Sugar);
+    EXPECT_EQ(molecule.type(), MoleculeType::Sugar);
+    EXPECT_TRUE(molecule.chains() == QList<Chain>({chain, chain}));
+    EXPECT_TRUE(molecule.modifications() ==
+                QList<Modification>({Modification(1.0, {{0, 0}}), Modification(2.0, {})}));
+    EXPECT_TRUE(molecule.links() == QList<Link>({Link(3.0, {}), Link(4.0, {})}));
+    EXPECT_EQ(molecule.chains()[1].code(), u"a"_s);
+    EXPECT_TRUE(molecule.transformations().isEmpty());
+}
+
+TEST(StructuredBuilders, BlankModificationsAndLinksAreKeptAndWeighNothing)
+{
+    const MoleculeEntity molecule = chem::constructStructuredMolecule(
+        QString(), QString(), {}, {Modification()}, {Link()}, MoleculeType::Protein);
+    EXPECT_EQ(molecule.averageMass(), 0.0);
+    EXPECT_TRUE(molecule.formula().isEmpty());
+    EXPECT_EQ(molecule.modifications().size(), 1);
+    EXPECT_EQ(molecule.links().size(), 1);
+    EXPECT_EQ(molecule.sequence(), u"[]"_s);
+}
+
 } // namespace

@@ -219,4 +219,92 @@ TEST(StructuredMolecule, SequenceTextNumbersLinksInTheirOrder)
     EXPECT_EQ(textOf({ac}, {Link(1, {{-1, 0}, {7, 7}})}), u"AC"_s);
 }
 
+TEST(StructuredMolecule, CodesOfModificationsDoNotShow)
+{
+    const Chain a = chain({residue(u"A"_s)});
+    EXPECT_EQ(textOf({a}, {}, {Modification(residue(u"P"_s), {{0, 0}})}), u"A[]"_s);
+    EXPECT_EQ(textOf({a}, {Link(residue(u"L"_s), {{0, 0}, {0, 0}})}), u"A[*1][*1]"_s);
+}
+
+TEST(StructuredMolecule, FieldsStandInTheirOrder)
+{
+    StructuredMolecule molecule;
+    molecule.monoMass = 1.0;
+    molecule.averageMass = 2.0;
+    molecule.name = u"name"_s;
+    molecule.code = u"code"_s;
+    molecule.description = u"description"_s;
+    const auto& [formula, type, monoMass, averageMass, chains, links, modifications, name, code,
+                 description, transformations] = molecule;
+    static_assert(std::is_same_v<decltype(formula), const chem::ChemicalFormula>);
+    static_assert(std::is_same_v<decltype(type), const MoleculeType>);
+    static_assert(std::is_same_v<decltype(chains), const QList<Chain>>);
+    static_assert(std::is_same_v<decltype(links), const QList<Link>>);
+    static_assert(std::is_same_v<decltype(modifications), const QList<Modification>>);
+    static_assert(
+        std::is_same_v<decltype(transformations), const QList<chem::TransformationEntity>>);
+    EXPECT_EQ(monoMass, 1.0);
+    EXPECT_EQ(averageMass, 2.0);
+    EXPECT_EQ(name, u"name"_s);
+    EXPECT_EQ(code, u"code"_s);
+    EXPECT_EQ(description, u"description"_s);
+}
+
+TEST(StructuredMolecule, AccessorsReferToWhatIsHeld)
+{
+    const Chain any = chain({residue(u"A"_s)});
+    EXPECT_EQ(&any.residues(), &any.residues());
+    static_assert(std::is_same_v<decltype(any.residues()), const QList<MoleculeEntity>&>);
+    static_assert(std::is_same_v<decltype(any.name()), const QString&>);
+    static_assert(std::is_same_v<decltype(any.code()), const QString&>);
+    static_assert(std::is_same_v<decltype(any.type()), const MoleculeType&>);
+    static_assert(std::is_same_v<decltype(any.parentLocus()), const ParentChainLocus&>);
+    const Modification modification;
+    static_assert(std::is_same_v<decltype(modification.possibleChainLocations()), const Places&>);
+    static_assert(std::is_same_v<decltype(modification.entity()), MoleculeEntity>);
+    static_assert(std::is_same_v<decltype(Link().entity()), MoleculeEntity>);
+}
+
+TEST(StructuredMolecule, FormulaTextsSortByCodeUnit)
+{
+    // A surrogate pair stands before U+FF21 by code units and behind it by code points.
+    const Modification pair = group(2.0, 2.0, u"\U00010400"_s, {});
+    const Modification wide = group(2.0, 2.0, u"\uff21"_s, {});
+    EXPECT_TRUE(pair < wide);
+    EXPECT_FALSE(wide < pair);
+}
+
+TEST(StructuredMolecule, ModificationsSortByRebuiltMasses)
+{
+    const Modification carbon(Molecule(formulaWith({{u"C"_s, 1}}), 0.0, 0.0), {});
+    EXPECT_TRUE(Modification(5.0, {}) < carbon);
+    EXPECT_FALSE(carbon < Modification(5.0, {}));
+    EXPECT_TRUE(carbon < Modification(13.0, {}));
+}
+
+TEST(StructuredMolecule, MassesThatAreNotNumbersHaveNoOrder)
+{
+    const Modification nan(std::nan(""), {});
+    const Modification one(1.0, {});
+    EXPECT_FALSE(nan < one);
+    EXPECT_FALSE(one < nan);
+    EXPECT_FALSE(nan < nan);
+    EXPECT_FALSE(nan == nan);
+}
+
+TEST(StructuredMolecule, MillionResiduesArePrintedWithTheirLinksAndCompared)
+{
+    const QList<MoleculeEntity> residues(1000000, residue(u"A"_s));
+    const Chain one = chain(residues);
+    EXPECT_TRUE(one == chain(residues));
+    EXPECT_EQ(textOf({one}, {Link(1, {{0, 0}, {0, 999999}})}).size(), 1000000 + 8);
+}
+
+TEST(StructuredMolecule, NumbersOfLinksHaveAllTheirDigits)
+{
+    const QList<Link> links(12, Link(1, {{0, 0}, {9, 9}}));
+    EXPECT_EQ(textOf({chain({residue(u"A"_s)})}, links),
+              u"A[*1][*2][*3][*4][*5][*6][*7][*8][*9][*10][*11][*12]"_s);
+}
+
 } // namespace

@@ -116,4 +116,93 @@ TEST(Threads, SharedEntitiesAreReadAndCopied)
     });
 }
 
+TEST(Threads, BuildersAndRebuiltFormulas)
+{
+    const auto factory = chem::defaultChemicalFactory();
+    const auto blankOf = [](chem::MoleculeType type, const QStringList& codes) {
+        QList<chem::MoleculeEntity> residues;
+        for (const QString& code : codes)
+            residues.append(chem::NamedMolecule(chem::Molecule(), QString(), code));
+        chem::StructuredMolecule molecule;
+        molecule.type = type;
+        molecule.chains = {chem::Chain(QString(), QString(), residues, type, {})};
+        return chem::MoleculeEntity(molecule);
+    };
+    const auto peptide = blankOf(chem::MoleculeType::Peptide, {u"G"_s, u"A"_s});
+    const auto strand = blankOf(chem::MoleculeType::OligoNucleotide, {u"A"_s, u"T"_s});
+    const chem::Modification water(factory->constructMolecule(u"H2O"_s), {{0, 1}, {0, 2}});
+    onManyThreads([&] {
+        for (int i = 0; i < rounds; ++i) {
+            const chem::Chain chain =
+                chem::constructPeptideChain(u"A"_s, u"A"_s, u"GA"_s, factory.data());
+            EXPECT_TRUE(chem::constructProteinFromChains(u"p"_s, {chain}, {}, {}, nullptr) ==
+                        peptide);
+            EXPECT_TRUE(chem::constructOligoNucleotide(u"n"_s, u"c"_s, u"AT"_s, factory.data())
+                            .formula()
+                            .toString() == strand.formula().toString());
+            EXPECT_FALSE(water < water);
+            const chem::Modification copy = water;
+            EXPECT_TRUE(copy == water);
+        }
+    });
+}
+
+TEST(Threads, FormulasThatShareAMapAreWrittenApart)
+{
+    const chem::ChemicalFormula shared = chem::ChemicalFactory::parseChemicalFormula(u"C6H12O6"_s);
+    onManyThreads([&] {
+        for (int i = 0; i < rounds; ++i) {
+            chem::ChemicalFormula own = shared;
+            own += chem::ChemicalFactory::parseChemicalFormula(u"H2O"_s);
+            own *= 2;
+            EXPECT_EQ(own.toString(), u"C12H28O14"_s);
+            EXPECT_EQ(shared.toString(), u"C6H12O6"_s);
+        }
+    });
+}
+
+TEST(Threads, LabelledFactoriesAreMadeByAllAtOnce)
+{
+    // The expressions that read the text are compiled by whoever comes first.
+    onManyThreads([] {
+        const auto factory = chem::ChemicalFactory::construct(u"C13:99 C12:1"_s);
+        EXPECT_EQ(factory->constructMolecule(u"C2"_s).monoMass(), 2 * 13.0033548352);
+    });
+}
+
+TEST(Threads, EnumerationsAreRegisteredByAllAtOnce)
+{
+    onManyThreads([] {
+        EXPECT_STREQ(QMetaType::fromType<chem::MoleculeType>().name(),
+                     "chem::ZEL_QEnumsMoleculeType::MoleculeType");
+        EXPECT_NE(qMetaTypeId<chem::MoleculeType>(), 0);
+        EXPECT_NE(qMetaTypeId<chem::FragmentType>(), 0);
+    });
+}
+
+TEST(Threads, ReadersAndTerminiOfOneFactory)
+{
+    const auto factory = chem::defaultChemicalFactory();
+    onManyThreads([&] {
+        for (int i = 0; i < rounds; ++i) {
+            chem::NamedMolecule left;
+            chem::NamedMolecule right;
+            factory->standardPeptideTermini(&left, &right);
+            factory->standardOligoTermini(&left, &right);
+            EXPECT_EQ(right.code, u"-OH"_s);
+            QList<QSharedPointer<const chem::AminoAcid>> residues;
+            factory->parseAminoAcidSequence(u"GAVL"_s, &residues, &left, &right);
+            EXPECT_EQ(residues.size(), 4);
+            QList<QSharedPointer<const chem::Nucleotide>> nucleotides;
+            EXPECT_TRUE(factory->parseNucleotideSequence(u"ACGT"_s, &nucleotides, &left, &right));
+            EXPECT_EQ(nucleotides.size(), 4);
+            EXPECT_EQ(chem::ChemicalFactory::buildingBlockType(u"Sugar"_s),
+                      chem::ChemicalFactory::SugarBlock);
+            EXPECT_EQ(chem::ChemicalFactory::convertOldOligoBuildingBlockFormula(
+                          u"OH"_s, chem::ChemicalFactory::FivePrimeTerminalBlock),
+                      u"H"_s);
+        }
+    });
+}
+
 } // namespace
