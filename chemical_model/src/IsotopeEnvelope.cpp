@@ -19,6 +19,7 @@ const QLoggingCategory* const genericCategory = createLoggingCategory("zel.gener
 constexpr double probabilityThreshold = 1e-7;
 constexpr qsizetype expectedPoints = 100;
 constexpr qsizetype expectedElements = 16;
+constexpr double heaviestUsualMass = 2e9; ///< Daltons; 32 bits hold a little more.
 constexpr int marginalTableSize = 1000;
 constexpr int marginalHashSize = 1000;
 
@@ -28,36 +29,51 @@ int magnitude(int charge)
     return charge == lowest ? std::numeric_limits<int>::max() : std::abs(charge);
 }
 
-/// Sums the configurations into one point for each nominal mass: `x` as probability times mass, `y`
-/// as probability. Returns the mass of the lightest peak.
-///
-/// The generator is a local object, so that its accessors are inlined: a virtual call for each of
-/// the many configurations would cost as much as the enumeration itself.
-double collectConfigurations(IsoSpec::Iso&& iso, QList<QPointF>* envelope)
+/// Sums the configurations into one point for each nominal mass, counted from that of the lightest
+/// peak: `x` as probability times mass, `y` as probability. `truncate` makes a whole number of a
+/// mass.
+template <typename Truncate>
+void sumByNominalMass(IsoSpec::IsoThresholdGenerator* generator, Truncate truncate,
+                      QList<QPointF>* envelope)
 {
-    IsoSpec::IsoThresholdGenerator generator(std::move(iso), probabilityThreshold, true,
-                                             marginalTableSize, marginalHashSize, true);
-    const double lightestMass = generator.getLightestPeakMass();
-    const double offset = lightestMass - truncateToInt(lightestMass + 0.5);
-    const qint64 base = truncateToInt(lightestMass - offset + 0.5);
+    const double lightestMass = generator->getLightestPeakMass();
+    const double offset = lightestMass - static_cast<double>(truncate(lightestMass + 0.5));
+    const qint64 base = truncate(lightestMass - offset + 0.5);
     envelope->reserve(expectedPoints);
     QPointF* points = envelope->data();
     qint64 size = 0;
-    while (generator.advanceToNextConfiguration()) {
-        const double mass = generator.mass();
-        const double probability = generator.prob();
-        const qint64 bin = truncateToInt(mass - offset + 0.5) - base;
+    while (generator->advanceToNextConfiguration()) {
+        const double mass = generator->mass();
+        const double probability = generator->prob();
+        const qint64 bin = truncate(mass - offset + 0.5) - base;
+        if (bin < 0)
+            continue;
         if (bin >= size) {
             size = bin + 1;
             envelope->resize(size);
             points = envelope->data();
         }
-        if (bin >= 0) {
-            points[bin].rx() += probability * mass;
-            points[bin].ry() += probability;
-        }
+        points[bin].rx() += probability * mass;
+        points[bin].ry() += probability;
     }
-    return lightestMass;
+}
+
+/// Enumerates the configurations into points, as sums. Returns the mass of the lightest peak.
+///
+/// The generator is a local object, so that its accessors are inlined: a virtual call for each of
+/// the many configurations would cost as much as the enumeration itself. So would the test whether
+/// 32 bits hold a mass, which is made once, for the heaviest peak.
+double collectConfigurations(IsoSpec::Iso&& iso, QList<QPointF>* envelope)
+{
+    IsoSpec::IsoThresholdGenerator generator(std::move(iso), probabilityThreshold, true,
+                                             marginalTableSize, marginalHashSize, true);
+    if (generator.getHeaviestPeakMass() < heaviestUsualMass)
+        sumByNominalMass(
+            &generator, [](double mass) { return static_cast<qint64>(mass); }, envelope);
+    else
+        sumByNominalMass(
+            &generator, [](double mass) { return qint64(truncateToInt(mass)); }, envelope);
+    return generator.getLightestPeakMass();
 }
 
 /// Turns the sums into m/z. The first point stands for the lightest peak itself.
