@@ -27,13 +27,20 @@ struct ZEL_CHEMICAL_MODEL_EXPORT ChainFragmentDef
 ///
 /// Throws nothing. A range that reaches outside its chain takes the residues that exist; a
 /// definition whose chain does not exist gives a chain of its terminals alone, without texts and of
-/// type Unknown.
+/// type Unknown. The cost is linear in the residues taken, and in links times pieces.
+///
+/// \code
+/// const MoleculeEntity blank = nullptr;
+/// const ChainFragmenter middle({{blank, {QString(), 0, 2, 5}, blank}}); // residues 2, 3 and 4
+/// middle.transform(peptide).sequence();                                 // "AST"
+/// \endcode
 class ZEL_CHEMICAL_MODEL_EXPORT ChainFragmenter : public Transformation
 {
 public:
     /// A step that cuts out these pieces.
     explicit ChainFragmenter(const QList<ChainFragmentDef>& fragmentDefs);
 
+    /// Shares the definitions.
     ChainFragmenter(const ChainFragmenter& other);
     /// Shares the definitions; `other` keeps them.
     ChainFragmenter(ChainFragmenter&& other) noexcept;

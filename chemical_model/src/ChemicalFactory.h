@@ -85,11 +85,16 @@ public:
     /// is touched, for carbon and its like within this call.
     static QSharedPointer<ChemicalFactory> construct(const QString& isotopeOverrides);
 
+    /// Shares table, dictionaries and constants until one of the two is changed.
     ChemicalFactory(const ChemicalFactory& other);
     /// Takes everything from `other`, which is left without dictionaries and isotopes.
     ChemicalFactory(ChemicalFactory&& other) noexcept;
+    /// Shares table, dictionaries and constants. No other thread may use this factory meanwhile.
     ChemicalFactory& operator=(const ChemicalFactory& other);
+    /// Takes everything from `other`, which may then only be assigned to or destroyed. No other
+    /// thread may use either factory meanwhile.
     ChemicalFactory& operator=(ChemicalFactory&& other) noexcept;
+    /// Lets go of the data. Molecules and complexes that the factory made live on.
     ~ChemicalFactory();
 
     /// @}

@@ -32,9 +32,11 @@ public:
     /// Makes a formula that shares `elementCountMap`, which stays unchanged.
     ChemicalFormula(QMap<QString, double>& elementCountMap);
 
+    /// Shares the entries of `other`; the first change on either side parts them.
     ChemicalFormula(const ChemicalFormula& other) = default;
     /// Takes the entries of `other`, which is left empty and usable.
     ChemicalFormula(ChemicalFormula&& other) noexcept = default;
+    /// Shares the entries of `other`.
     ChemicalFormula& operator=(const ChemicalFormula& other) = default;
     /// Takes the entries of `other`, which is left empty and usable.
     ChemicalFormula& operator=(ChemicalFormula&& other) noexcept = default;
@@ -86,7 +88,8 @@ public:
     /// magnitude of its number in at most six significant digits.
     QString negativeFormulaString() const;
 
-    /// Adds the counts of `other`. An element that only `other` has gets a new entry.
+    /// Adds the counts of `other`. An element that only `other` has gets a new entry. The cost of
+    /// this and of operator-=() is the length of `other` times the logarithm of this length.
     void operator+=(const ChemicalFormula& other);
 
     /// Subtracts the counts of `other`. An element that only `other` has gets a negative entry, and
@@ -96,7 +99,9 @@ public:
     /// Multiplies all counts. With a factor of 0 the entries stay, at zero.
     void operator*=(int factor);
 
+    /// A copy with the counts of `other` added, as by operator+=().
     ChemicalFormula operator+(const ChemicalFormula& other) const;
+    /// A copy with the counts of `other` subtracted, as by operator-=().
     ChemicalFormula operator-(const ChemicalFormula& other) const;
 
 private:

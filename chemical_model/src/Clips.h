@@ -56,12 +56,26 @@ public:
     static ClipOptions createClipByResidue(const QList<QString>& before,
                                            const QList<QString>& after);
 
-    ClipType clipType() const { return m_clipType; }
+    ClipType clipType() const { return m_clipType; } ///< The way to clip.
+
+    /// The residue rules; empty unless made by createClipByResidue().
     QList<ResidueBeforeAfter> residueBeforeAfterVector() const { return m_residueBeforeAfter; }
+
+    /// \name Depths
+    /// Numbers of residues, as given to createClipByDepth(); 2147483647 stands for any depth in the
+    /// first two, which all other options have.
+    /// @{
+
+    /// Most residues off the start where the end stays.
     int depthFromStartSingle() const { return m_depthFromStartSingle; }
+    /// Most residues off the end where the start stays.
     int depthFromEndSingle() const { return m_depthFromEndSingle; }
+    /// Most residues off the start where the end is trimmed too.
     int depthFromStartDouble() const { return m_depthFromStartDouble; }
+    /// Most residues off the end where the start is trimmed too.
     int depthFromEndDouble() const { return m_depthFromEndDouble; }
+
+    /// @}
 
 private:
     ClipType m_clipType = NoClipping;
@@ -79,7 +93,14 @@ private:
 /// Clips are neither sorted nor made unique, and no terminal groups are added. The first range of a
 /// chain that is cut by residue rules holds the chain's first terminal. A chain with a residue
 /// whose code is not one character long gives only that range. The factory is not used and may be
-/// null. Throws nothing.
+/// null. Throws nothing. The cost is linear in the residues of all clips; createClipAll()
+/// gives one clip fewer than twice the residues of a chain.
+///
+/// \code
+/// // Behind lysine and arginine, but not before proline.
+/// const ClipOptions trypsin = ClipOptions::createClipByResidue({u"[KR](?!P)"_s}, {QString()});
+/// const QList<MoleculeEntity> clips = generateClips(peptide, nullptr, trypsin);
+/// \endcode
 ZEL_CHEMICAL_MODEL_EXPORT QList<MoleculeEntity> generateClips(const MoleculeEntity& molecule,
                                                               const ChemicalFactory* factory,
                                                               const ClipOptions& options);

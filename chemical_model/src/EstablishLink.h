@@ -11,6 +11,11 @@ namespace chem {
 /// The totals rise by the entity's formula and masses. The stored link holds just these, as a plain
 /// Molecule, so its name and code are gone; the history entry keeps the entity as given. Nothing is
 /// tested: places may lie outside, and a link made twice counts twice.
+///
+/// \code
+/// const EstablishLink disulfide(factory->modifyMolecule({}, u"H-2"_s, 1), {{0, 3}, {0, 14}});
+/// const MoleculeEntity somatostatin = disulfide.transform(reduced);
+/// \endcode
 class ZEL_CHEMICAL_MODEL_EXPORT EstablishLink : public Transformation
 {
 public:

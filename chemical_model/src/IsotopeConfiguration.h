@@ -12,6 +12,11 @@ namespace chem {
 ///
 /// A sum below 2.220446049250313e-16, and so also an empty list, changes nothing and logs a debug
 /// message on the category "zel.generic". Running sums beyond 32 bits become -2147483648.
+///
+/// \code
+/// QList<double> abundances = {99.0, 1.0};
+/// normalize(abundances); // 0.99 and 0.01
+/// \endcode
 ZEL_CHEMICAL_MODEL_EXPORT void normalize(QList<double>& values);
 
 } // namespace chem

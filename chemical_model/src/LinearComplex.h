@@ -21,7 +21,9 @@ class ZEL_CHEMICAL_MODEL_EXPORT AminoAcid : public NamedMolecule
 {
 public:
     using NamedMolecule::NamedMolecule;
+    /// Makes a residue of no mass with empty texts, as a reader makes of an unknown letter.
     AminoAcid() = default;
+    /// Makes a residue with the molecule, name and code of a dictionary entry.
     explicit AminoAcid(const NamedMolecule& residue);
 };
 
@@ -31,7 +33,7 @@ public:
 class ZEL_CHEMICAL_MODEL_EXPORT Nucleotide : public NamedMolecule
 {
 public:
-    /// Joins the three parts.
+    /// Joins the three parts: the masses are those of base plus sugar plus phosphate.
     Nucleotide(const NamedMolecule& nucleobase, const NamedMolecule& ribose,
                const NamedMolecule& phosphate, const QString& name, const QString& code);
 
@@ -44,7 +46,9 @@ public:
 class ZEL_CHEMICAL_MODEL_EXPORT ComplexResidue : public NamedMolecule
 {
 public:
+    /// Puts a named molecule into its place; any position is taken as it stands.
     ComplexResidue(const NamedMolecule& residue, int position);
+    /// Puts a molecule into its place. Mind the order: the name comes before the code.
     ComplexResidue(const Molecule& molecule, const QString& name, const QString& code,
                    int position);
 
@@ -69,9 +73,18 @@ public:
 /// The inherited molecule is the sum of all residues; the inherited texts are null. Residues and
 /// sites are shared: the monomers of a peptide all hold the same ten sites, so never write to a
 /// site through one position's list.
+///
+/// \code
+/// const auto peptide = defaultChemicalFactory()->constructLinearPeptideComplex(u"DRVYIHPF"_s);
+/// peptide->residues.size();       // 10: two terminals and eight residues
+/// peptide->residues.at(1)->name;  // "Aspartic acid"
+/// peptide->sites.at(1).size();    // 10 ways to break behind it
+/// \endcode
 class ZEL_CHEMICAL_MODEL_EXPORT MoleculeComplex : public NamedMolecule
 {
 public:
+    /// Makes a complex of parts that belong together: nothing sums them or tests that `residues`
+    /// and `sites` have one length, which the generators of fragments rely on.
     MoleculeComplex(const Molecule& total, const QList<QSharedPointer<ComplexResidue>>& residues,
                     const QList<QList<QSharedPointer<FragmentationSite>>>& sites);
 
@@ -90,6 +103,7 @@ public:
 class ZEL_CHEMICAL_MODEL_EXPORT Fragment : public Molecule
 {
 public:
+    /// Makes an ion from what a generator has at hand. `parentComplex` may be null.
     Fragment(const Molecule& molecule, const QString& typeLabel,
              const QList<QWeakPointer<ComplexResidue>>& residues,
              const QList<QWeakPointer<FragmentationSite>>& sites,

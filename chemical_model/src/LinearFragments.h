@@ -13,6 +13,14 @@ class MoleculeComplex;
 /// A fragment ion as two masses in daltons and the letters of its monomers.
 ///
 /// The masses are those of the neutral composition: no proton is added.
+///
+/// \code
+/// QList<SimpleFragment> fragments;
+/// generateLinearFragments(*peptide, fragments);
+/// const SimpleFragment first = fragments.first(); // b1 of DRVYIHPF
+/// first.sequence;                                 // "D"
+/// first.monoMass;                                 // 115.02694 Da; add a proton for its m/z
+/// \endcode
 struct ZEL_CHEMICAL_MODEL_EXPORT SimpleFragment
 {
     double averageMass = 0.0; ///< Average mass in daltons.

@@ -19,6 +19,14 @@ namespace chem {
 /// there are fewer chains or residues than the index says. An index equal to the count, or a
 /// negative one, is let through: the modification then goes into the molecule's own list with its
 /// place as it stands.
+///
+/// The cost is linear in the residues of that one chain and in the length of the history.
+///
+/// \code
+/// const Modification phosphorylation(factory->constructMolecule(u"HPO3"_s), {{0, 3}});
+/// const MoleculeEntity phosphopeptide = Modify(phosphorylation).transform(peptide);
+/// phosphopeptide.sequence(); // "H-GAS[]TK-OH"
+/// \endcode
 class ZEL_CHEMICAL_MODEL_EXPORT Modify : public Transformation
 {
 public:
@@ -46,6 +54,11 @@ private:
 /// Throws, as `const char*`, "Attemt to remove modification from non-existing chain" or "...
 /// residue", on the same terms as Modify, and "Could not remove specified modification" if there is
 /// no equal one.
+///
+/// \code
+/// const MoleculeEntity again = Unmodify(phosphorylation).transform(phosphopeptide);
+/// again.transformations().size(); // 2: the history grows
+/// \endcode
 class ZEL_CHEMICAL_MODEL_EXPORT Unmodify : public Transformation
 {
 public:

@@ -32,7 +32,9 @@ public:
     /// Makes a molecule from a formula and any two masses in daltons, average mass first.
     Molecule(const ChemicalFormula& formula, double averageMass, double monoMass);
 
+    /// Copies both masses; the formula is shared.
     Molecule(const Molecule& other) = default;
+    /// Copies both masses; the formula is shared.
     Molecule& operator=(const Molecule& other) = default;
     ~Molecule() = default;
 
@@ -45,17 +47,20 @@ public:
     /// The monoisotopic mass in daltons.
     double monoMass() const { return m_monoMass; }
 
-    /// Adds the formula and both masses of `other`.
+    /// Adds the formula and both masses of `other`. Masses are added as they stand, in the order of
+    /// the calls, so the same calls give the same bits.
     void operator+=(const Molecule& other);
 
     /// Subtracts the formula and both masses of `other`. Entries that reach zero stay in the
     /// formula.
     void operator-=(const Molecule& other);
 
-    /// Multiplies the formula and both masses.
+    /// Multiplies the formula and both masses; a negative factor turns a gain into a loss.
     void operator*=(int factor);
 
+    /// A copy with `other` added, as by operator+=().
     Molecule operator+(const Molecule& other) const;
+    /// A copy with `other` subtracted, as by operator-=().
     Molecule operator-(const Molecule& other) const;
 
 private:
@@ -76,9 +81,11 @@ public:
     /// Makes a named molecule. Mind the order: the name comes before the code.
     NamedMolecule(const Molecule& molecule, const QString& name, const QString& code);
 
+    /// Copies the molecule; both texts are shared.
     NamedMolecule(const NamedMolecule& other) = default;
     /// Copies the molecule and takes the two texts of `other`, which are left empty.
     NamedMolecule(NamedMolecule&& other) noexcept = default;
+    /// Copies the molecule; both texts are shared.
     NamedMolecule& operator=(const NamedMolecule& other) = default;
     /// Copies the molecule and takes the two texts of `other`.
     NamedMolecule& operator=(NamedMolecule&& other) noexcept = default;

@@ -22,6 +22,7 @@ class NamedMolecule;
 class TransformationEntity;
 struct StructuredMolecule;
 
+/// Which types a MoleculeEntity can hold.
 namespace MolecularEntityInternal {
 
 class Concept;
@@ -58,9 +59,13 @@ public:
     template <MolecularEntityInternal::MoleculeValue T>
     MoleculeEntity(T value);
 
+    /// Shares the held value.
     MoleculeEntity(const MoleculeEntity& other);
+    /// Takes the held value of `other`, which may then only be assigned to or destroyed.
     MoleculeEntity(MoleculeEntity&& other) noexcept;
+    /// Shares the held value.
     MoleculeEntity& operator=(const MoleculeEntity& other);
+    /// Takes the held value of `other`, which may then only be assigned to or destroyed.
     MoleculeEntity& operator=(MoleculeEntity&& other) noexcept;
     ~MoleculeEntity();
 

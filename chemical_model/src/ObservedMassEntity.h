@@ -10,6 +10,7 @@
 
 namespace chem {
 
+/// Which types an ObservedMassEntity can hold.
 namespace ObservedMassEntityInternal {
 
 class Concept;
@@ -32,9 +33,13 @@ public:
     template <ObservedMassEntityInternal::ObservedMassValue T>
     ObservedMassEntity(T value);
 
+    /// Shares the held mass.
     ObservedMassEntity(const ObservedMassEntity& other);
+    /// Takes the held mass of `other`, which may then only be assigned to or destroyed.
     ObservedMassEntity(ObservedMassEntity&& other) noexcept;
+    /// Shares the held mass.
     ObservedMassEntity& operator=(const ObservedMassEntity& other);
+    /// Takes the held mass of `other`, which may then only be assigned to or destroyed.
     ObservedMassEntity& operator=(ObservedMassEntity&& other) noexcept;
     ~ObservedMassEntity();
 
@@ -82,6 +87,13 @@ ZEL_CHEMICAL_MODEL_EXPORT double absoluteMassToleranceDelta(double mass,
 /// The tolerance is worked out once, at the model's mass. `observedMasses` must be ascending: the
 /// list is not tested, and one out of order gives a partial result. A negative tolerance finds
 /// nothing. The cost is logarithmic in the list plus the width of the window.
+///
+/// \code
+/// MatchingParameters parameters;
+/// parameters.massTolerance = {10.0, 1}; // 10 ppm
+/// const QList<ObservedMassEntity> observed = {1046.18, 1046.19, 1300.5};
+/// match(peptide, observed, parameters).size(); // 2 for 1046.185 Da
+/// \endcode
 ZEL_CHEMICAL_MODEL_EXPORT QList<Match> match(MoleculeEntity entity,
                                              const QList<ObservedMassEntity>& observedMasses,
                                              const MatchingParameters& parameters);

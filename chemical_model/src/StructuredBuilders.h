@@ -6,7 +6,15 @@
 /// \file
 /// From text and lists to chains and structured molecules. Nothing is validated: a chain is what
 /// the reader of its text makes of it, and lists are taken as they stand. A factory that reads text
-/// must not be null. Calls on different data may run at the same time.
+/// must not be null. The functions own nothing of what they are given: results share it. Any number
+/// of threads may call them at once.
+///
+/// \code
+/// const Chain chain = constructPeptideChain(u"A"_s, u"A"_s, u"GASTK"_s, factory.data());
+/// const MoleculeEntity peptide =
+///     constructProteinFromChains(u"example"_s, {chain}, {}, {}, nullptr);
+/// peptide.sequence(); // "H-GASTK-OH"
+/// \endcode
 
 namespace chem {
 

@@ -36,10 +36,12 @@ public:
     Chain(const QString& name, const QString& code, const QList<MoleculeEntity>& residues,
           MoleculeType type, ParentChainLocus parentLocus);
 
+    /// The residues in chain order, the two terminals first and last where the chain has them.
     const QList<MoleculeEntity>& residues() const { return m_residues; }
-    const QString& name() const { return m_name; }
-    const QString& code() const { return m_code; }
-    const MoleculeType& type() const { return m_type; }
+
+    const QString& name() const { return m_name; }      ///< The readable name.
+    const QString& code() const { return m_code; }      ///< The short label.
+    const MoleculeType& type() const { return m_type; } ///< What the chain is.
 
     /// Where a fragment chain was cut from; all default for any other chain.
     const ParentChainLocus& parentLocus() const { return m_parentLocus; }
@@ -58,6 +60,12 @@ private:
 };
 
 /// A bridge between two residues.
+///
+/// \code
+/// // A disulfide takes two hydrogens away.
+/// const MoleculeEntity twoHydrogensLess = factory->modifyMolecule({}, u"H-2"_s, 1);
+/// const Link disulfide(twoHydrogensLess, {{0, 7}, {1, 7}});
+/// \endcode
 class ZEL_CHEMICAL_MODEL_EXPORT Link
 {
 public:
@@ -86,6 +94,13 @@ private:
 
 /// A group on a molecule, with the places where it may sit: one if the place is known, several if
 /// it is open, none if nothing is known.
+///
+/// \code
+/// const MoleculeEntity phospho = factory->constructMolecule(u"HPO3"_s);
+/// const Modification onResidue3(phospho, {{0, 3}});            // placed
+/// const Modification onEither(phospho, {{0, 3}, {0, 4}});      // one group, two candidates
+/// const Modification somewhere(phospho, {});                   // place unknown
+/// \endcode
 class ZEL_CHEMICAL_MODEL_EXPORT Modification
 {
 public:

@@ -28,7 +28,10 @@ enum TransformationType {
 /// transform() is const, so one step may be applied from any number of threads at once.
 ///
 /// A step that cannot be done throws its message as a plain `const char*`, and the input stays as
-/// it was: \code try {
+/// it was:
+///
+/// \code
+/// try {
 ///     molecule = Unmodify(modification).transform(molecule);
 /// } catch (const char* message) {
 ///     qWarning("%s", message);
@@ -38,7 +41,9 @@ class ZEL_CHEMICAL_MODEL_EXPORT Transformation
 {
 public:
     Transformation() = default;
+    /// Nothing to copy: a step's arguments belong to the derived class.
     Transformation(const Transformation&) = default;
+    /// Nothing to assign.
     Transformation& operator=(const Transformation&) = default;
     virtual ~Transformation();
 
@@ -49,6 +54,7 @@ public:
     virtual TransformationType type() const = 0;
 };
 
+/// Which steps a TransformationEntity can hold.
 namespace TransformationEntityInternal {
 
 /// The steps that a TransformationEntity can hold.
@@ -70,9 +76,13 @@ public:
     template <TransformationEntityInternal::TransformationStep T>
     TransformationEntity(T step, MoleculeEntity priorMolecule);
 
+    /// Shares the step and the molecule of `other`.
     TransformationEntity(const TransformationEntity& other);
+    /// Takes the step and the molecule of `other`, which may then only be assigned to or destroyed.
     TransformationEntity(TransformationEntity&& other) noexcept;
+    /// Shares the step and the molecule of `other`.
     TransformationEntity& operator=(const TransformationEntity& other);
+    /// Takes the step and the molecule of `other`, which may then only be assigned to or destroyed.
     TransformationEntity& operator=(TransformationEntity&& other) noexcept;
     ~TransformationEntity() override;
 

@@ -22,6 +22,7 @@ public:
     /// the family defines. 0 is success, every other number a failure.
     explicit Error(int code) noexcept;
 
+    /// Takes the number of `other`, which keeps it as well.
     Error(Error&& other) noexcept;
     ~Error();
 
