@@ -1,0 +1,40 @@
+#include "Recipes.h"
+
+#include <algorithm>
+
+void averagine(QTextStream& out)
+{
+    //! [Averagine]
+    const auto factory = defaultChemicalFactory();
+    const QString averageResidue = u"C4.9384H7.7583N1.3577O1.4773S0.0417"_s;
+
+    // The other mass, from the ratio of the two masses of the unit. The formula stays the unit.
+    const Molecule estimate = factory->moleculeBasedOnAverageMass(averageResidue, 8564.8);
+    out << QString::number(estimate.monoMass(), 'f', 2) << " Da monoisotopic\n";
+
+    // An envelope needs whole counts: scale the unit yourself and let hydrogen take the rest.
+    const Molecule hydrogen = factory->constructMolecule(u"H"_s);
+    const ChemicalFormula unit = ChemicalFactory::parseChemicalFormula(averageResidue);
+    double unitMass = 0.0;
+    const auto counts = unit.elementCountMap();
+    for (auto entry = counts.cbegin(); entry != counts.cend(); ++entry)
+        unitMass += entry.value() * factory->constructMolecule(entry.key()).averageMass();
+    const double units = 8564.8 / unitMass;
+    QString formula;
+    for (auto entry = counts.cbegin(); entry != counts.cend(); ++entry)
+        formula += entry.key() + QString::number(qRound(units * entry.value()));
+    Molecule scaled = factory->constructMolecule(formula);
+    const double missing = 8564.8 - scaled.averageMass();
+    scaled = factory->modifyMolecule(scaled, u"H1"_s, qRound(missing / hydrogen.averageMass()));
+    out << scaled.formula().toString() << ' ' << QString::number(scaled.averageMass(), 'f', 2)
+        << " Da\n";
+
+    QList<QPointF> envelope;
+    factory->generateIsotopeEnvelope(scaled, 10, &envelope, true);
+    const auto highest = std::max_element(
+        envelope.cbegin(), envelope.cend(),
+        [](const QPointF& left, const QPointF& right) { return left.y() < right.y(); });
+    out << "highest peak at m/z " << QString::number(highest->x(), 'f', 3) << ", "
+        << highest - envelope.cbegin() << " above the lightest\n";
+    //! [Averagine]
+}

@@ -1,0 +1,66 @@
+// Runs the recipes that the pages quote.
+//
+//   cookbook [RECIPE]
+//
+// Without a recipe it runs all of them. The names are those of the files.
+
+#include "Recipes.h"
+
+#include <algorithm>
+
+namespace {
+
+struct NamedRecipe
+{
+    QString name;
+    Recipe run;
+};
+
+const QList<NamedRecipe> recipes = {
+    {u"MassOfFormula"_s, massOfFormula},
+    {u"PeptideFragments"_s, peptideFragments},
+    {u"ModifiedSugars"_s, modifiedSugars},
+    {u"LabelledFactory"_s, labelledFactory},
+    {u"Disulfide"_s, disulfide},
+    {u"ClipsAndMatching"_s, clipsAndMatching},
+    {u"Messages"_s, messages},
+    {u"Threads"_s, threads},
+    {u"MassToCharge"_s, massToCharge},
+    {u"NeutralLosses"_s, neutralLosses},
+    {u"ModificationAtResidue"_s, modificationAtResidue},
+    {u"MissedCleavages"_s, missedCleavages},
+    {u"Averagine"_s, averagine},
+    {u"MonoisotopicMatching"_s, monoisotopicMatching},
+    {u"QuietFailures"_s, quietFailures},
+    {u"Histories"_s, histories},
+    {u"HeaderExamples"_s, headerExamples},
+    {u"AverageMasses"_s, averageMasses},
+    {u"ShareLeftOut"_s, shareLeftOut},
+    {u"FirstWandX"_s, firstWandX},
+    {u"ElectronMass"_s, electronMass},
+    {u"Estimates"_s, estimates},
+};
+
+} // namespace
+
+int main(int argc, char* argv[])
+{
+    QTextStream out(stdout);
+    if (argc > 1) {
+        const QString name = QString::fromLocal8Bit(argv[1]);
+        const auto recipe =
+            std::find_if(recipes.cbegin(), recipes.cend(),
+                         [&name](const NamedRecipe& candidate) { return candidate.name == name; });
+        if (recipe == recipes.cend()) {
+            QTextStream(stderr) << "there is no recipe " << name << '\n';
+            return 2;
+        }
+        recipe->run(out);
+        return 0;
+    }
+    for (const NamedRecipe& recipe : recipes) {
+        out << "== " << recipe.name << '\n';
+        recipe.run(out);
+    }
+    return 0;
+}
