@@ -76,9 +76,9 @@ public:
 ///
 /// \code
 /// const auto peptide = defaultChemicalFactory()->constructLinearPeptideComplex(u"DRVYIHPF"_s);
-/// peptide->residues.size();       // 10: two terminals and eight residues
-/// peptide->residues.at(1)->name;  // "Aspartic acid"
-/// peptide->sites.at(1).size();    // 10 ways to break behind it
+/// peptide->residues.size();                            // 10: two terminals, eight residues
+/// const QString first = peptide->residues.at(1)->name; // "Aspartic acid"
+/// peptide->sites.at(1).size();                         // 10 ways to break behind it
 /// \endcode
 class ZEL_CHEMICAL_MODEL_EXPORT MoleculeComplex : public NamedMolecule
 {

@@ -17,7 +17,7 @@ class MoleculeComplex;
 /// \code
 /// QList<SimpleFragment> fragments;
 /// generateLinearFragments(*peptide, fragments);
-/// const SimpleFragment first = fragments.first(); // b1 of DRVYIHPF: 115.02694 Da, letters "D"
+/// const SimpleFragment b1 = fragments.first(); // of DRVYIHPF: 115.02694 Da, letters "D"
 /// \endcode
 struct ZEL_CHEMICAL_MODEL_EXPORT SimpleFragment
 {

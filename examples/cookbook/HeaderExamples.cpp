@@ -46,17 +46,17 @@ void factories(QTextStream& out)
 void complexes(QTextStream& out)
 {
     const auto peptide = defaultChemicalFactory()->constructLinearPeptideComplex(u"DRVYIHPF"_s);
-    peptide->residues.size();      // 10: two terminals and eight residues
-    peptide->residues.at(1)->name; // "Aspartic acid"
-    peptide->sites.at(1).size();   // 10 ways to break behind it
-    require(peptide->residues.size() == 10 && peptide->residues.at(1)->name == u"Aspartic acid" &&
+    peptide->residues.size();                            // 10: two terminals, eight residues
+    const QString first = peptide->residues.at(1)->name; // "Aspartic acid"
+    peptide->sites.at(1).size();                         // 10 ways to break behind it
+    require(peptide->residues.size() == 10 && first == u"Aspartic acid" &&
                 peptide->sites.at(1).size() == 10,
             "MoleculeComplex", out);
     QList<SimpleFragment> fragments;
     generateLinearFragments(*peptide, fragments);
-    const SimpleFragment first = fragments.first(); // b1 of DRVYIHPF: 115.02694 Da, letters "D"
-    require(first.type == FragmentType::B && first.sequence == u"D" &&
-                isNear(first.monoMass, 115.02694, 5e-6),
+    const SimpleFragment b1 = fragments.first(); // of DRVYIHPF: 115.02694 Da, letters "D"
+    require(b1.type == FragmentType::B && b1.sequence == u"D" &&
+                isNear(b1.monoMass, 115.02694, 5e-6),
             "SimpleFragment", out);
 }
 
