@@ -91,7 +91,7 @@ public:
     ChemicalFactory(ChemicalFactory&& other) noexcept;
     /// Shares table, dictionaries and constants. No other thread may use this factory meanwhile.
     ChemicalFactory& operator=(const ChemicalFactory& other);
-    /// Takes everything from `other`, which may then only be assigned to or destroyed. No other
+    /// Takes everything from `other`, which is left without dictionaries and isotopes. No other
     /// thread may use either factory meanwhile.
     ChemicalFactory& operator=(ChemicalFactory&& other) noexcept;
     /// Lets go of the data. Molecules and complexes that the factory made live on.
