@@ -77,12 +77,18 @@ public:
 
     /// Makes a factory. An empty text gives natural isotopes. Any other text replaces the isotopes
     /// of the elements that it names: entries parted by white space, each a symbol, a mass number,
-    /// a colon and an abundance, as in "C13:0.99 C12:0.01".
+    /// a colon and an abundance, as in "C13:0.99 C12:0.01". A named element keeps only the isotopes
+    /// that the text lists, with their abundances scaled by normalize(), which tells on
+    /// "zel.generic" what it leaves unscaled.
+    ///
+    /// Masses come from the table. Neutrons are counted from the lightest isotope of the element
+    /// that the text names first, and an isotope that is not found within 0.2 Da of its expected
+    /// mass gets that mass.
     ///
     /// A text with an entry that cannot be read (a blank at either end makes an empty entry) gives
-    /// a factory with natural isotopes and with empty dictionaries: nothing else tells of it. An
-    /// abundance outside (0, 1] after scaling throws `std::invalid_argument` as soon as the element
-    /// is touched, for carbon and its like within this call.
+    /// a factory with natural isotopes and with empty dictionaries and constants: nothing else
+    /// tells of it. An abundance outside (0, 1] after scaling throws `std::invalid_argument` as
+    /// soon as the element is touched, for carbon and its like within this call.
     static QSharedPointer<ChemicalFactory> construct(const QString& isotopeOverrides);
 
     /// Shares table, dictionaries and constants until one of the two is changed.
@@ -111,7 +117,9 @@ public:
     static ChemicalFormula parseChemicalFormula(const QString& text);
 
     /// Makes the molecule of a formula text. Elements that the table does not have stay in the
-    /// formula and weigh nothing. Counts are cut toward zero for the masses.
+    /// formula and weigh nothing. Counts are cut toward zero for the masses, and those that do not
+    /// fit 32 bits weigh nothing. Throws `std::invalid_argument` for an element whose abundances
+    /// are refused, see construct().
     Molecule constructMolecule(const QString& formula) const;
 
     /// Applies a formula text `count` times: what the text gains is added and what it loses is
@@ -120,23 +128,26 @@ public:
     Molecule modifyMolecule(const Molecule& molecule, const QString& modification, int count) const;
 
     /// Works out both masses of a formula, gains minus losses, and always writes them. Mind the
-    /// order: monoisotopic mass first. Counts are cut toward zero. An element that the table does
-    /// not have counts as 0.0; the error has number 2 if there is no known element at all, and 0
-    /// otherwise.
+    /// order: monoisotopic mass first. Counts are cut toward zero, and those that do not fit 32
+    /// bits weigh nothing. An element that the table does not have counts as 0.0; the error has
+    /// number 2 if there is no known element at all, and 0 otherwise. Throws
+    /// `std::invalid_argument` for an element whose abundances are refused, see construct().
     zel::Error calculateMassesForFormula(const ChemicalFormula& formula, double* monoMass,
                                          double* averageMass) const;
 
     /// Works out both masses of the elements with the counts at the same index, and always writes
     /// them. Mind the order: monoisotopic mass first. An element that the table does not have, and
     /// one with a negative or missing count, adds 0.0; one that is listed twice counts twice. The
-    /// error has number 2 if no element is known or the list is empty, and 0 otherwise.
+    /// error has number 2 if no element is known or the list is empty, and 0 otherwise. Throws
+    /// `std::invalid_argument` for an element whose abundances are refused, see construct().
     zel::Error calculateMassesForElementCountArrays(const QList<QString>& elements,
                                                     const QList<int>& counts, double* monoMass,
                                                     double* averageMass) const;
 
     /// Estimates the monoisotopic mass that belongs to `averageMass` for a molecule composed like
-    /// `formula`. The result holds that formula as it stands, the given mass and the estimate: 0.0
-    /// if the formula weighs nothing.
+    /// `formula`, both in daltons. The result holds that formula as it stands, the given mass and
+    /// the estimate: 0.0 if the monoisotopic masses of the formula sum to zero or less, or the
+    /// ratio of its masses is not above zero. Counts are not cut: fractions and losses take part.
     Molecule moleculeBasedOnAverageMass(const QString& formula, double averageMass) const;
 
     /// Estimates the average mass that belongs to `monoMass`, likewise.
@@ -145,20 +156,24 @@ public:
     /// Works out the isotope envelope of a molecule at a charge.
     ///
     /// \param molecule the neutral molecule.
-    /// \param charge the number of charges; its sign is ignored, and 0 divides like 1.
+    /// \param charge the number of charges; its sign is ignored, and 0 divides like 1. -2147483648
+    /// counts as 2147483647.
     /// \param envelope emptied, then filled: one point for each nominal mass from the lightest peak
     /// on.
     ///   `x` is the m/z of the probability-weighted centroid, less one electron mass; for the first
     ///   point it is that of the lightest peak itself. `y` is the summed probability of what lies
-    ///   above a threshold of 1e-7, so the sum stays a little below 1. A point that nothing fell
-    ///   into is (0, 0).
+    ///   above a threshold of 1e-7, so the sum stays a little below 1 (electrons, which the table
+    ///   lists twice, count double). Any other point that nothing fell into is (0, 0); the first
+    ///   keeps its `x`.
     /// \param protonate whether one hydrogen for each charge is added first.
-    /// \return the molecule, with the added hydrogens.
+    /// \return the molecule, with the added hydrogens and their masses; also where the envelope is
+    /// empty.
     ///
-    /// A formula with a count that is negative or no whole number gives an empty envelope and a
-    /// warning on the category "zel.generic". Unknown elements take no part. Where no configuration
-    /// reaches the threshold the envelope is empty. Counts of 10485759 and more make IsoSpec++
-    /// throw.
+    /// A formula with a count that is negative, above 2147483647 or no whole number, hydrogens
+    /// included, gives an empty envelope and a warning on the category "zel.generic". Unknown
+    /// elements take no part. Where no configuration reaches the threshold the envelope is empty.
+    /// Counts of 10485759 and more make IsoSpec++ throw, as do abundances that are refused, see
+    /// construct().
     Molecule generateIsotopeEnvelope(const Molecule& molecule, int charge, QList<QPointF>* envelope,
                                      bool protonate) const;
 
@@ -170,8 +185,10 @@ public:
     static BuildingBlockType buildingBlockType(const QString& label);
 
     /// Stores a building block under `code`, replacing one that is there. The readers know it at
-    /// once; copies of the factory that were taken earlier do not. Any text is accepted as a
-    /// formula.
+    /// once; copies of the factory that were taken earlier do not. A dictionary that is missing is
+    /// created. Any text is accepted as a formula: unknown elements weigh nothing, and refused
+    /// abundances throw, see construct(). The sugar and the linkage of nucleotides that name none
+    /// stay as they are. No other thread may use this factory meanwhile.
     void setBuildingBlock(BuildingBlockType type, const QString& code, const QString& name,
                           const QString& formula);
 
@@ -183,8 +200,9 @@ public:
     void standardOligoTermini(NamedMolecule* fivePrime, NamedMolecule* threePrime) const;
 
     /// Rewrites a formula of the older convention, in which oligonucleotide building blocks were
-    /// whole species, as the piece that remains once the parts are joined. The result is in the
-    /// form of ChemicalFormula::toString(), also for kinds that need no correction.
+    /// whole species, as the piece that remains once the parts are joined: a nucleobase loses H, a
+    /// ribose O2H3, a phosphate O while it gains H, a 5' terminal O. Never fails. The result is in
+    /// the form of ChemicalFormula::toString(), also for kinds that need no correction.
     static QString convertOldOligoBuildingBlockFormula(const QString& formula,
                                                        BuildingBlockType type);
 
@@ -262,13 +280,21 @@ public:
     /// @{
 
     /// Tells whether `composition`, such as "HexNAc(2)Hex(5)", has at least one term and all its
-    /// terms can be used. Text between the terms is ignored.
+    /// terms can be used.
+    ///
+    /// A term is HexNAc, dHex, Fuc, Hex, Pent, NeuAc, NeuGc, Sodium or Na, in this case, then
+    /// optional white space and a decimal count in parentheses without blanks. Any other text is
+    /// skipped. A term cannot be used if the "Sugar" dictionary has no such entry or if the count
+    /// exceeds 2147483647; a count of 0 is valid. setBuildingBlock() changes what these names weigh
+    /// but adds no name.
     bool isValidGlycanComposition(const QString& composition) const;
 
-    /// Adds up the sugar residues of a composition. A term that cannot be used is skipped.
+    /// Adds up the residues of a composition, stored masses times counts in the order of the terms.
+    /// A term that cannot be used is skipped; without any the result is empty. No water is added.
     Molecule constructGlycanModification(const QString& composition) const;
 
-    /// Adds the sugar residues of a composition to a molecule.
+    /// Adds constructGlycanModification() of `composition` to a copy of `molecule`. The masses are
+    /// sums of what is stored.
     Molecule modifyMoleculeWithGlycan(const Molecule& molecule, const QString& composition) const;
 
     /// @}
@@ -305,7 +331,8 @@ protected:
     ChemicalFactory();
 
     /// Loads the isotope table, applies `isotopeOverrides` if it is not empty, and fills
-    /// dictionaries and constants. See construct().
+    /// dictionaries and constants. See construct(). To be called once: a second call would append
+    /// the table again.
     void init(const QString& isotopeOverrides);
 
     /// \name For derived classes to read

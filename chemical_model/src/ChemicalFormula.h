@@ -61,7 +61,8 @@ public:
     /// toward zero, so an entry of 0.5 appears with a count of 0. Neither pointer may be null.
     void positiveElementCounts(QList<QString>* elements, QList<int>* counts) const;
 
-    /// The same for all entries below zero; the counts are magnitudes, so they are not negative.
+    /// The same for all entries below zero, with magnitudes for counts. A magnitude that does not
+    /// fit 32 bits gives -2147483648.
     void negativeElementCounts(QList<QString>* elements, QList<int>* counts) const;
 
     /// The form for people: carbon, then hydrogen, then the rest by symbol, as in C1H4N or C2H6O.
@@ -70,14 +71,16 @@ public:
     /// second only behind a positive count of carbon, else it stands in its alphabetical place:
     /// H2O. Negative counts stand in parentheses: N(-1). Numbers have at most six significant
     /// digits, so a million and more appear in exponent form. Entries of zero do not appear.
+    /// Behind carbon and hydrogen, a count within 1e-12 of zero is left out, and one within 1e-12
+    /// of 1 appears without its number.
     QString toString() const;
 
-    /// All entries in map order, each with its number, as in H2O1: the form that isotope
+    /// The entries above zero in map order, each with its number, as in H2O1: the form that isotope
     /// calculators require. At most six significant digits. Empty if the formula is not isValid().
     QString toIsoFormulaString() const;
 
-    /// All entries sorted by symbol, each with its whole number in full, as in C1000000H2. Empty if
-    /// the formula is not isValid().
+    /// The entries above zero sorted by symbol, each with its whole number in full, as in
+    /// C1000000H2. Empty if the formula is not isValid().
     QString toThermoFormulaString() const;
 
     /// The gains of a difference formula: the entries above zero in map order, each with its number

@@ -11,7 +11,8 @@ namespace chem {
 /// whose whole sum stays 0, are left as they are.
 ///
 /// A sum below 2.220446049250313e-16, and so also an empty list, changes nothing and logs a debug
-/// message on the category "zel.generic". Running sums beyond 32 bits become -2147483648.
+/// message on the category "zel.generic". A running sum beyond 32 bits becomes -2147483648 and goes
+/// on from there. May be called from any thread on a list of its own.
 ///
 /// \code
 /// QList<double> abundances = {99.0, 1.0};

@@ -96,13 +96,15 @@ public:
     /// Always empty: nothing in the library describes a molecule.
     QString description() const;
 
-    const QList<Chain> chains() const;               ///< The chains of a structured molecule.
-    const QList<Modification> modifications() const; ///< Its modifications without a single place.
-    const QList<Link> links() const;                 ///< Its links.
+    const QList<Chain> chains() const; ///< The chains of a structured molecule.
+    /// Its own modifications. A step puts one with a single place on its residue instead.
+    const QList<Modification> modifications() const;
+    const QList<Link> links() const;                           ///< Its links.
     const QList<TransformationEntity> transformations() const; ///< Its history, oldest step first.
 
     /// Compares chemistry and nothing else: both masses to 12 digits and the formulas as printed by
-    /// ChemicalFormula::toString(). Type, names and parts take no part.
+    /// ChemicalFormula::toString(), all as averageMass(), monoMass() and formula() give them. Type,
+    /// names and parts take no part. A mass that is not a number equals nothing, not even itself.
     bool operator==(const MoleculeEntity& other) const;
 
 private:

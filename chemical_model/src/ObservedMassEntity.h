@@ -77,7 +77,9 @@ struct ZEL_CHEMICAL_MODEL_EXPORT MatchingParameters
     MassTolerance fourthTolerance; ///< Carried for callers; nothing reads it.
 };
 
-/// The mass tolerance in daltons at `mass`.
+/// The first tolerance in daltons at `mass`, a mass in daltons: the value itself, or its parts per
+/// million or percent of the mass. Below zero if the value is, or if a relative tolerance meets a
+/// negative mass. May be called from any number of threads at once.
 ZEL_CHEMICAL_MODEL_EXPORT double absoluteMassToleranceDelta(double mass,
                                                             const MatchingParameters& parameters);
 
@@ -86,7 +88,10 @@ ZEL_CHEMICAL_MODEL_EXPORT double absoluteMassToleranceDelta(double mass,
 ///
 /// The tolerance is worked out once, at the model's mass. `observedMasses` must be ascending: the
 /// list is not tested, and one out of order gives a partial result. A negative tolerance finds
-/// nothing. The cost is logarithmic in the list plus the width of the window.
+/// nothing, and a relative tolerance at a negative mass is negative. Edges are subject to the
+/// rounding of mass plus or minus tolerance. If the model's mass or the tolerance is not a number,
+/// every measurement matches. May run on any number of threads at once. The cost is logarithmic in
+/// the list plus the width of the window.
 ///
 /// \code
 /// MatchingParameters parameters;

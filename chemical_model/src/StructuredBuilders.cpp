@@ -3,7 +3,9 @@
 #include "ChemicalFactory.h"
 #include "FormulaSum.h"
 
+#include <algorithm>
 #include <utility>
+#include <vector>
 
 namespace chem {
 
@@ -50,21 +52,50 @@ private:
     double m_monoMass = 0.0;
 };
 
+/// Each letter of a text once, and which of them stands where.
+struct DistinctLetters
+{
+    explicit DistinctLetters(const QString& text)
+    {
+        const auto last = std::max_element(text.cbegin(), text.cend());
+        std::vector<qsizetype> places(last == text.cend() ? 0 : last->unicode() + 1, unseen);
+        order.reserve(text.size());
+        for (const QChar letter : text) {
+            qsizetype& place = places[letter.unicode()];
+            if (place == unseen) {
+                place = letters.size();
+                letters.append(letter);
+            }
+            order.append(place);
+        }
+    }
+
+    static constexpr qsizetype unseen = -1;
+    QString letters;
+    QList<qsizetype> order;
+};
+
 } // namespace
 
 Chain constructPeptideChain(const QString& name, const QString& code, const QString& sequence,
                             const ChemicalFactory* factory)
 {
+    // Equal residues of a chain share one entity: a protein needs 20 of them, however long it is.
+    const DistinctLetters distinct(sequence);
     QList<QSharedPointer<const AminoAcid>> aminoAcids;
     NamedMolecule nTerminal;
     NamedMolecule cTerminal;
-    factory->parseAminoAcidSequence(sequence, &aminoAcids, &nTerminal, &cTerminal);
+    factory->parseAminoAcidSequence(distinct.letters, &aminoAcids, &nTerminal, &cTerminal);
+    QList<MoleculeEntity> kinds;
+    kinds.reserve(aminoAcids.size());
+    for (const auto& aminoAcid : std::as_const(aminoAcids))
+        kinds.append(*aminoAcid);
 
     QList<MoleculeEntity> residues;
-    residues.reserve(aminoAcids.size() + 2);
+    residues.reserve(sequence.size() + 2);
     residues.append(std::move(nTerminal));
-    for (const auto& aminoAcid : std::as_const(aminoAcids))
-        residues.append(*aminoAcid);
+    for (const qsizetype kind : distinct.order)
+        residues.append(kinds.at(kind));
     residues.append(std::move(cTerminal));
     return Chain(name, code, residues, MoleculeType::Peptide, ParentChainLocus());
 }

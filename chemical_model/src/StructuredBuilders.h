@@ -47,8 +47,10 @@ ZEL_CHEMICAL_MODEL_EXPORT MoleculeEntity constructProteinFromChains(
     const QList<Link>& links, const ChemicalFactory* factory);
 
 /// Makes a molecule whose totals are the sums of its residues, then its links, then its
-/// modifications, in that order, so that equal parts give equal bits. Its history is empty. Linear
-/// in the parts.
+/// modifications, in that order, so that equal parts give equal bits. A part without a stored mass
+/// or formula counts with the one that MoleculeEntity rebuilds. A link or modification counts once,
+/// wherever its positions point. Empty lists give masses of 0.0 and an empty formula. Its history
+/// is empty. Linear in the parts.
 ZEL_CHEMICAL_MODEL_EXPORT MoleculeEntity constructStructuredMolecule(
     const QString& name, const QString& code, const QList<Chain>& chains,
     const QList<Modification>& modifications, const QList<Link>& links, MoleculeType type);

@@ -118,7 +118,8 @@ public:
         return m_possibleChainLocations;
     }
 
-    double averageMass() const;            ///< The group's average mass in daltons.
+    double
+    averageMass() const; ///< The group's average mass in daltons, rebuilt as MoleculeEntity does.
     double monoMass() const;               ///< The group's monoisotopic mass in daltons.
     const ChemicalFormula formula() const; ///< The group's composition.
 
@@ -127,6 +128,8 @@ public:
 
     /// Orders by average mass, monoisotopic mass, printed formula and places. Masses that agree to
     /// 12 digits count as equal, so the order is not transitive across a run of near-equal masses.
+    /// Formulas compare by UTF-16 code unit, places as sequences of pairs. A mass that is not a
+    /// number is neither less nor greater. For callers: nothing in the library sorts by it.
     bool operator<(const Modification& other) const;
 
 private:
@@ -141,16 +144,16 @@ private:
 /// here the monoisotopic mass comes first.
 struct ZEL_CHEMICAL_MODEL_EXPORT StructuredMolecule
 {
-    ChemicalFormula formula;                     ///< The total composition.
-    MoleculeType type = MoleculeType::Unknown;   ///< What the molecule is.
-    double monoMass = 0.0;                       ///< The total monoisotopic mass.
-    double averageMass = 0.0;                    ///< The total average mass.
-    QList<Chain> chains;                         ///< The chains.
-    QList<Link> links;                           ///< The links between residues.
-    QList<Modification> modifications;           ///< The modifications without a single place.
-    QString name;                                ///< The readable name.
-    QString code;                                ///< The short label.
-    QString description;                         ///< Stays empty; nothing reads it.
+    ChemicalFormula formula;                   ///< The total composition.
+    MoleculeType type = MoleculeType::Unknown; ///< What the molecule is.
+    double monoMass = 0.0;                     ///< The total monoisotopic mass.
+    double averageMass = 0.0;                  ///< The total average mass.
+    QList<Chain> chains;                       ///< The chains.
+    QList<Link> links;                         ///< The links between residues.
+    QList<Modification> modifications; ///< Its own modifications, with any number of places.
+    QString name;                      ///< The readable name.
+    QString code;                      ///< The short label.
+    QString description;               ///< Stays empty; nothing reads it.
     QList<TransformationEntity> transformations; ///< The history, oldest step first.
 };
 

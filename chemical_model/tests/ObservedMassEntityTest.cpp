@@ -185,9 +185,8 @@ TEST(ObservedMassEntity, AnyListGivesWhatTheSearchFinds)
         for (auto i = random() % 12; i > 0; --i)
             masses.append(random() % 40 ? static_cast<double>(random() % 20) : std::nan(""));
         if (round % 2) // what is not a number comes first, so that the order is one
-            std::sort(masses.begin(), masses.end(), [](double a, double b) {
-                return std::isnan(a) ? !std::isnan(b) : a < b;
-            });
+            std::sort(masses.begin(), masses.end(),
+                      [](double a, double b) { return std::isnan(a) ? !std::isnan(b) : a < b; });
         const double model = static_cast<double>(random() % 20 + 1);
         const double delta = static_cast<double>(random() % 5) - 1.0;
         ASSERT_TRUE(
