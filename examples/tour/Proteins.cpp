@@ -54,6 +54,7 @@ void printInsulin(const chem::ChemicalFactory& factory)
     printTitle(u"Human insulin: two chains, three disulfide links"_s);
     const chem::MoleculeEntity protein = insulin(factory);
     out() << "  " << protein.sequence() << "\n  " << protein.formula().toString() << '\n';
+    printBesidePublished(u"monoisotopic mass, Da"_s, protein.monoMass(), 5803.64, 2);
     printBesidePublished(u"average mass, Da"_s, protein.averageMass(), 5807.6, 1);
 
     const chem::Modification oxidation(factory.constructMolecule(u"O"_s), {});
