@@ -174,6 +174,11 @@ const Workload workloads[] = {
      [](int) {
          return std::function<void()>([] { chem::ChemicalFactory::construct(QString()); });
      }},
+    {"labelled-factory", 1,
+     [](int) {
+         return std::function<void()>(
+             [] { chem::ChemicalFactory::construct(QStringLiteral("C13:99 C12:1")); });
+     }},
 };
 
 /// What the counting tool looks for; the name must not be inlined away.

@@ -6,6 +6,9 @@
 
 #include <benchmark/benchmark.h>
 
+#include <array>
+#include <vector>
+
 using namespace Qt::StringLiterals;
 
 // All times are for one text, but where a name says otherwise. The yardsticks compile the generated
@@ -228,16 +231,98 @@ void complexFloorOfCopyingResiduesAndSites(benchmark::State& state)
 }
 BENCHMARK(complexFloorOfCopyingResiduesAndSites);
 
+QList<QSharedPointer<chem::MoleculeComplex>> preparedComplexes()
+{
+    QList<QSharedPointer<chem::MoleculeComplex>> prepared;
+    for (const QString& text : texts())
+        prepared.append(factory().constructLinearOligoComplex(text));
+    return prepared;
+}
+
 void flatFragments(benchmark::State& state)
 {
-    const auto complex = factory().constructLinearOligoComplex(texts().first());
-    QList<chem::SimpleFragment> fragments;
+    const auto prepared = preparedComplexes();
+    qsizetype next = 0;
     for (auto _ : state) {
+        QList<chem::SimpleFragment> fragments;
+        chem::generateLinearFragments(*prepared[next], fragments);
+        benchmark::DoNotOptimize(fragments);
+        next = (next + 1) % textCount;
+    }
+}
+BENCHMARK(flatFragments);
+
+/// The masses of the residues of each text, for the floors.
+std::vector<std::vector<double>> residueMasses()
+{
+    std::vector<std::vector<double>> masses;
+    for (const auto& complex : preparedComplexes()) {
+        auto& strand = masses.emplace_back();
+        for (const auto& residue : std::as_const(complex->residues)) {
+            strand.push_back(residue->averageMass());
+            strand.push_back(residue->monoMass());
+        }
+    }
+    return masses;
+}
+
+void floorSumOfResidues(benchmark::State& state)
+{
+    const auto masses = residueMasses();
+    std::size_t next = 0;
+    for (auto _ : state) {
+        double average = 0.0;
+        double mono = 0.0;
+        for (std::size_t i = 0; i < masses[next].size(); i += 2) {
+            average += masses[next][i];
+            mono += masses[next][i + 1];
+        }
+        benchmark::DoNotOptimize(average);
+        benchmark::DoNotOptimize(mono);
+        next = (next + 1) % masses.size();
+    }
+}
+BENCHMARK(floorSumOfResidues);
+
+void floorFragmentMasses(benchmark::State& state)
+{
+    const auto masses = residueMasses();
+    constexpr std::array<double, 9> deltas = {-18, -115, 1, 62, 80, 80, 62, 1, -17};
+    std::vector<double> ions;
+    std::size_t next = 0;
+    for (auto _ : state) {
+        const std::vector<double>& strand = masses[next];
+        std::array<double, 4> ends{};
+        ions.clear();
+        for (std::size_t i = 2; i + 2 < strand.size(); i += 2) {
+            ends[0] += strand[i];
+            ends[1] += strand[i + 1];
+            ends[2] += strand[strand.size() - 2 - i];
+            ends[3] += strand[strand.size() - 1 - i];
+            for (std::size_t ion = 0; ion < deltas.size(); ++ion) {
+                const std::size_t end = ion < 5 ? 0 : 2;
+                ions.push_back(ends[end] + deltas[ion]);
+                ions.push_back(ends[end + 1] + deltas[ion]);
+            }
+        }
+        benchmark::DoNotOptimize(ions.data());
+        next = (next + 1) % masses.size();
+    }
+}
+BENCHMARK(floorFragmentMasses);
+
+/// Growth: strands of the average length, and of 10 and 100 times that.
+void flatFragmentsOfLength(benchmark::State& state)
+{
+    const auto complex = factory().constructLinearOligoComplex(
+        u"ACGT"_s.repeated(state.range(0) / 4) + u"A"_s.repeated(state.range(0) % 4));
+    for (auto _ : state) {
+        QList<chem::SimpleFragment> fragments;
         chem::generateLinearFragments(*complex, fragments);
         benchmark::DoNotOptimize(fragments);
     }
 }
-BENCHMARK(flatFragments);
+BENCHMARK(flatFragmentsOfLength)->Arg(22)->Arg(220)->Arg(2200);
 
 void richFragments(benchmark::State& state)
 {

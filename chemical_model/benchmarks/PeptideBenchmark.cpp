@@ -4,6 +4,7 @@
 #include "BenchmarkInputs.h"
 #include "BenchmarkIsotopes.h"
 #include <ChemicalModel.h>
+#include <malloc.h>
 
 #include <benchmark/benchmark.h>
 
@@ -151,6 +152,70 @@ void richFragments(benchmark::State& state)
 }
 BENCHMARK(richFragments);
 
+// Growth: one peptide of the average length, and of 10 and 100 times that.
+
+void complexOfLength(benchmark::State& state)
+{
+    const int length = static_cast<int>(state.range(0));
+    const QString text = randomPeptides(1, length, length).first();
+    const auto factory = chem::defaultChemicalFactory();
+    for (auto _ : state)
+        benchmark::DoNotOptimize(factory->constructLinearPeptideComplex(text)->monoMass());
+}
+BENCHMARK(complexOfLength)->Arg(18)->Arg(180)->Arg(1800);
+
+void flatFragmentsOfLength(benchmark::State& state)
+{
+    const int length = static_cast<int>(state.range(0));
+    const auto complex = chem::defaultChemicalFactory()->constructLinearPeptideComplex(
+        randomPeptides(1, length, length).first());
+    for (auto _ : state) {
+        QList<chem::SimpleFragment> fragments;
+        chem::generateLinearFragments(*complex, fragments);
+        benchmark::DoNotOptimize(fragments.constData());
+    }
+}
+BENCHMARK(flatFragmentsOfLength)->Arg(18)->Arg(180)->Arg(1800);
+
+/// The floor of the stated result: lists of the same fragments, copied one by one.
+void floorCopyFragments(benchmark::State& state)
+{
+    QList<QList<chem::SimpleFragment>> prepared;
+    for (const auto& complex : preparedComplexes()) {
+        QList<chem::SimpleFragment> fragments;
+        chem::generateLinearFragments(*complex, fragments);
+        prepared.append(fragments);
+    }
+    for (auto _ : state) {
+        for (QList<chem::SimpleFragment> fragments : std::as_const(prepared)) {
+            fragments.detach();
+            benchmark::DoNotOptimize(fragments.constData());
+        }
+    }
+    state.SetItemsProcessed(state.iterations() * peptideCount);
+}
+BENCHMARK(floorCopyFragments);
+
+/// What the fragment lists hold of the heap, a fragment.
+void memoryOfFlatFragments(benchmark::State& state)
+{
+    const auto complexes = preparedComplexes();
+    double bytes = 0.0;
+    double fragmentCount = 0.0;
+    for (auto _ : state) {
+        const std::size_t before = mallinfo2().uordblks;
+        QList<QList<chem::SimpleFragment>> lists(complexes.size());
+        for (qsizetype i = 0; i < complexes.size(); ++i) {
+            chem::generateLinearFragments(*complexes[i], lists[i]);
+            fragmentCount += static_cast<double>(lists[i].size());
+        }
+        bytes += static_cast<double>(mallinfo2().uordblks - before);
+    }
+    state.counters["bytes_per_fragment"] = bytes / fragmentCount;
+    state.counters["bytes_of_the_object"] = sizeof(chem::SimpleFragment);
+}
+BENCHMARK(memoryOfFlatFragments)->Iterations(1);
+
 /// Peptides of 10 to 50 residues, or one protein of so many residues.
 QList<chem::Molecule> moleculesOf(std::int64_t residues)
 {
@@ -180,6 +245,33 @@ void floorBareGenerator(benchmark::State& state)
     state.SetItemsProcessed(state.iterations() * prepared.size());
 }
 BENCHMARK(floorBareGenerator)->Arg(0)->Arg(225)->Arg(1350)->Unit(benchmark::kMicrosecond);
+
+/// The least that gives an envelope: the same loop, with the configurations sorted into points.
+void floorBinnedGenerator(benchmark::State& state)
+{
+    QList<IsoArrays> prepared;
+    for (const chem::Molecule& molecule : moleculesOf(state.range(0)))
+        prepared.append(IsoArrays(molecule.formula()));
+    for (auto _ : state) {
+        for (const IsoArrays& arrays : std::as_const(prepared)) {
+            IsoSpec::IsoThresholdGenerator generator(arrays.iso(), 1e-7, true, 1000, 1000, true);
+            std::vector<QPointF> points(100);
+            const double lightest = generator.getLightestPeakMass();
+            while (generator.advanceToNextConfiguration()) {
+                const double mass = generator.mass();
+                const double probability = generator.prob();
+                const auto bin = static_cast<std::size_t>(mass - lightest + 0.5);
+                if (bin >= points.size())
+                    points.resize(bin + 1);
+                points[bin].rx() += mass * probability;
+                points[bin].ry() += probability;
+            }
+            benchmark::DoNotOptimize(points.data());
+        }
+    }
+    state.SetItemsProcessed(state.iterations() * prepared.size());
+}
+BENCHMARK(floorBinnedGenerator)->Arg(0)->Arg(225)->Arg(1350)->Unit(benchmark::kMicrosecond);
 
 void envelopes(benchmark::State& state)
 {

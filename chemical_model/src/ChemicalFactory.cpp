@@ -27,6 +27,7 @@ void ChemicalFactory::init(const QString& isotopeOverrides)
 {
     loadIsotopeTable();
     const bool isReadable = isotopeOverrides.isEmpty() || applyIsotopeOverrides(isotopeOverrides);
+    indexIsotopes();
     priceElements();
     if (!isReadable)
         return;

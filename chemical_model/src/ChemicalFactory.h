@@ -364,9 +364,9 @@ private:
 
     // The isotope table.
     void loadIsotopeTable();
-    void appendIsotope(const IsotopeRecord& record);
     void indexIsotope(qsizetype position);
     void indexIsotopes();
+    QList<double> massesOf(const QString& symbol) const;
     bool applyIsotopeOverrides(const QString& isotopeOverrides);
     void replaceIsotopes(const QString& symbol, QList<IsotopeRecord> replacements);
 

@@ -73,6 +73,16 @@ void normalize(QList<double>& values)
         value *= factor;
 }
 
+QList<double> ChemicalFactory::massesOf(const QString& symbol) const
+{
+    QList<double> masses;
+    for (const IsotopeRecord& record : isotopes) {
+        if (record.symbol == symbol)
+            masses.append(record.mass);
+    }
+    return masses;
+}
+
 bool ChemicalFactory::applyIsotopeOverrides(const QString& isotopeOverrides)
 {
     static const QRegularExpression whiteSpace(u"\\s+"_s);
@@ -84,10 +94,14 @@ bool ChemicalFactory::applyIsotopeOverrides(const QString& isotopeOverrides)
     QMap<QString, QList<IsotopeRecord>> replacements;
     for (const QString& text : texts) {
         Entry entry;
-        if (!readEntry(text, &entry) || !isotopesBySymbol.contains(entry.symbol))
+        if (!readEntry(text, &entry))
             return false;
-        for (const qsizetype position : isotopesBySymbol.value(entry.symbol))
-            knownMasses.append(isotopes[position].mass);
+        if (!replacements.contains(entry.symbol)) {
+            const QList<double> masses = massesOf(entry.symbol);
+            if (masses.isEmpty()) // no such element
+                return false;
+            knownMasses += masses;
+        }
         const double base = knownMasses.first();
         const int extraNeutrons = truncateToInt(entry.massNumber - std::round(base));
         const double mass = knownMassNear(extraNeutrons * neutronStep + base, knownMasses);
@@ -97,12 +111,11 @@ bool ChemicalFactory::applyIsotopeOverrides(const QString& isotopeOverrides)
 
     for (auto entry = replacements.cbegin(); entry != replacements.cend(); ++entry)
         replaceIsotopes(entry.key(), entry.value());
-    indexIsotopes();
     return true;
 }
 
 /// Puts the new rows of an element behind all others, under the atomic number and name of its first
-/// old row, and drops the old ones. The indices are rebuilt once all elements are done.
+/// old row, and drops the old ones.
 void ChemicalFactory::replaceIsotopes(const QString& symbol, QList<IsotopeRecord> replacements)
 {
     QList<double> abundances;

@@ -14,18 +14,12 @@ void ChemicalFactory::loadIsotopeTable()
 {
     isotopes.reserve(ISOSPEC_NUMBER_OF_ISOTOPIC_ENTRIES + 1);
     for (std::size_t i = 0; i < ISOSPEC_NUMBER_OF_ISOTOPIC_ENTRIES; ++i) {
-        appendIsotope({IsoSpec::elem_table_atomicNo[i], IsoSpec::elem_table_extraNeutrons[i],
-                       QString::fromLatin1(IsoSpec::elem_table_element[i]),
-                       QString::fromLatin1(IsoSpec::elem_table_symbol[i]),
-                       IsoSpec::elem_table_mass[i], IsoSpec::elem_table_probability[i]});
+        isotopes.append({IsoSpec::elem_table_atomicNo[i], IsoSpec::elem_table_extraNeutrons[i],
+                         QString::fromLatin1(IsoSpec::elem_table_element[i]),
+                         QString::fromLatin1(IsoSpec::elem_table_symbol[i]),
+                         IsoSpec::elem_table_mass[i], IsoSpec::elem_table_probability[i]});
     }
-    appendIsotope({-1, 0, u"Electron"_s, u"E"_s, 0.00054858, 1.0});
-}
-
-void ChemicalFactory::appendIsotope(const IsotopeRecord& record)
-{
-    isotopes.append(record);
-    indexIsotope(isotopes.size() - 1);
+    isotopes.append({-1, 0, u"Electron"_s, u"E"_s, 0.00054858, 1.0});
 }
 
 void ChemicalFactory::indexIsotope(qsizetype position)

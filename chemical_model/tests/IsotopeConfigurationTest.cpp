@@ -354,4 +354,14 @@ TEST(IsotopeConfiguration, RefusedFactoryHasNeitherProtonsNorElectronsForAnEnvel
     EXPECT_EQ(envelope[0].x(), 6.0);
 }
 
+// No isotope of carbon is near the mass of carbon-40, so each of the entries looks at all known masses.
+TEST(IsotopeConfiguration, LongTextsAreReadInLinearTime)
+{
+    constexpr int entries = 100000;
+    const OpenFactory factory(u"C12:1 "_s + u"C40:1 "_s.repeated(entries).trimmed());
+    EXPECT_EQ(factory.isotopesBySymbol.value(u"C"_s).size(), entries + 1);
+    EXPECT_EQ(factory.isotopes.last().mass, 28 * 1.0026 + 12.0);
+    EXPECT_EQ(factory.isotopes.last().abundance, 1.0 / (entries + 1));
+}
+
 } // namespace
