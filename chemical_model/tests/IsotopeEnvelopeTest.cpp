@@ -266,6 +266,20 @@ TEST(IsotopeEnvelope, MassBeyond32BitsStillFillsTheFirstPoint)
     EXPECT_NEAR(envelope[0].y(), 1.0, 1e-6);
 }
 
+// The lightest molecule weighs less than 32 bits can hold and the likely ones more. Their bins come
+// out below zero, so that no point is made.
+TEST(IsotopeEnvelope, MassesThatPassBeyond32BitsFillNoPoint)
+{
+    const double limit = 2147483648.0;
+    const double thalliums = 10485758.0;
+    const double bismuths = 50000.0;
+    ASSERT_LT(thalliums * 202.9723 + bismuths * 208.9804, limit);
+    ASSERT_GT(thalliums * 204.3833 + bismuths * 208.9804, limit + 1e6);
+    const MessageRecorder recorder;
+    EXPECT_TRUE(envelopeOf(u"Tl10485758Bi50000"_s, 1, false).isEmpty());
+    EXPECT_TRUE(MessageRecorder::messages().isEmpty());
+}
+
 // The electron has two rows of abundance 1 in the table, so its configurations count double.
 TEST(IsotopeEnvelope, ElectronsCountDouble)
 {

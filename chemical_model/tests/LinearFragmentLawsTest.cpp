@@ -254,4 +254,140 @@ RC_GTEST_PROP(FragmentLaws, ComplementaryPeptideIonsAddUpToThePeptide, ())
         RC_ASSERT(std::abs(b[i] + y[sequence.size() - i] - complex->monoMass()) < 1e-6);
 }
 
+/// Ions by label and number of monomers.
+using Ions = std::map<std::pair<QString, qsizetype>, Molecule>;
+
+Ions ionsOf(const MoleculeComplex& complex)
+{
+    Ions ions;
+    const auto fragments = richFragments(complex);
+    for (const auto& fragment : fragments)
+        ions.emplace(std::pair(fragment->typeLabel, fragment->residues.size() - 1), *fragment);
+    return ions;
+}
+
+/// Whether the heavier molecule is the lighter one and the group, to the atom.
+bool isWith(const Molecule& heavier, const Molecule& lighter, const Molecule& group)
+{
+    const Molecule rest = heavier - lighter - group;
+    const QMap<QString, double> counts = rest.formula().elementCountMap();
+    return std::all_of(counts.cbegin(), counts.cend(), [](double count) { return count == 0.0; }) &&
+           std::abs(rest.monoMass()) < 1e-8 && std::abs(rest.averageMass()) < 1e-8;
+}
+
+Molecule molecule(const QString& formula)
+{
+    return chem::defaultChemicalFactory()->constructMolecule(formula);
+}
+
+/// Whether in a random peptide each ion `heavier` is its ion `lighter` and the group.
+void requirePeptideIonsDifferBy(const QString& heavier, const QString& lighter,
+                                const QString& groupFormula)
+{
+    const QString sequence = randomPeptideText();
+    Ions ions = ionsOf(*peptide(sequence));
+    for (qsizetype length = 1; length <= sequence.size(); ++length)
+        RC_ASSERT(
+            isWith(ions.at({heavier, length}), ions.at({lighter, length}), molecule(groupFormula)));
+}
+
+RC_GTEST_PROP(FragmentLaws, BIonIsTheAIonWithCarbonMonoxide, ())
+{
+    requirePeptideIonsDifferBy(u"b"_s, u"a"_s, u"CO"_s);
+}
+
+RC_GTEST_PROP(FragmentLaws, CIonIsTheBIonWithAmmonia, ())
+{
+    requirePeptideIonsDifferBy(u"c"_s, u"b"_s, u"NH3"_s);
+}
+
+RC_GTEST_PROP(FragmentLaws, YIonIsTheZIonWithAmmonia, ())
+{
+    requirePeptideIonsDifferBy(u"y"_s, u"z"_s, u"NH3"_s);
+}
+
+RC_GTEST_PROP(FragmentLaws, XIonIsTheYIonWithCarbonMonoxideInPlaceOfTwoHydrogens, ())
+{
+    requirePeptideIonsDifferBy(u"x"_s, u"y"_s, u"COH-2"_s);
+}
+
+RC_GTEST_PROP(FragmentLaws, RadicalIonsHaveOneHydrogenMore, ())
+{
+    for (const QString& label : {u"a"_s, u"c"_s, u"x"_s, u"z"_s})
+        requirePeptideIonsDifferBy(label + u'.', label, u"H"_s);
+}
+
+RC_GTEST_PROP(FragmentLaws, EachSeriesGrowsByOneResidueAtATime, ())
+{
+    const QString sequence = randomPeptideText();
+    const auto complex = peptide(sequence);
+    const Ions ions = ionsOf(*complex);
+    for (qsizetype length = 2; length <= sequence.size(); ++length) {
+        const Molecule& leftResidue = *complex->residues[length];
+        const Molecule& rightResidue = *complex->residues[sequence.size() + 1 - length];
+        RC_ASSERT(isWith(ions.at({u"b"_s, length}), ions.at({u"b"_s, length - 1}), leftResidue));
+        RC_ASSERT(isWith(ions.at({u"y"_s, length}), ions.at({u"y"_s, length - 1}), rightResidue));
+    }
+}
+
+/// A strand of at least three nucleotides, all parts of which are known by their letters.
+QList<QSharedPointer<const chem::Nucleotide>> randomNucleotides()
+{
+    const QStringList units = u"A rC* dG +T. mU fA*"_s.split(u' ');
+    QString text = u"dC"_s;
+    for (const int index : *rc::gen::container<std::vector<int>>(
+             static_cast<std::size_t>(*rc::gen::inRange(2, 12)), rc::gen::inRange(0, 6)))
+        text += units[index];
+    QList<QSharedPointer<const chem::Nucleotide>> nucleotides;
+    chem::NamedMolecule fivePrime;
+    chem::NamedMolecule threePrime;
+    RC_ASSERT(chem::defaultChemicalFactory()->parseNucleotideSequence(text, &nucleotides,
+                                                                      &fivePrime, &threePrime));
+    return nucleotides;
+}
+
+Ions ionsOfStrand(const QList<QSharedPointer<const chem::Nucleotide>>& nucleotides)
+{
+    const auto factory = chem::defaultChemicalFactory();
+    chem::NamedMolecule fivePrime;
+    chem::NamedMolecule threePrime;
+    factory->standardOligoTermini(&fivePrime, &threePrime);
+    return ionsOf(*factory->constructLinearOligoComplex(nucleotides, fivePrime, threePrime));
+}
+
+RC_GTEST_PROP(FragmentLaws, WIonIsTheYIonWithThePhosphateBeforeIt, ())
+{
+    const auto nucleotides = randomNucleotides();
+    const Ions ions = ionsOfStrand(nucleotides);
+    const qsizetype size = nucleotides.size();
+    for (qsizetype length = 1; length < size; ++length)
+        RC_ASSERT(isWith(ions.at({u"w"_s, length}), ions.at({u"y"_s, length}),
+                         nucleotides[size - length - 1]->phosphate));
+}
+
+RC_GTEST_PROP(FragmentLaws, AIonIsTheBaseLossIonWithItsBaseAndAHydrogen, ())
+{
+    const auto nucleotides = randomNucleotides();
+    const Ions ions = ionsOfStrand(nucleotides);
+    for (qsizetype length = 2; length < nucleotides.size(); ++length)
+        RC_ASSERT(isWith(ions.at({u"a"_s, length}), ions.at({u"aB"_s, length}),
+                         nucleotides[length - 1]->nucleobase + molecule(u"H"_s)));
+}
+
+RC_GTEST_PROP(FragmentLaws, ComplementaryStrandIonsAddUpToTheStrand, ())
+{
+    const auto nucleotides = randomNucleotides();
+    const Ions ions = ionsOfStrand(nucleotides);
+    const qsizetype size = nucleotides.size();
+    Molecule whole = molecule(u"H2O"_s);
+    for (const auto& nucleotide : nucleotides)
+        whole += *nucleotide;
+    const QList<std::pair<QString, QString>> pairs = {
+        {u"a"_s, u"w"_s}, {u"b"_s, u"x"_s}, {u"c"_s, u"y"_s}, {u"d"_s, u"z"_s}};
+    for (qsizetype length = 1; length < size; ++length) {
+        for (const auto& [left, right] : pairs)
+            RC_ASSERT(isWith(whole, ions.at({left, length}), ions.at({right, size - length})));
+    }
+}
+
 } // namespace

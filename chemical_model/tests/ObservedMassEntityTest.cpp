@@ -63,6 +63,9 @@ TEST(ObservedMassEntity, CopiesAndMoves)
     first = 7.0;
     second = std::move(first);
     EXPECT_EQ(second.mass(), 7.0);
+    second = third;
+    EXPECT_EQ(second.mass(), 5.0);
+    EXPECT_EQ(third.mass(), 5.0);
 }
 
 TEST(ObservedMassEntity, HasNoIntensityAndSaysSo)

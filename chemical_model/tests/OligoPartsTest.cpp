@@ -6,6 +6,8 @@
 
 #include <gtest/gtest.h>
 
+#include <array>
+#include <barrier>
 #include <memory>
 #include <set>
 #include <thread>
@@ -121,6 +123,42 @@ TEST(OligoParts, CopiesOfAPreparedNucleotideAreRecognised)
     EXPECT_FALSE(parts->preparedFor(changed));
     const Nucleotide elsewhere = makeParts(u"AC"_s)->read(unitOf(u"r", u"A", u"*"), false);
     EXPECT_FALSE(parts->preparedFor(elsewhere));
+}
+
+TEST(OligoParts, MoleculesShareWhenFormulaAndBothMassesDo)
+{
+    const Molecule carbon = molecule(u"C"_s);
+    const chem::ChemicalFormula& formula = carbon.formula();
+    EXPECT_TRUE(chem::isSharedMolecule(Molecule(formula, 2.0, 1.0), Molecule(formula, 2.0, 1.0)));
+    EXPECT_FALSE(chem::isSharedMolecule(Molecule(formula, 2.0, 1.0), Molecule(formula, 2.0, 1.5)));
+    EXPECT_FALSE(chem::isSharedMolecule(Molecule(formula, 2.0, 1.0), Molecule(formula, 2.5, 1.0)));
+    EXPECT_FALSE(chem::isSharedMolecule(carbon, molecule(u"C"_s))); // equal, but not shared
+    EXPECT_FALSE(chem::isSharedMolecule(Molecule({}, 2.0, 1.0), Molecule(formula, 2.0, 1.0)));
+    EXPECT_FALSE(chem::isSharedMolecule(Molecule(formula, 2.0, 1.0), Molecule({}, 2.0, 1.0)));
+    EXPECT_TRUE(chem::isSharedMolecule(Molecule({}, 2.0, 1.0), Molecule({}, 2.0, 1.0)));
+    EXPECT_FALSE(chem::isSharedMolecule(Molecule({}, 0.0, 1.0), Molecule({}, -0.0, 1.0)));
+}
+
+TEST(OligoParts, ThreadsThatAskForANewNucleotideAtOnceGetTheSame)
+{
+    const OligoUnit unit = unitOf(u"r", u"A", u"*");
+    for (int round = 0; round < 300; ++round) {
+        const auto parts = makeParts(u"A"_s);
+        std::barrier start(3);
+        std::array<const PreparedNucleotide*, 3> seen{};
+        std::vector<std::thread> threads;
+        for (auto& mine : seen) {
+            threads.emplace_back([&] {
+                start.arrive_and_wait();
+                mine = parts->prepared(unit, false);
+            });
+        }
+        for (std::thread& thread : threads)
+            thread.join();
+        ASSERT_TRUE(seen[0]);
+        EXPECT_EQ(seen[0], seen[1]);
+        EXPECT_EQ(seen[0], seen[2]);
+    }
 }
 
 TEST(OligoParts, ThreadsThatPrepareTheSameNucleotideShareIt)

@@ -214,6 +214,15 @@ TEST(OligoSequence, NumberBehindEarlierNucleotidesCountsThemAsItsOwn)
     EXPECT_EQ(parsed.fivePrime.name, u"5Prime"_s);
 }
 
+TEST(OligoSequence, NumberBehindEarlierNucleotidesLeavesAWrittenPhosphate)
+{
+    Parsed parsed = parse(u"AC*"_s);
+    chem::defaultChemicalFactory()->parseNucleotideSequence(u"7"_s, &parsed.nucleotides,
+                                                            &parsed.fivePrime, &parsed.threePrime);
+    ASSERT_EQ(parsed.nucleotides.size(), 3);
+    EXPECT_EQ(parsed.nucleotides[1]->phosphate.formula().toString(), u"HO2PS"_s);
+}
+
 TEST(OligoSequence, BlanksAreIgnoredByTheTextEntryAlone)
 {
     ASSERT_TRUE(complexOf(u" A C\t"_s));
