@@ -23,7 +23,7 @@ TEST(ElementMasses, FindsSymbolsOfAnyShape)
         EXPECT_EQ(masses.find(symbol)->mono, mass++) << symbol.toStdString();
     }
     for (const QString& symbol : {u""_s, u"He2"_s, u"Hf"_s, u"A"_s, u"H "_s, u"é"_s, u"7"_s, u"+"_s,
-                                  u"H{"_s, u"Hé"_s, u"[e"_s, u"@e"_s})
+                                  u"H{"_s, u"Hé"_s, u"[e"_s, u"@e"_s, u"Zé"_s, u"AĢ"_s})
         EXPECT_EQ(masses.find(symbol), nullptr) << symbol.toStdString();
 }
 

@@ -51,7 +51,7 @@ double shareOf(const Envelope& envelope)
 RC_GTEST_PROP(EnvelopeLaws, EnvelopeHoldsNearlyAllMolecules, ())
 {
     const double share = shareOf(envelopeOf(anyMolecule(), 1));
-    RC_ASSERT(share > 0.998);
+    RC_ASSERT(share > 0.999);
     RC_ASSERT(share < 1.0 + 1e-6); // the table's abundances add up to 1 within some 10^-9
 }
 
@@ -63,8 +63,8 @@ RC_GTEST_PROP(EnvelopeLaws, CentreOfTheEnvelopeIsTheAverageMass, ())
     for (const QPointF& point : envelope)
         centre += point.x() * point.y();
     centre = centre / shareOf(envelope) + factory().electron.monoMass();
-    // What is cut is less than 0.2 per cent of the molecules and lies a few daltons away.
-    RC_ASSERT(std::abs(centre - molecule.averageMass()) < 0.02);
+    // What is cut is less than 0.1 per cent of the molecules and lies a few daltons away.
+    RC_ASSERT(std::abs(centre - molecule.averageMass()) < 0.01);
 }
 
 RC_GTEST_PROP(EnvelopeLaws, FirstPeakIsTheMoleculeOfTheLightestIsotopes, ())
@@ -100,7 +100,7 @@ RC_GTEST_PROP(EnvelopeLaws, PeaksLieOneNeutronApart, ())
     const Envelope envelope = envelopeOf(anyMolecule(), 1);
     for (qsizetype i = 1; i < envelope.size(); ++i) {
         if (envelope[i].y() > 0.0)
-            RC_ASSERT(std::abs(envelope[i].x() - envelope[0].x() - double(i)) < 0.2);
+            RC_ASSERT(std::abs(envelope[i].x() - envelope[0].x() - double(i)) < 0.1);
     }
 }
 

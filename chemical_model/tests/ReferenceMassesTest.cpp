@@ -1,3 +1,5 @@
+#include "ExactConvolution.h"
+#include "FragmentLists.h"
 #include "ReferenceData.h"
 #include "TestPrinters.h"
 #include <ChemicalFactory.h>
@@ -98,6 +100,36 @@ TEST(ReferenceMasses, PublishedMassesAreMet)
                       computed.formula().toString());
         }
     }
+}
+
+TEST(ReferenceMasses, EnvelopesOfThePeptidesAreTheirExactDistributions)
+{
+    const OpenFactory factory;
+    for (const QJsonValue& row : referenceRows(u"peptides.json"_s)) {
+        SCOPED_TRACE(row[u"name"].toString().toStdString());
+        const chem::Molecule peptide = molecule(row[u"formula"].toString());
+        QList<QPointF> envelope;
+        factory.generateIsotopeEnvelope(peptide, 1, &envelope, false);
+        expectEnvelopeOf(exactDistribution(peptide.formula(), factory), envelope,
+                         peptide.averageMass() < 20000 ? 0.01 : 0.02);
+    }
+}
+
+// The y ions of this peptide are what quadrupole time-of-flight instruments are calibrated with.
+TEST(ReferenceMasses, FragmentsOfTheCalibrationPeptideAreMet)
+{
+    const QList<double> peaks = {175.1190, 246.1561, 333.1881,  480.2565,  627.3249, 684.3464,
+                                 813.3890, 942.4316, 1056.4745, 1171.5014, 1285.5444};
+    const double proton = molecule(u"H"_s).monoMass() - molecule(u"E"_s).monoMass();
+    qsizetype compared = 0;
+    for (const chem::SimpleFragment& ion : flatFragments(*peptide(u"EGVNDNEEGFFSAR"_s))) {
+        const qsizetype number = ion.sequence.size();
+        if (ion.type != chem::FragmentType::Y || number > peaks.size())
+            continue;
+        EXPECT_NEAR(ion.monoMass + proton, peaks[number - 1], 2e-4) << number;
+        ++compared;
+    }
+    EXPECT_EQ(compared, peaks.size());
 }
 
 TEST(ReferenceMasses, ApprovedOligonucleotideDrugsHaveTheirPublishedFormulas)
