@@ -12,7 +12,7 @@ namespace {
 TEST(ElementMasses, FindsSymbolsOfAnyShape)
 {
     chem::ElementMasses masses;
-    const QStringList symbols = {u"H"_s,   u"He"_s, u"Z"_s,  u"Zz"_s,
+    const QStringList symbols = {u"H"_s,   u"He"_s, u"Z"_s,  u"Zz"_s, u"Aa"_s,
                                  u"Hex"_s, u"h"_s,  u"HE"_s, u"Ä"_s};
     double mass = 1.0;
     for (const QString& symbol : symbols)

@@ -74,6 +74,21 @@ TEST(OligoScanner, MarkThatIsABaseTooIsReadAsTheExpressionReadsIt)
     EXPECT_EQ(scanner.split(u"AAA")->threePrimeMark, u""_s);
 }
 
+TEST(OligoScanner, BorderOfAsciiIsNoBorderOfTheGrammar)
+{
+    const OligoScanner plain({u""_s, u"r"_s, u"\x7f\x80"_s, u"*"_s, u""_s});
+    const OligoScanner ranged({u""_s, u"r"_s, u"\x7e-\x81"_s, u"*"_s, u""_s});
+    for (const OligoScanner* scanner : {&plain, &ranged}) {
+        EXPECT_TRUE(scanner->matches(u"\x7f\x80r\x80*r\x7f"));
+        EXPECT_EQ(scanner->units(u"\x7f\x80").size(), 2);
+        EXPECT_EQ(scanner->units(u"r\x80*\x7f").size(), 2);
+        EXPECT_FALSE(scanner->matches(u"\x82"));
+        EXPECT_FALSE(scanner->matches(u"r"));
+    }
+    EXPECT_FALSE(plain.matches(u"\x81"));
+    EXPECT_TRUE(ranged.matches(u"\x81\x7e"));
+}
+
 TEST(OligoScanner, FinalLineFeedIsNoPartOfTheText)
 {
     const OligoScanner scanner(usualAlphabets);
