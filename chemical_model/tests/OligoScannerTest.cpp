@@ -76,8 +76,8 @@ TEST(OligoScanner, MarkThatIsABaseTooIsReadAsTheExpressionReadsIt)
 
 TEST(OligoScanner, BorderOfAsciiIsNoBorderOfTheGrammar)
 {
-    const OligoScanner plain({u""_s, u"r"_s, u"\x7f\x80"_s, u"*"_s, u""_s});
-    const OligoScanner ranged({u""_s, u"r"_s, u"\x7e-\x81"_s, u"*"_s, u""_s});
+    const OligoScanner plain({u"{"_s, u"r"_s, u"\x7f\x80"_s, u"*"_s, u"}"_s});
+    const OligoScanner ranged({u"{"_s, u"r"_s, u"\x7e-\x81"_s, u"*"_s, u"}"_s});
     for (const OligoScanner* scanner : {&plain, &ranged}) {
         EXPECT_TRUE(scanner->matches(u"\x7f\x80r\x80*r\x7f"));
         EXPECT_EQ(scanner->units(u"\x7f\x80").size(), 2);
