@@ -28,7 +28,9 @@ TEST(FormulaSum, HasTheBitsOfRepeatedAddition)
 {
     std::mt19937 random(7);
     std::uniform_real_distribution<double> count(-3.0, 3.0);
-    const QStringList symbols = {u"C"_s, u"Ca"_s, u"H"_s, u"N"_s, u"Na"_s, u"O"_s, u"S"_s, u"Zz"_s};
+    // Single letters are kept apart from other symbols, so their borders count as well.
+    const QStringList symbols = {u""_s,   u"@"_s, u"A"_s, u"C"_s, u"Ca"_s, u"H"_s, u"N"_s,
+                                 u"Na"_s, u"O"_s, u"S"_s, u"Z"_s, u"Zz"_s, u"["_s, u"a"_s};
     for (int round = 0; round < 500; ++round) {
         chem::FormulaSum sum;
         chem::ChemicalFormula expected;

@@ -58,6 +58,7 @@ TEST(CharacterClass, RangesNegationsAndEscapesAreLeftToTheEngine)
     EXPECT_FALSE(negation.holds(U'a'));
     EXPECT_TRUE(negation.holds(U'😀'));
     EXPECT_EQ(CharacterClass(u".a."_s).form(), CharacterClass::Form::Special);
+    EXPECT_EQ(CharacterClass(u".a"_s).form(), CharacterClass::Form::Plain);
     EXPECT_EQ(CharacterClass(u"\\d"_s).form(), CharacterClass::Form::Special);
     EXPECT_TRUE(CharacterClass(u"\\d"_s).holds(U'7'));
 }
