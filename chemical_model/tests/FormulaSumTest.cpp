@@ -32,16 +32,20 @@ TEST(FormulaSum, HasTheBitsOfRepeatedAddition)
     const QStringList symbols = {u""_s,   u"@"_s, u"A"_s, u"C"_s, u"Ca"_s, u"H"_s, u"N"_s,
                                  u"Na"_s, u"O"_s, u"S"_s, u"Z"_s, u"Zz"_s, u"["_s, u"a"_s};
     for (int round = 0; round < 500; ++round) {
-        chem::FormulaSum sum;
-        chem::ChemicalFormula expected;
-        for (int addend = 0; addend < 20; ++addend) {
+        const auto anyFormula = [&] {
             QMap<QString, double> counts;
             for (const QString& symbol : symbols) {
                 if (random() % 2)
                     counts.insert(symbol, count(random));
             }
-            sum.add(chem::ChemicalFormula(counts));
-            expected += chem::ChemicalFormula(counts);
+            return chem::ChemicalFormula(counts);
+        };
+        chem::ChemicalFormula expected = anyFormula();
+        chem::FormulaSum sum(expected);
+        for (int addend = 0; addend < 20; ++addend) {
+            const chem::ChemicalFormula formula = anyFormula();
+            sum.add(formula);
+            expected += formula;
         }
         ASSERT_EQ(sum.result().elementCountMap(), expected.elementCountMap());
     }
