@@ -354,7 +354,7 @@ TEST(IsotopeConfiguration, RefusedFactoryHasNeitherProtonsNorElectronsForAnEnvel
     EXPECT_EQ(envelope[0].x(), 6.0);
 }
 
-// No isotope of carbon is near the mass of carbon-40, so each of the entries looks at all known masses.
+// No isotope of carbon is near the mass of carbon-40, so each entry looks at all known masses.
 TEST(IsotopeConfiguration, LongTextsAreReadInLinearTime)
 {
     constexpr int entries = 100000;
