@@ -10,8 +10,11 @@
 
 #include <gtest/gtest.h>
 
+#include <array>
 #include <limits>
+#include <thread>
 #include <type_traits>
+#include <vector>
 
 /// \file
 /// What holds for each enumeration that is registered with Qt: its names, its numbers and the forms
@@ -101,6 +104,20 @@ TYPED_TEST_P(RegisteredEnumeration, MetaTypeHasTheFullNameAndOneId)
     EXPECT_EQ(QMetaEnum::fromType<Enumeration>().enclosingMetaObject(), &TypeParam::metaObject());
 }
 
+// Not among the tests for the thread sanitizer, which cannot see into the lock of Qt's registry.
+TYPED_TEST_P(RegisteredEnumeration, ThreadsThatRegisterItAtOnceGetOneId)
+{
+    std::array<int, 8> ids{};
+    std::vector<std::thread> threads;
+    for (int& id : ids)
+        threads.emplace_back([&id] { id = qMetaTypeId<typename TypeParam::Type>(); });
+    for (std::thread& thread : threads)
+        thread.join();
+    for (const int id : ids)
+        EXPECT_EQ(id, QMetaType::fromName(this->fullName()).id());
+    EXPECT_NE(ids.front(), 0);
+}
+
 TYPED_TEST_P(RegisteredEnumeration, DebugOutputEndsWithTheEnumerator)
 {
     for (const auto& expected : TypeParam::values) {
@@ -140,6 +157,6 @@ TYPED_TEST_P(RegisteredEnumeration, StreamGivesEveryNumberBackUnchecked)
 REGISTER_TYPED_TEST_SUITE_P(RegisteredEnumeration, MetaObjectIsNamedAfterTheNamespace,
                             MetaObjectHasOneScopedEnumerationAndNothingElse,
                             EnumeratorsHaveTheirNamesAndNumbers, MetaTypeHasTheFullNameAndOneId,
-                            DebugOutputEndsWithTheEnumerator,
+                            ThreadsThatRegisterItAtOnceGetOneId, DebugOutputEndsWithTheEnumerator,
                             DebugOutputOfANumberWithoutNameShowsTheNumber,
                             StreamHoldsAnIntegerOf32Bits, StreamGivesEveryNumberBackUnchecked);

@@ -170,16 +170,6 @@ TEST(Threads, LabelledFactoriesAreMadeByAllAtOnce)
     });
 }
 
-TEST(Threads, EnumerationsAreRegisteredByAllAtOnce)
-{
-    onManyThreads([] {
-        EXPECT_STREQ(QMetaType::fromType<chem::MoleculeType>().name(),
-                     "chem::ZEL_QEnumsMoleculeType::MoleculeType");
-        EXPECT_NE(qMetaTypeId<chem::MoleculeType>(), 0);
-        EXPECT_NE(qMetaTypeId<chem::FragmentType>(), 0);
-    });
-}
-
 TEST(Threads, ReadersAndTerminiOfOneFactory)
 {
     const auto factory = chem::defaultChemicalFactory();
