@@ -90,8 +90,8 @@ void modifyMoleculeAndSumAgain(benchmark::State& state)
 } // namespace
 
 BENCHMARK(residueMassSum)->Arg(500);
-BENCHMARK(residueListCopy)->RangeMultiplier(2)->Range(125, 2000)->Complexity(benchmark::oN);
-BENCHMARK(locatedModifyByResidues)->RangeMultiplier(2)->Range(125, 2000)->Complexity(benchmark::oN);
+BENCHMARK(residueListCopy)->Arg(125)->Arg(500)->Arg(2000)->Complexity(benchmark::oN);
+BENCHMARK(locatedModifyByResidues)->Arg(125)->Arg(500)->Arg(2000)->Complexity(benchmark::oN);
 BENCHMARK(locatedModifyByChains)->RangeMultiplier(4)->Range(1, 256)->Complexity(benchmark::oN);
 BENCHMARK(locatedModifyByEarlierSteps)
     ->RangeMultiplier(4)

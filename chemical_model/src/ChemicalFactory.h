@@ -360,48 +360,53 @@ protected:
     /// @}
 
 private:
+    // Private functions are no part of the binary interface, so they are not exported.
     struct IsoData;
 
     // The isotope table.
-    void loadIsotopeTable();
-    void indexIsotope(qsizetype position);
-    void indexIsotopes();
-    QList<double> massesOf(const QString& symbol) const;
-    bool applyIsotopeOverrides(const QString& isotopeOverrides);
-    void replaceIsotopes(const QString& symbol, QList<IsotopeRecord> replacements);
+    ZEL_CHEMICAL_MODEL_NO_EXPORT void loadIsotopeTable();
+    ZEL_CHEMICAL_MODEL_NO_EXPORT void indexIsotope(qsizetype position);
+    ZEL_CHEMICAL_MODEL_NO_EXPORT void indexIsotopes();
+    ZEL_CHEMICAL_MODEL_NO_EXPORT QList<double> massesOf(const QString& symbol) const;
+    ZEL_CHEMICAL_MODEL_NO_EXPORT bool applyIsotopeOverrides(const QString& isotopeOverrides);
+    ZEL_CHEMICAL_MODEL_NO_EXPORT void replaceIsotopes(const QString& symbol,
+                                                      QList<IsotopeRecord> replacements);
 
     // From isotopes to masses.
-    void priceElements();
-    bool hasValidElements(const QList<QString>& elements) const;
-    IsoData makeIsoWithDictionary(const QList<QString>& elements, const QList<int>& counts) const;
-    double averageToMonoMassRatio(const ChemicalFormula& formula) const;
+    ZEL_CHEMICAL_MODEL_NO_EXPORT void priceElements();
+    ZEL_CHEMICAL_MODEL_NO_EXPORT bool hasValidElements(const QList<QString>& elements) const;
+    ZEL_CHEMICAL_MODEL_NO_EXPORT IsoData makeIsoWithDictionary(const QList<QString>& elements,
+                                                               const QList<int>& counts) const;
+    ZEL_CHEMICAL_MODEL_NO_EXPORT double
+    averageToMonoMassRatio(const ChemicalFormula& formula) const;
 
     // Dictionaries and constants.
-    void fillBuildingBlocks();
-    void fillConstants();
-    void prepareReaders();
-    void prepareReadersOf(BuildingBlockType type);
-    void preparePeptideReader();
-    PeptideParts makePeptideParts() const;
-    void prepareOligoReader();
-    QMap<QString, NamedMolecule> aminoAcids() const;
-    QMap<QString, NamedMolecule> nucleobases() const;
-    QMap<QString, NamedMolecule> riboses() const;
-    QMap<QString, NamedMolecule> phosphates() const;
-    QMap<QString, NamedMolecule> sugarBases() const;
-    QMap<QString, NamedMolecule> fivePrimeTerminals() const;
-    QMap<QString, NamedMolecule> threePrimeTerminals() const;
+    ZEL_CHEMICAL_MODEL_NO_EXPORT void fillBuildingBlocks();
+    ZEL_CHEMICAL_MODEL_NO_EXPORT void fillConstants();
+    ZEL_CHEMICAL_MODEL_NO_EXPORT void prepareReaders();
+    ZEL_CHEMICAL_MODEL_NO_EXPORT void prepareReadersOf(BuildingBlockType type);
+    ZEL_CHEMICAL_MODEL_NO_EXPORT void preparePeptideReader();
+    ZEL_CHEMICAL_MODEL_NO_EXPORT PeptideParts makePeptideParts() const;
+    ZEL_CHEMICAL_MODEL_NO_EXPORT void prepareOligoReader();
+    ZEL_CHEMICAL_MODEL_NO_EXPORT QMap<QString, NamedMolecule> aminoAcids() const;
+    ZEL_CHEMICAL_MODEL_NO_EXPORT QMap<QString, NamedMolecule> nucleobases() const;
+    ZEL_CHEMICAL_MODEL_NO_EXPORT QMap<QString, NamedMolecule> riboses() const;
+    ZEL_CHEMICAL_MODEL_NO_EXPORT QMap<QString, NamedMolecule> phosphates() const;
+    ZEL_CHEMICAL_MODEL_NO_EXPORT QMap<QString, NamedMolecule> sugarBases() const;
+    ZEL_CHEMICAL_MODEL_NO_EXPORT QMap<QString, NamedMolecule> fivePrimeTerminals() const;
+    ZEL_CHEMICAL_MODEL_NO_EXPORT QMap<QString, NamedMolecule> threePrimeTerminals() const;
 
     // Oligonucleotides.
-    OligoAlphabets oligoAlphabets() const;
-    void unmarkedOligoTermini(NamedMolecule* fivePrime, NamedMolecule* threePrime) const;
+    ZEL_CHEMICAL_MODEL_NO_EXPORT OligoAlphabets oligoAlphabets() const;
+    ZEL_CHEMICAL_MODEL_NO_EXPORT void unmarkedOligoTermini(NamedMolecule* fivePrime,
+                                                           NamedMolecule* threePrime) const;
 
     // What the table and the dictionaries come to, worked out whenever they change. Null, and read
     // as if made from nothing, before init() and after a move.
-    const ElementMasses& elementMasses() const;
-    const PeptideParts& peptideParts() const;
-    const OligoScanner& oligoScanner() const;
-    const OligoParts& oligoParts() const;
+    ZEL_CHEMICAL_MODEL_NO_EXPORT const ElementMasses& elementMasses() const;
+    ZEL_CHEMICAL_MODEL_NO_EXPORT const PeptideParts& peptideParts() const;
+    ZEL_CHEMICAL_MODEL_NO_EXPORT const OligoScanner& oligoScanner() const;
+    ZEL_CHEMICAL_MODEL_NO_EXPORT const OligoParts& oligoParts() const;
 
     std::shared_ptr<const ElementMasses> m_elementMasses;
     std::shared_ptr<const PeptidePartsByThread> m_peptideParts;
