@@ -102,7 +102,12 @@ BENCHMARK_CAPTURE(rangeMassSum, all, chem::ClipOptions::createClipAll())
     ->Unit(benchmark::kMillisecond);
 BENCHMARK_CAPTURE(rangeMassSum, depth20, byDepth(20))->Unit(benchmark::kMillisecond);
 BENCHMARK(rangeListCopy);
-BENCHMARK(clipAllByResidues)->Arg(125)->Arg(250)->Arg(500)->Arg(1000)->Unit(benchmark::kMillisecond);
+BENCHMARK(clipAllByResidues)
+    ->Arg(125)
+    ->Arg(250)
+    ->Arg(500)
+    ->Arg(1000)
+    ->Unit(benchmark::kMillisecond);
 BENCHMARK(clipByDepth)->Arg(5)->Arg(10)->Arg(20)->Arg(40)->Unit(benchmark::kMillisecond);
 BENCHMARK(clipPentapeptide);
 BENCHMARK(clipByEarlierSteps)->Arg(0)->RangeMultiplier(4)->Range(16, 1024);
