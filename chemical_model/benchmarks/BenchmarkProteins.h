@@ -7,14 +7,19 @@
 
 namespace benchmarkProteins {
 
+/// The 20 amino acids in turn.
+inline QString proteinText(qsizetype residues)
+{
+    const QString letters = QStringLiteral("ACDEFGHIKLMNPQRSTVWY");
+    return letters.repeated(residues / letters.size() + 1).left(residues);
+}
+
 /// A protein of `residues` residues in each of `chains` chains, the 20 amino acids in turn.
 inline chem::MoleculeEntity protein(qsizetype residues, qsizetype chains = 1)
 {
-    const QString letters = QStringLiteral("ACDEFGHIKLMNPQRSTVWY");
-    const QString text = letters.repeated(residues / letters.size() + 1).left(residues);
     const auto factory = chem::defaultChemicalFactory();
-    const chem::Chain chain =
-        chem::constructPeptideChain(QStringLiteral("chain"), QString(), text, factory.data());
+    const chem::Chain chain = chem::constructPeptideChain(QStringLiteral("chain"), QString(),
+                                                          proteinText(residues), factory.data());
     return chem::constructProteinFromChains(QStringLiteral("protein"),
                                             QList<chem::Chain>(chains, chain), {}, {}, nullptr);
 }

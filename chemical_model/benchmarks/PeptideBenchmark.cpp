@@ -228,7 +228,9 @@ QList<chem::Molecule> moleculesOf(std::int64_t residues)
     return molecules;
 }
 
-void floorBareGenerator(benchmark::State& state)
+/// Hands `visit` a generator of each molecule, with the threshold of the envelopes.
+template <typename Visit>
+void forEachGenerator(benchmark::State& state, Visit visit)
 {
     QList<IsoArrays> prepared;
     for (const chem::Molecule& molecule : moleculesOf(state.range(0)))
@@ -236,40 +238,40 @@ void floorBareGenerator(benchmark::State& state)
     for (auto _ : state) {
         for (const IsoArrays& arrays : std::as_const(prepared)) {
             IsoSpec::IsoThresholdGenerator generator(arrays.iso(), 1e-7, true, 1000, 1000, true);
-            double sum = 0.0;
-            while (generator.advanceToNextConfiguration())
-                sum += generator.mass() * generator.prob();
-            benchmark::DoNotOptimize(sum);
+            visit(generator);
         }
     }
     state.SetItemsProcessed(state.iterations() * prepared.size());
+}
+
+void floorBareGenerator(benchmark::State& state)
+{
+    forEachGenerator(state, [](IsoSpec::IsoThresholdGenerator& generator) {
+        double sum = 0.0;
+        while (generator.advanceToNextConfiguration())
+            sum += generator.mass() * generator.prob();
+        benchmark::DoNotOptimize(sum);
+    });
 }
 BENCHMARK(floorBareGenerator)->Arg(0)->Arg(225)->Arg(1350)->Unit(benchmark::kMicrosecond);
 
 /// The least that gives an envelope: the same loop, with the configurations sorted into points.
 void floorBinnedGenerator(benchmark::State& state)
 {
-    QList<IsoArrays> prepared;
-    for (const chem::Molecule& molecule : moleculesOf(state.range(0)))
-        prepared.append(IsoArrays(molecule.formula()));
-    for (auto _ : state) {
-        for (const IsoArrays& arrays : std::as_const(prepared)) {
-            IsoSpec::IsoThresholdGenerator generator(arrays.iso(), 1e-7, true, 1000, 1000, true);
-            std::vector<QPointF> points(100);
-            const double lightest = generator.getLightestPeakMass();
-            while (generator.advanceToNextConfiguration()) {
-                const double mass = generator.mass();
-                const double probability = generator.prob();
-                const auto bin = static_cast<std::size_t>(mass - lightest + 0.5);
-                if (bin >= points.size())
-                    points.resize(bin + 1);
-                points[bin].rx() += mass * probability;
-                points[bin].ry() += probability;
-            }
-            benchmark::DoNotOptimize(points.data());
+    forEachGenerator(state, [](IsoSpec::IsoThresholdGenerator& generator) {
+        std::vector<QPointF> points(100);
+        const double lightest = generator.getLightestPeakMass();
+        while (generator.advanceToNextConfiguration()) {
+            const double mass = generator.mass();
+            const double probability = generator.prob();
+            const auto bin = static_cast<std::size_t>(mass - lightest + 0.5);
+            if (bin >= points.size())
+                points.resize(bin + 1);
+            points[bin].rx() += mass * probability;
+            points[bin].ry() += probability;
         }
-    }
-    state.SetItemsProcessed(state.iterations() * prepared.size());
+        benchmark::DoNotOptimize(points.data());
+    });
 }
 BENCHMARK(floorBinnedGenerator)->Arg(0)->Arg(225)->Arg(1350)->Unit(benchmark::kMicrosecond);
 

@@ -7,17 +7,12 @@
 
 namespace {
 
+using benchmarkProteins::proteinText;
 using chem::Chain;
 using chem::MoleculeEntity;
 using chem::MoleculeType;
 
 constexpr int residueCount = 500;
-
-QString proteinText(qsizetype residues)
-{
-    const QString letters = QStringLiteral("ACDEFGHIKLMNPQRSTVWY");
-    return letters.repeated(residues / letters.size() + 1).left(residues);
-}
 
 Chain builtChain(const QString& text)
 {
