@@ -26,9 +26,11 @@ bool isRightIon(FragmentType type)
 }
 
 // The lists of a complex are public: one that a caller has edited may hold null pointers, which add
-// nothing, and fewer lists of sites than residues.
+// nothing, and fewer lists of sites than residues. Its pointers let residues and sites be written,
+// so whatever reads one takes it as const: a text that is read as a non-const one makes a copy of
+// itself first, inside the complex that other threads are reading.
 
-QChar letterOf(const QSharedPointer<ComplexResidue>& residue)
+QChar letterOf(const ComplexResidue* residue)
 {
     return residue && !residue->code.isEmpty() ? residue->code.front() : QChar();
 }
@@ -39,10 +41,10 @@ void addMasses(const Molecule& molecule, SimpleFragment* fragment)
     fragment->monoMass += molecule.monoMass();
 }
 
-void addMasses(const QSharedPointer<ComplexResidue>& residue, SimpleFragment* fragment)
+void addMasses(const ComplexResidue* residue, SimpleFragment* fragment)
 {
     if (residue)
-        addMasses(*residue, fragment);
+        addMasses(static_cast<const Molecule&>(*residue), fragment);
 }
 
 /// One end of a chain as it grows inwards: what it comes to and the residues that it holds.
@@ -54,7 +56,7 @@ struct ChainEnd
     void grow(const QSharedPointer<ComplexResidue>& residue, qsizetype place)
     {
         if (residue)
-            molecule += *residue;
+            molecule += static_cast<const Molecule&>(*residue);
         residues.insert(place, residue);
     }
 };
@@ -83,7 +85,7 @@ QString lettersOf(const MoleculeComplex& complex)
     QString letters;
     letters.reserve(complex.residues.size());
     for (qsizetype i = 1; i < complex.residues.size() - 1; ++i)
-        letters.append(letterOf(complex.residues[i]));
+        letters.append(letterOf(complex.residues[i].data()));
     return letters;
 }
 
@@ -108,12 +110,13 @@ void ChemicalFactory::generateLinearFragments(const MoleculeComplex& complex,
     ChainEnd right;
     const auto appendIons = [&](qsizetype position, auto isWanted, const ChainEnd& end) {
         const Sites sites = complex.sites.value(position);
-        for (const auto& site : sites) {
+        for (const auto& shared : sites) {
+            const FragmentationSite* const site = shared.data();
             if (!site || !isWanted(site->type))
                 continue;
             fragments->append(QSharedPointer<Fragment>::create(
                 end.molecule + site->delta, typeToString(site->type), end.residues,
-                QList<QWeakPointer<FragmentationSite>>{site}, &complex));
+                QList<QWeakPointer<FragmentationSite>>{shared}, &complex));
         }
     };
 
@@ -141,21 +144,22 @@ void generateLinearFragments(const MoleculeComplex& complex, QList<SimpleFragmen
     SimpleFragment right;
     const QString letters = lettersOf(complex);
     const Sites noSites;
-    addMasses(complex.residues.first(), &left);
-    addMasses(complex.residues.last(), &right);
+    addMasses(complex.residues.first().data(), &left);
+    addMasses(complex.residues.last().data(), &right);
 
     for (qsizetype k = 0; k < monomers; ++k) {
         // The letters of an end are cut once and shared by all its ions.
-        addMasses(complex.residues[k + 1], &left);
+        addMasses(complex.residues[k + 1].data(), &left);
         left.sequence = letters.first(k + 1);
 
         const qsizetype rightStart = monomers - 1 - k;
-        addMasses(complex.residues[rightStart + 1], &right);
+        addMasses(complex.residues[rightStart + 1].data(), &right);
         right.sequence = letters.sliced(rightStart);
         right.position = static_cast<int>(rightStart);
 
         const Sites& sites = k + 1 < complex.sites.size() ? complex.sites[k + 1] : noSites;
-        for (const auto& site : sites) {
+        for (const auto& shared : sites) {
+            const FragmentationSite* const site = shared.data();
             if (site && isLeftIon(site->type))
                 *next++ = ionAt(*site, left);
             else if (site && isRightIon(site->type))

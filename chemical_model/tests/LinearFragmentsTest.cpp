@@ -441,6 +441,16 @@ TEST(LinearFragments, FlatRightIonsTakeTheSitesOfTheMirroredStep)
     }
 }
 
+TEST(LinearFragments, GeneratorsReadTextsOfAComplexWithoutCopyingThem)
+{
+    const auto complex = chem::defaultChemicalFactory()->constructLinearPeptideComplex(u"GA"_s);
+    const QString shared = complex->residues[1]->code; // only a shared text would be copied
+    const QChar* const characters = shared.constData();
+    flatFragments(*complex);
+    richFragments(*complex);
+    EXPECT_EQ(std::as_const(complex->residues[1]->code).constData(), characters);
+}
+
 TEST(LinearFragments, FlatLettersAreTheFirstOfEachCode)
 {
     const auto fragments = flatFragments(*strand(u"rA*C+G"_s));
