@@ -172,7 +172,9 @@ private:
                       const QString& letters, Ranges* ranges) const
     {
         const int cut = static_cast<int>(match.capturedEnd(0));
-        if (!QStringView(letters).sliced(cut).startsWith(after))
+        // An empty rest is null in a chain of terminals alone, and nothing starts with what is
+        // null.
+        if (!after.isEmpty() && !QStringView(letters).sliced(cut).startsWith(after))
             return;
         ranges->append(range(1, cut + 1));
         if (cut != letters.size())

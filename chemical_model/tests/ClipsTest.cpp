@@ -311,6 +311,15 @@ TEST(Clips, ByRuleOnNoTextMatchItsEmptyMatches)
     }
 }
 
+TEST(Clips, EmptyTextBehindSkipsNoMatchWhetherNullOrNot)
+{
+    for (const QString& after : {QString(), u""_s, u"x"_s.left(0)}) {
+        EXPECT_EQ(ranges(chainOfSize(2), byRule(u"^"_s, after)),
+                  QList<Range>({{0, 0, 1}, {0, 1, 1}}));
+        EXPECT_EQ(cuts(u"AKC"_s, u"K"_s, after), QList<Range>({{0, 1, 3}, {0, 3, 4}}));
+    }
+}
+
 TEST(Clips, ByRuleStartWithTheFirstTerminalAndLeaveTheLastOut)
 {
     const QList<chem::MoleculeEntity> clips =
