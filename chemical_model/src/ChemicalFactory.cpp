@@ -64,22 +64,27 @@ const ElementMasses& ChemicalFactory::elementMasses() const
     return m_elementMasses ? *m_elementMasses : ofNothing;
 }
 
-const PeptideParts& ChemicalFactory::peptideParts() const
-{
-    static const PeptideParts ofNothing = ChemicalFactory().makePeptideParts();
-    return m_peptideParts ? m_peptideParts->forThisThread() : ofNothing;
-}
-
 const OligoScanner& ChemicalFactory::oligoScanner() const
 {
     static const OligoScanner ofNothing{OligoAlphabets()};
     return m_oligoScanner ? *m_oligoScanner : ofNothing;
 }
 
-const OligoParts& ChemicalFactory::oligoParts() const
+// A move leaves the constants and takes what was prepared: that is made again from what is left.
+// What is there is lent without counting references, on which threads would meet.
+
+std::shared_ptr<const PeptideParts> ChemicalFactory::peptideParts() const
 {
-    static const OligoParts ofNothing({}, {});
-    return m_oligoParts ? *m_oligoParts : ofNothing;
+    if (!m_peptideParts)
+        return std::make_shared<PeptideParts>(makePeptideParts());
+    return {std::shared_ptr<void>(), &m_peptideParts->forThisThread()};
+}
+
+std::shared_ptr<const OligoParts> ChemicalFactory::oligoParts() const
+{
+    if (!m_oligoParts)
+        return makeOligoParts();
+    return {std::shared_ptr<void>(), m_oligoParts.get()};
 }
 
 /// Prepares anew what reads the dictionary of `type`.

@@ -388,6 +388,7 @@ private:
     ZEL_CHEMICAL_MODEL_NO_EXPORT void preparePeptideReader();
     ZEL_CHEMICAL_MODEL_NO_EXPORT PeptideParts makePeptideParts() const;
     ZEL_CHEMICAL_MODEL_NO_EXPORT void prepareOligoReader();
+    ZEL_CHEMICAL_MODEL_NO_EXPORT std::shared_ptr<const OligoParts> makeOligoParts() const;
     ZEL_CHEMICAL_MODEL_NO_EXPORT QMap<QString, NamedMolecule> aminoAcids() const;
     ZEL_CHEMICAL_MODEL_NO_EXPORT QMap<QString, NamedMolecule> nucleobases() const;
     ZEL_CHEMICAL_MODEL_NO_EXPORT QMap<QString, NamedMolecule> riboses() const;
@@ -401,12 +402,12 @@ private:
     ZEL_CHEMICAL_MODEL_NO_EXPORT void unmarkedOligoTermini(NamedMolecule* fivePrime,
                                                            NamedMolecule* threePrime) const;
 
-    // What the table and the dictionaries come to, worked out whenever they change. Null, and read
-    // as if made from nothing, before init() and after a move.
+    // What the table and the dictionaries come to, worked out whenever they change. Null before
+    // init() and after a move, and then read as what the table and the dictionaries hold: nothing.
     ZEL_CHEMICAL_MODEL_NO_EXPORT const ElementMasses& elementMasses() const;
-    ZEL_CHEMICAL_MODEL_NO_EXPORT const PeptideParts& peptideParts() const;
+    ZEL_CHEMICAL_MODEL_NO_EXPORT std::shared_ptr<const PeptideParts> peptideParts() const;
     ZEL_CHEMICAL_MODEL_NO_EXPORT const OligoScanner& oligoScanner() const;
-    ZEL_CHEMICAL_MODEL_NO_EXPORT const OligoParts& oligoParts() const;
+    ZEL_CHEMICAL_MODEL_NO_EXPORT std::shared_ptr<const OligoParts> oligoParts() const;
 
     std::shared_ptr<const ElementMasses> m_elementMasses;
     std::shared_ptr<const PeptidePartsByThread> m_peptideParts;

@@ -84,7 +84,12 @@ bool ChemicalFactory::isValidOligoSequence(const QString& sequence) const
 void ChemicalFactory::prepareOligoReader()
 {
     m_oligoScanner = std::make_shared<OligoScanner>(oligoAlphabets());
-    m_oligoParts = std::make_shared<OligoParts>(
+    m_oligoParts = makeOligoParts();
+}
+
+std::shared_ptr<const OligoParts> ChemicalFactory::makeOligoParts() const
+{
+    return std::make_shared<OligoParts>(
         OligoParts::Blocks{LetterTable(riboses()), LetterTable(nucleobases()),
                            LetterTable(phosphates()), LetterTable(fivePrimeTerminals()),
                            LetterTable(threePrimeTerminals()), defaultRibose, defaultPhosphate},

@@ -26,9 +26,11 @@ struct PlacedNucleotide
     const NucleotideBreaks* breaks = nullptr; ///< Null where they are not known yet.
 };
 
-/// A text that is in the grammar, read.
+/// A text that is in the grammar, read. It holds the text itself, which the marks point into: the
+/// caller's may lie in one of the outputs, such as the name of a terminal.
 struct OligoText
 {
+    QString text;
     QStringView fivePrimeMark;
     QStringView threePrimeMark;
     bool endsInNumber = false;
@@ -59,7 +61,7 @@ Nucleotide withoutPhosphate(const Nucleotide& nucleotide)
                       nucleotide.code);
 }
 
-/// Reads a text; nothing if it is outside the grammar. The marks point into `text`.
+/// Reads a text; nothing if it is outside the grammar.
 std::optional<OligoText> readOligoText(const QString& text, const OligoScanner& scanner,
                                        const OligoParts& parts)
 {
@@ -67,6 +69,7 @@ std::optional<OligoText> readOligoText(const QString& text, const OligoScanner& 
     if (!split)
         return std::nullopt;
     OligoText result;
+    result.text = text;
     result.fivePrimeMark = split->fivePrimeMark;
     result.threePrimeMark = split->threePrimeMark;
 
@@ -218,7 +221,8 @@ bool ChemicalFactory::parseNucleotideSequence(const QString& sequence,
                                               NamedMolecule* fivePrime,
                                               NamedMolecule* threePrime) const
 {
-    const auto text = readOligoText(sequence, oligoScanner(), oligoParts());
+    const auto parts = oligoParts();
+    const auto text = readOligoText(sequence, oligoScanner(), *parts);
     unmarkedOligoTermini(fivePrime, threePrime);
     if (!text)
         return false;
@@ -234,22 +238,23 @@ bool ChemicalFactory::parseNucleotideSequence(const QString& sequence,
         nucleotides->append(QSharedPointer<const Nucleotide>::create(*placed.nucleotide));
 
     const bool isBareNumber = nucleotides->size() == 1 && isNumber(*nucleotides->constFirst());
-    readTerminals(*text, isBareNumber, oligoParts(), fivePrime, threePrime);
+    readTerminals(*text, isBareNumber, *parts, fivePrime, threePrime);
     return true;
 }
 
 QSharedPointer<MoleculeComplex>
 ChemicalFactory::constructLinearOligoComplex(const QString& sequence) const
 {
+    const auto parts = oligoParts();
     const QString letters = sequence.simplified().remove(u' ');
-    const auto text = readOligoText(letters, oligoScanner(), oligoParts());
+    const auto text = readOligoText(letters, oligoScanner(), *parts);
     if (!text)
         return {};
     NamedMolecule fivePrime;
     NamedMolecule threePrime;
     unmarkedOligoTermini(&fivePrime, &threePrime);
-    readTerminals(*text, isBareNumber(*text), oligoParts(), &fivePrime, &threePrime);
-    return layOut(text->nucleotides, fivePrime, threePrime, oligoParts());
+    readTerminals(*text, isBareNumber(*text), *parts, &fivePrime, &threePrime);
+    return layOut(text->nucleotides, fivePrime, threePrime, *parts);
 }
 
 QSharedPointer<MoleculeComplex> ChemicalFactory::constructLinearOligoComplex(
@@ -260,25 +265,26 @@ QSharedPointer<MoleculeComplex> ChemicalFactory::constructLinearOligoComplex(
     placed.reserve(static_cast<std::size_t>(nucleotides.size()));
     for (const auto& nucleotide : nucleotides)
         placed.push_back({nucleotide.data()});
-    return layOut(placed, fivePrime, threePrime, oligoParts());
+    return layOut(placed, fivePrime, threePrime, *oligoParts());
 }
 
 void ChemicalFactory::constructLinearOligoComplexes(
     const QString& sequence, int fivePrimeTruncations, int threePrimeTruncations,
     QList<QSharedPointer<const MoleculeComplex>>* complexes) const
 {
-    const auto text = readOligoText(sequence, oligoScanner(), oligoParts());
+    const auto parts = oligoParts();
+    const auto text = readOligoText(sequence, oligoScanner(), *parts);
     NamedMolecule fivePrime;
     NamedMolecule threePrime;
     unmarkedOligoTermini(&fivePrime, &threePrime);
     std::span<const PlacedNucleotide> whole;
     if (text) {
-        readTerminals(*text, isBareNumber(*text), oligoParts(), &fivePrime, &threePrime);
+        readTerminals(*text, isBareNumber(*text), *parts, &fivePrime, &threePrime);
         whole = text->nucleotides;
     }
 
     const auto append = [&](std::span<const PlacedNucleotide> remaining) {
-        complexes->append(layOut(remaining, fivePrime, threePrime, oligoParts()));
+        complexes->append(layOut(remaining, fivePrime, threePrime, *parts));
     };
     append(whole);
     for (std::size_t i = 1; std::cmp_less_equal(i, fivePrimeTruncations); ++i)

@@ -38,21 +38,23 @@ QMap<QString, NamedMolecule> unshared(QMap<QString, NamedMolecule> dictionary)
 } // namespace
 
 void ChemicalFactory::parseAminoAcidSequence(const QString& sequence,
-                                             QList<QSharedPointer<const AminoAcid>>* aminoAcids_,
+                                             QList<QSharedPointer<const AminoAcid>>* aminoAcids,
                                              NamedMolecule* nTerminal,
                                              NamedMolecule* cTerminal) const
 {
-    standardPeptideTermini(nTerminal, cTerminal);
-    const LetterTable& residues = peptideParts().residues;
-    aminoAcids_->reserve(sequence.size());
-    for (const QChar letter : sequence)
-        aminoAcids_->append(QSharedPointer<AminoAcid>::create(residues.entry(letter)));
+    const QString letters = sequence; // the caller's may be a text of one of the terminals
+    const auto parts = peptideParts();
+    *nTerminal = parts->nTerminal;
+    *cTerminal = parts->cTerminal;
+    aminoAcids->reserve(letters.size());
+    for (const QChar letter : letters)
+        aminoAcids->append(QSharedPointer<AminoAcid>::create(parts->residues.entry(letter)));
 }
 
 QSharedPointer<MoleculeComplex>
 ChemicalFactory::constructLinearPeptideComplex(const QString& sequence) const
 {
-    const PeptideParts& parts = peptideParts();
+    const auto parts = peptideParts();
     const qsizetype size = sequence.size() + 2;
     QList<QSharedPointer<ComplexResidue>> residues;
     residues.reserve(size);
@@ -62,17 +64,17 @@ ChemicalFactory::constructLinearPeptideComplex(const QString& sequence) const
     };
 
     ChainTotal total;
-    total.add(parts.nTerminal);
-    total.add(parts.cTerminal);
-    append(parts.nTerminal);
+    total.add(parts->nTerminal);
+    total.add(parts->cTerminal);
+    append(parts->nTerminal);
     for (const QChar letter : sequence) {
-        const NamedMolecule& residue = parts.residues.entry(letter);
+        const NamedMolecule& residue = parts->residues.entry(letter);
         total.add(residue);
         append(residue);
     }
-    append(parts.cTerminal);
+    append(parts->cTerminal);
 
-    QList<QList<QSharedPointer<FragmentationSite>>> sites(size, copiesOf(parts.sites));
+    QList<QList<QSharedPointer<FragmentationSite>>> sites(size, copiesOf(parts->sites));
     sites.first() = {}; // nothing breaks at a terminal
     sites.last() = {};
     return QSharedPointer<MoleculeComplex>::create(total.result(), residues, sites);
@@ -108,9 +110,9 @@ PeptideParts ChemicalFactory::makePeptideParts() const
 void ChemicalFactory::standardPeptideTermini(NamedMolecule* nTerminal,
                                              NamedMolecule* cTerminal) const
 {
-    const PeptideParts& parts = peptideParts();
-    *nTerminal = parts.nTerminal;
-    *cTerminal = parts.cTerminal;
+    const auto parts = peptideParts();
+    *nTerminal = parts->nTerminal;
+    *cTerminal = parts->cTerminal;
 }
 
 } // namespace chem

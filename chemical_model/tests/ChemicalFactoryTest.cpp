@@ -101,6 +101,40 @@ TEST(ChemicalFactory, MovesCarryEverythingAlong)
     static_assert(std::is_nothrow_move_constructible_v<ChemicalFactory>);
 }
 
+TEST(ChemicalFactory, MovedFromKeepsItsConstantsAndNothingElse)
+{
+    OpenFactory source;
+    const OpenFactory target = std::move(source);
+    // NOLINTBEGIN(bugprone-use-after-move)
+    EXPECT_EQ(source.hydrogen.monoMass(), target.hydrogen.monoMass());
+    chem::NamedMolecule left;
+    chem::NamedMolecule right;
+    for (const bool isPeptide : {true, false}) {
+        if (isPeptide)
+            source.standardPeptideTermini(&left, &right);
+        else
+            source.standardOligoTermini(&left, &right);
+        EXPECT_EQ(left.monoMass(), source.hydrogen.monoMass());
+        EXPECT_EQ(left.name, u"NTerm"_s);
+        EXPECT_EQ(right.averageMass(), source.hydroxyl.averageMass());
+        EXPECT_EQ(right.code, u"-OH"_s);
+    }
+    const auto peptide = source.constructLinearPeptideComplex(u"GA"_s);
+    EXPECT_EQ(peptide->formula().toString(), u"H2O"_s);
+    EXPECT_EQ(peptide->sites[1][1]->delta.monoMass(), source.hydrogen.monoMass());
+    EXPECT_EQ(source.constructMolecule(u"C"_s).monoMass(), 0.0);
+    EXPECT_FALSE(source.isValidOligoSequence(u"A"_s));
+
+    QList<QSharedPointer<const chem::Nucleotide>> nucleotides;
+    ASSERT_TRUE(target.parseNucleotideSequence(u"AC"_s, &nucleotides, &left, &right));
+    const auto own = target.constructLinearOligoComplex(nucleotides, left, right);
+    const auto movedFrom = source.constructLinearOligoComplex(nucleotides, left, right);
+    ASSERT_EQ(movedFrom->sites[1].size(), own->sites[1].size());
+    for (qsizetype i = 0; i < own->sites[1].size(); ++i)
+        EXPECT_EQ(movedFrom->sites[1][i]->delta.monoMass(), own->sites[1][i]->delta.monoMass());
+    // NOLINTEND(bugprone-use-after-move)
+}
+
 TEST(ChemicalFactory, OutlivesTheOneThatItWasCopiedFrom)
 {
     auto original = ChemicalFactory::construct(QString());

@@ -422,6 +422,51 @@ TEST(OligoSequence, LadderIsAppended)
 
 // Any length.
 
+TEST(OligoSequence, TextMayLieInAnyOfTheOutputs)
+{
+    const QString text = u"{rA*fC.mG}"_s;
+    const Parsed expected = parse(text);
+    const auto expectSame = [&expected](const Parsed& found) {
+        ASSERT_TRUE(found.isValid);
+        ASSERT_EQ(found.nucleotides.size(), 3);
+        for (qsizetype i = 0; i < 3; ++i)
+            EXPECT_EQ(found.nucleotides[i]->code, expected.nucleotides[i]->code);
+        EXPECT_EQ(found.fivePrime.name, expected.fivePrime.name);
+        EXPECT_EQ(found.threePrime.name, expected.threePrime.name);
+        EXPECT_EQ(found.fivePrime.monoMass(), expected.fivePrime.monoMass());
+        EXPECT_EQ(found.threePrime.monoMass(), expected.threePrime.monoMass());
+    };
+    const auto factory = chem::defaultChemicalFactory();
+    for (QString NamedMolecule::*field : {&NamedMolecule::name, &NamedMolecule::code}) {
+        for (NamedMolecule Parsed::*end : {&Parsed::fivePrime, &Parsed::threePrime}) {
+            Parsed found;
+            QString& own = found.*end.*field;
+            own = QString(text.constData(), text.size()); // shared with nothing that outlives it
+            found.isValid = factory->parseNucleotideSequence(own, &found.nucleotides,
+                                                             &found.fivePrime, &found.threePrime);
+            expectSame(found);
+        }
+    }
+}
+
+TEST(OligoSequence, TextMayBeTheCodeOfTheEntryThatItReplaces)
+{
+    // A number takes the phosphate of the entry before it, which then is another entry.
+    Parsed found = parse(u"GA"_s);
+    found.nucleotides.removeLast();
+    auto* const entry = new Nucleotide(*found.nucleotides.takeFirst());
+    entry->code = u"[100]"_s.repeated(1);
+    found.nucleotides.append(QSharedPointer<const Nucleotide>(entry));
+    found.isValid = chem::defaultChemicalFactory()->parseNucleotideSequence(
+        entry->code, &found.nucleotides, &found.fivePrime, &found.threePrime);
+    ASSERT_TRUE(found.isValid);
+    ASSERT_EQ(found.nucleotides.size(), 2);
+    EXPECT_TRUE(found.nucleotides[0]->phosphate.formula().isEmpty());
+    EXPECT_EQ(found.nucleotides[1]->code, u"100"_s);
+    EXPECT_EQ(found.fivePrime.name, u"5'-OH"_s);
+    EXPECT_EQ(found.threePrime.name, u"3'-OH"_s);
+}
+
 TEST(OligoSequence, ReadsTextsOfAnyLength)
 {
     for (const int length : {10, 1000, 20000, 1000000}) {

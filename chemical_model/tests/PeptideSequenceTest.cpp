@@ -466,4 +466,21 @@ RC_GTEST_PROP(PeptideComplexProperty, JoiningTwoPeptidesLosesOneWater, ())
     RC_ASSERT(joined.formula().elementCountMap() == apart.formula().elementCountMap());
 }
 
+TEST(PeptideSequence, TextMayLieInEitherOfTheOutputs)
+{
+    for (QString NamedMolecule::*field : {&NamedMolecule::name, &NamedMolecule::code}) {
+        for (const bool isLeft : {true, false}) {
+            NamedMolecule nTerminal;
+            NamedMolecule cTerminal;
+            QString& own = (isLeft ? nTerminal : cTerminal).*field;
+            own = u"GA"_s.repeated(2);
+            AminoAcids aminoAcids;
+            naturalFactory().parseAminoAcidSequence(own, &aminoAcids, &nTerminal, &cTerminal);
+            EXPECT_EQ(codesOf(aminoAcids), u"GAGA"_s);
+            EXPECT_EQ(nTerminal.code, u"H-"_s);
+            EXPECT_EQ(cTerminal.code, u"-OH"_s);
+        }
+    }
+}
+
 } // namespace
