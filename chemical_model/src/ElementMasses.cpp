@@ -2,7 +2,12 @@
 
 #include <IsoSpec++/isoSpec++.h>
 
+#include <IsoSpec++/element_tables.h>
+
 #include <algorithm>
+#include <cmath>
+#include <iterator>
+#include <limits>
 #include <stdexcept>
 
 namespace chem {
@@ -24,6 +29,33 @@ bool areUsable(const QList<double>& abundances)
     throw std::invalid_argument("All isotope probabilities p must fulfill: 0.0 < p <= 1.0");
 }
 
+/// The logarithm that IsoSpec++ keeps of an abundance: its table has those of natural ones, with
+/// more care than a logarithm taken here.
+double logarithmOf(double abundance)
+{
+    const auto known = std::ranges::find(IsoSpec::elem_table_probability, abundance);
+    const auto row = std::distance(std::begin(IsoSpec::elem_table_probability), known);
+    return known != std::end(IsoSpec::elem_table_probability)
+               ? IsoSpec::elem_table_log_probability[row]
+               : std::log(abundance);
+}
+
+/// The masses of one atom, by way of the logarithms of the abundances, which round a little.
+ElementMasses::Atom atomOf(const QList<double>& masses, const QList<double>& abundances)
+{
+    ElementMasses::Atom atom;
+    double greatest = -std::numeric_limits<double>::infinity();
+    for (qsizetype i = 0; i < masses.size(); ++i) {
+        const double logarithm = logarithmOf(abundances[i]);
+        atom.average += std::exp(logarithm) * masses[i];
+        if (logarithm > greatest) {
+            greatest = logarithm;
+            atom.mono = masses[i];
+        }
+    }
+    return atom;
+}
+
 } // namespace
 
 void requireUsableAbundances(const QList<double>& abundances)
@@ -41,22 +73,13 @@ void ElementMasses::Atom::requireUsable() const
 void ElementMasses::add(const QString& symbol, const QList<double>& masses,
                         const QList<double>& abundances)
 {
-    Atom atom;
-    atom.refused = !areUsable(abundances);
-    if (!atom.refused) {
-        const int isotopeNumber = static_cast<int>(masses.size());
-        const int oneAtom = 1;
-        const IsoSpec::Iso iso(1, &isotopeNumber, &oneAtom, masses.data(), abundances.data());
-        atom.mono = iso.getMonoisotopicPeakMass();
-        atom.average = iso.getTheoreticalAverageMass();
-    }
-
+    const bool isUsable = areUsable(abundances);
     const int index = shortSymbolIndex(symbol);
     if (index >= 0)
         m_shortSymbols[static_cast<std::size_t>(index)] = static_cast<qint16>(m_atoms.size());
     else
         m_otherSymbols.insert(symbol, static_cast<qsizetype>(m_atoms.size()));
-    m_atoms.push_back(atom);
+    m_atoms.push_back(isUsable ? atomOf(masses, abundances) : Atom{.refused = true});
 }
 
 const ElementMasses::Atom* ElementMasses::find(QStringView symbol) const

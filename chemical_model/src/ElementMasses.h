@@ -18,17 +18,19 @@ void requireUsableAbundances(const QList<double>& abundances);
 
 /// The masses of one atom of each element of an isotope table.
 ///
-/// Both masses of a molecule are linear in its atom counts, so IsoSpec++ is asked once for each
-/// element and its answers are multiplied from then on; the bits are the same as those of a
-/// generator built for the whole molecule, at a hundredth of its cost.
+/// Both masses of a molecule are linear in its atom counts, so they are worked out once for each
+/// element and multiplied from then on, at a hundredth of the cost of a generator built for the
+/// whole molecule. They are the masses of IsoSpec++, added up with one rounding for each product
+/// and one for each sum. IsoSpec++ itself does so where its build has no fused multiply-add, as on
+/// x86-64; where it has, as on arm64, its own sums differ in their last bits, and these do not.
 class ElementMasses
 {
 public:
     /// The masses of one atom, in daltons.
     struct Atom
     {
-        double mono = 0.0;    ///< The mass of the most abundant isotope.
-        double average = 0.0; ///< The mean over the isotopes.
+        double mono = 0.0;    ///< The mass of the most abundant isotope, the first on a tie.
+        double average = 0.0; ///< The sum over the isotopes of abundance times mass, in order.
         bool refused = false; ///< Whether IsoSpec++ refuses the isotopes.
 
         /// Throws `std::invalid_argument` if the isotopes are refused.

@@ -95,8 +95,8 @@ zel::Error ChemicalFactory::calculateMassesForElementCountArrays(const QList<QSt
     for (qsizetype i = 0; i < elements.size(); ++i)
         sum.add(atoms.find(elements[i]), counts.value(i));
 
-    *monoMass = sum.mono;
     *averageMass = sum.average;
+    *monoMass = sum.mono;
     return outcome(sum.hasKnownElement);
 }
 

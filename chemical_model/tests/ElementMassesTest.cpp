@@ -1,8 +1,11 @@
 #include "ElementMasses.h"
 
+#include "IsoSpecMasses.h"
+
 #include <gtest/gtest.h>
 
 #include <cmath>
+#include <random>
 #include <stdexcept>
 
 using namespace Qt::StringLiterals;
@@ -33,6 +36,52 @@ TEST(ElementMasses, FirstOfEquallyAbundantIsotopesIsMonoisotopic)
     masses.add(u"E"_s, {0.5, 0.25}, {1.0, 1.0});
     EXPECT_EQ(masses.find(u"E")->mono, 0.5);
     EXPECT_EQ(masses.find(u"E")->average, 0.75);
+}
+
+TEST(ElementMasses, AbundancesWithOneLogarithmAreATie)
+{
+    const double abundance = 1e-5;
+    const double slightlyMore = std::nextafter(abundance, 1.0);
+    ASSERT_EQ(std::log(abundance), std::log(slightlyMore));
+    chem::ElementMasses masses;
+    masses.add(u"X"_s, {10.0, 11.0}, {abundance, slightlyMore});
+    EXPECT_EQ(masses.find(u"X")->mono, 10.0);
+    EXPECT_EQ(massesByIso({{{10.0, 11.0}, {abundance, slightlyMore}, 1}}).mono, 10.0);
+}
+
+/// Abundances of every size, among them whole percentages, that add up to 1 or less.
+QList<double> anyAbundances(std::mt19937_64* random)
+{
+    const auto anyFraction = [random] {
+        return static_cast<double>((*random)() >> 11) * 0x1p-53;
+    };
+    const std::size_t number = 1 + (*random)() % 10;
+    QList<double> abundances;
+    double rest = 1.0;
+    for (std::size_t i = 0; i < number; ++i) {
+        const double percent = static_cast<double>(1 + (*random)() % 9) / 100;
+        const double share = (*random)() % 3 == 0 ? percent : rest * anyFraction();
+        abundances.append(std::clamp(share, 1e-12, 1.0));
+        rest = std::max(rest - share, 0.0);
+    }
+    return abundances;
+}
+
+TEST(ElementMasses, LabelledAtomsHaveTheMassesOfIsoSpec)
+{
+    std::mt19937_64 random(12);
+    for (int round = 0; round < 20000; ++round) {
+        IsoSpecElement element;
+        element.abundances = anyAbundances(&random);
+        element.count = 1;
+        for (qsizetype i = 0; i < element.abundances.size(); ++i)
+            element.masses.append(12.0 + static_cast<double>(random() % 3000) / 1000);
+        chem::ElementMasses masses;
+        masses.add(u"X"_s, element.masses, element.abundances);
+        const MassPair expected = massesByIso({element});
+        ASSERT_EQ(masses.find(u"X")->mono, expected.mono);
+        ASSERT_TRUE(isMassOfIsoSpec(masses.find(u"X")->average, expected.average));
+    }
 }
 
 TEST(ElementMasses, AbundancesOutsideTheirRangeAreRefusedWhenAsked)

@@ -1,5 +1,6 @@
 #include "MessageRecorder.h"
 #include "OpenFactory.h"
+#include "ReferenceData.h"
 #include "TestFormulas.h"
 #include "TestPrinters.h"
 
@@ -206,7 +207,40 @@ TEST(FormulaMasses, ModificationIsGoodToSixDigits)
     EXPECT_EQ(modified.formula().elementCount(u"C"_s), 1234570);
 }
 
+TEST(FormulaMasses, OneOutputForBothMassesKeepsTheOneWrittenLast)
+{
+    const auto factory = chem::defaultChemicalFactory();
+    double mass = 0.0;
+    factory->calculateMassesForFormula(formulaWith({{u"C"_s, 1}}), &mass, &mass);
+    EXPECT_EQ(mass, massesOf({u"C"_s}, {1}).average);
+    factory->calculateMassesForElementCountArrays({u"C"_s}, {1}, &mass, &mass);
+    EXPECT_EQ(mass, 12.0);
+}
+
 // Masses have the bits of the calculation for the whole molecule.
+
+TEST(FormulaMasses, AtomsHaveTheSameBitsOnEveryPlatform)
+{
+    // Taken from IsoSpec++ 2.2.1 itself on x86-64, where it rounds each product, with 17 digits.
+    const QJsonArray rows = referenceRows(u"atoms.json"_s);
+    ASSERT_EQ(rows.size(), 87);
+    for (const auto row : rows) {
+        const QString symbol = row[u"symbol"].toString();
+        const Outcome atom = massesOf({symbol}, {1});
+        EXPECT_EQ(atom.mono, row[u"mono"].toDouble()) << symbol.toStdString();
+        EXPECT_EQ(atom.average, row[u"average"].toDouble()) << symbol.toStdString();
+    }
+}
+
+TEST(FormulaMasses, BuildOfIsoSpecIsToldByOneSum)
+{
+    // On x86-64 Debian builds it for processors without fused multiply-add, elsewhere with it.
+#if defined(__x86_64__) || defined(_M_X64)
+    EXPECT_FALSE(isoSpecFusesProducts());
+#elif defined(__aarch64__)
+    EXPECT_TRUE(isoSpecFusesProducts());
+#endif
+}
 
 TEST(FormulaMasses, OneAtomOfEachElementHasTheBitsOfAGenerator)
 {
@@ -217,8 +251,8 @@ TEST(FormulaMasses, OneAtomOfEachElementHasTheBitsOfAGenerator)
             SCOPED_TRACE(symbol.toStdString());
             const Outcome own = massesOf({symbol}, {count});
             const MassPair expected = massesByGenerator({factory.element(symbol, count)});
-            EXPECT_EQ(own.mono, expected.mono);
-            EXPECT_EQ(own.average, expected.average);
+            EXPECT_TRUE(isMassOfIsoSpec(own.mono, expected.mono));
+            EXPECT_TRUE(isMassOfIsoSpec(own.average, expected.average));
             ++compared;
         }
     }
@@ -243,8 +277,8 @@ TEST(FormulaMasses, RandomFormulasHaveTheBitsOfIsoSpec)
             elements.append(factory.element(entry.key(), static_cast<int>(entry.value())));
         const Outcome own = massesOf(chem::ChemicalFormula(counts));
         const MassPair expected = massesByIso(elements);
-        ASSERT_EQ(own.mono, expected.mono);
-        ASSERT_EQ(own.average, expected.average);
+        ASSERT_TRUE(isMassOfIsoSpec(own.mono, expected.mono));
+        ASSERT_TRUE(isMassOfIsoSpec(own.average, expected.average));
     }
 }
 
@@ -266,8 +300,8 @@ TEST(FormulaMasses, BiomoleculesHaveTheBitsOfAGenerator)
         }
         const Outcome own = massesOf(chem::ChemicalFormula(counts));
         const MassPair expected = massesByGenerator(elements);
-        ASSERT_EQ(own.mono, expected.mono);
-        ASSERT_EQ(own.average, expected.average);
+        ASSERT_TRUE(isMassOfIsoSpec(own.mono, expected.mono));
+        ASSERT_TRUE(isMassOfIsoSpec(own.average, expected.average));
     }
 }
 

@@ -196,8 +196,8 @@ TEST(IsotopeConfiguration, LabelledMassesHaveTheBitsOfAGenerator)
                 double average = 0.0;
                 factory.calculateMassesForElementCountArrays({symbol}, {count}, &mono, &average);
                 const MassPair expected = massesByIso({factory.element(symbol, count)});
-                EXPECT_EQ(mono, expected.mono);
-                EXPECT_EQ(average, expected.average);
+                EXPECT_TRUE(isMassOfIsoSpec(mono, expected.mono));
+                EXPECT_TRUE(isMassOfIsoSpec(average, expected.average));
             }
         }
         const QList<IsoSpecElement> elements = {
@@ -207,8 +207,8 @@ TEST(IsotopeConfiguration, LabelledMassesHaveTheBitsOfAGenerator)
         double average = 0.0;
         factory.calculateMassesForElementCountArrays({u"C"_s, u"H"_s, u"N"_s, u"S"_s},
                                                      {20, 31, 5, 2}, &mono, &average);
-        EXPECT_EQ(mono, massesByGenerator(elements).mono);
-        EXPECT_EQ(average, massesByGenerator(elements).average);
+        EXPECT_TRUE(isMassOfIsoSpec(mono, massesByGenerator(elements).mono));
+        EXPECT_TRUE(isMassOfIsoSpec(average, massesByGenerator(elements).average));
     }
 }
 
