@@ -95,6 +95,13 @@ RoleSet preferred(RoleSet options, RoleSet previous)
     return RoleSet(options & -options);
 }
 
+/// The same characters as a string, not copied. Newer Qt deprecates matching of views under the
+/// name that older Qt has for it; strings are matched under one name by all.
+QString asString(QStringView text)
+{
+    return QString::fromRawData(text.data(), text.size());
+}
+
 bool endsInLineFeed(QStringView text)
 {
     return text.endsWith(QChar::LineFeed);
@@ -344,7 +351,7 @@ OligoScanner::Parts OligoScanner::splitByPreference(QStringView text) const
 
 std::optional<OligoScanner::Parts> OligoScanner::splitByEngine(QStringView text) const
 {
-    const QRegularExpressionMatch match = m_fullExpression.match(text);
+    const QRegularExpressionMatch match = m_fullExpression.match(asString(text));
     if (!match.hasMatch())
         return std::nullopt;
     return Parts{match.capturedView(1), match.capturedView(2), match.capturedView(6)};
@@ -413,7 +420,7 @@ OligoUnits OligoScanner::unitsByEngine(QStringView body) const
     OligoUnits units;
     if (!m_unitExpression.isValid())
         return units;
-    QRegularExpressionMatchIterator matches = m_unitExpression.globalMatch(body);
+    QRegularExpressionMatchIterator matches = m_unitExpression.globalMatch(asString(body));
     while (matches.hasNext()) {
         const QRegularExpressionMatch match = matches.next();
         units.push_back({match.capturedView(0), match.capturedView(1), match.capturedView(3),

@@ -149,7 +149,7 @@ RC_GTEST_PROP(CuttingLaws, PiecesOfAChainWeighTheChain, ())
     const MoleculeEntity whole = moleculeOf({chain});
     RC_ASSERT(left.averageMass() + right.averageMass() == whole.averageMass());
     RC_ASSERT(left.monoMass() + right.monoMass() == whole.monoMass());
-    RC_ASSERT(left.sequence() + right.sequence() == whole.sequence());
+    RC_ASSERT(QString(left.sequence() + right.sequence()) == whole.sequence());
 }
 
 RC_GTEST_PROP(CuttingLaws, WholeChainCutOutIsTheChain, ())

@@ -309,11 +309,25 @@ TEST(OligoGrammar, AlphabetTooLargeForTheEngineMakesEveryTextInvalid)
 {
     OpenFactory factory;
     QString key;
+    for (char32_t character = 0x20000; character < 0x40000; character += 2) // no ranges to fold
+        key += QChar::fromUcs4(character);
+    addBlock(&factory, ChemicalFactory::NucleobaseBlock, key);
+    ASSERT_FALSE(factory.generateFullOligoRegex().isValid());
+    EXPECT_FALSE(factory.isValidOligoSequence(u"A"_s));
+}
+
+TEST(OligoGrammar, AlphabetThatOnlyNewerEnginesTakeIsJudgedAsTheEngineJudges)
+{
+    OpenFactory factory;
+    QString key;
     for (char16_t character = 0x3000; character < 0xd000; ++character)
         key += QChar(character);
     addBlock(&factory, ChemicalFactory::NucleobaseBlock, key);
-    EXPECT_FALSE(factory.generateFullOligoRegex().isValid());
-    EXPECT_FALSE(factory.isValidOligoSequence(u"A"_s));
+    const QRegularExpression expression = factory.generateFullOligoRegex();
+    for (const QString& text : {u"A"_s, u"\u4e00"_s, u"A\u3000C*"_s, u"\ud000"_s, u""_s}) {
+        const bool isValid = expression.isValid() && expression.match(text).hasMatch();
+        EXPECT_EQ(factory.isValidOligoSequence(text), isValid) << text.toStdString();
+    }
 }
 
 // Any length.
