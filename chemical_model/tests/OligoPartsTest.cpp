@@ -1,57 +1,20 @@
 #include "OligoParts.h"
 
-#include "OligoScanner.h"
+#include "OligoPartsOfLetters.h"
 #include "TestPrinters.h"
-#include <ChemicalFactory.h>
 
 #include <gtest/gtest.h>
 
-#include <array>
-#include <barrier>
-#include <memory>
-#include <set>
-#include <thread>
-#include <vector>
-
 using namespace Qt::StringLiterals;
+using namespace oligoPartsOfLetters;
 
 namespace {
 
 using chem::Molecule;
-using chem::NamedMolecule;
 using chem::Nucleotide;
 using chem::OligoParts;
 using chem::OligoUnit;
 using chem::PreparedNucleotide;
-
-Molecule molecule(const QString& formula)
-{
-    return chem::defaultChemicalFactory()->constructMolecule(formula);
-}
-
-/// A dictionary of the letters of `keys`.
-chem::LetterTable letters(const QString& keys)
-{
-    QMap<QString, NamedMolecule> dictionary;
-    for (const QChar key : keys)
-        dictionary.insert(key, NamedMolecule(molecule(u"C"_s), u"name of "_s + key, key));
-    return chem::LetterTable(dictionary);
-}
-
-std::unique_ptr<OligoParts> makeParts(const QString& nucleobases)
-{
-    return std::make_unique<OligoParts>(
-        OligoParts::Blocks{letters(u"r"_s), letters(nucleobases), letters(u"*"_s), letters(u"["_s),
-                           letters(u"]"_s), NamedMolecule(molecule(u"O"_s), u"sugar"_s, QString()),
-                           NamedMolecule(molecule(u"P"_s), u"linkage"_s, QString())},
-        chem::OligoSites::Pieces{molecule(u"H"_s), molecule(u"OH"_s), molecule(u"O"_s),
-                                 molecule(u"H2"_s)});
-}
-
-OligoUnit unitOf(QStringView ribose, QStringView base, QStringView phosphates)
-{
-    return {{}, ribose, base, {}, phosphates};
-}
 
 QString describe(const Nucleotide& nucleotide)
 {
@@ -137,59 +100,6 @@ TEST(OligoParts, MoleculesShareWhenFormulaAndBothMassesDo)
     EXPECT_FALSE(chem::isSharedMolecule(Molecule(formula, 2.0, 1.0), Molecule({}, 2.0, 1.0)));
     EXPECT_TRUE(chem::isSharedMolecule(Molecule({}, 2.0, 1.0), Molecule({}, 2.0, 1.0)));
     EXPECT_FALSE(chem::isSharedMolecule(Molecule({}, 0.0, 1.0), Molecule({}, -0.0, 1.0)));
-}
-
-TEST(OligoParts, ThreadsThatAskForANewNucleotideAtOnceGetTheSame)
-{
-    const OligoUnit unit = unitOf(u"r", u"A", u"*");
-    for (int round = 0; round < 300; ++round) {
-        const auto parts = makeParts(u"A"_s);
-        std::barrier start(3);
-        std::array<const PreparedNucleotide*, 3> seen{};
-        std::vector<std::thread> threads;
-        for (auto& mine : seen) {
-            threads.emplace_back([&] {
-                start.arrive_and_wait();
-                mine = parts->prepared(unit, false);
-            });
-        }
-        for (std::thread& thread : threads)
-            thread.join();
-        ASSERT_TRUE(seen[0]);
-        EXPECT_EQ(seen[0], seen[1]);
-        EXPECT_EQ(seen[0], seen[2]);
-    }
-}
-
-TEST(OligoParts, ThreadsThatPrepareTheSameNucleotideShareIt)
-{
-    const QString nucleobases = u"ABCDEFGHIJKLMNOPQRSTUVWXYZ"_s;
-    const auto parts = makeParts(nucleobases);
-    std::vector<std::vector<const PreparedNucleotide*>> seen(4);
-    std::vector<std::thread> threads;
-    for (auto& mine : seen) {
-        threads.emplace_back([&parts, &nucleobases, &mine] {
-            for (int round = 0; round < 20; ++round) {
-                for (const QChar& letter : nucleobases)
-                    mine.push_back(
-                        parts->prepared(unitOf({}, QStringView(&letter, 1), {}), round % 2));
-            }
-        });
-    }
-    for (std::thread& thread : threads)
-        thread.join();
-    std::set<const PreparedNucleotide*> different;
-    for (const auto& mine : seen) {
-        for (std::size_t i = 0; i < mine.size(); ++i) {
-            const QChar letter = nucleobases[static_cast<qsizetype>(i % 26)];
-            if (!mine[i])
-                continue; // lost a slot to another nucleotide and is read each time
-            EXPECT_EQ(mine[i]->nucleotide.name, u"name of "_s + letter);
-            different.insert(mine[i]);
-        }
-    }
-    EXPECT_LE(different.size(), 52U);
-    EXPECT_GE(different.size(), 40U);
 }
 
 } // namespace

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "ManyThreads.h"
+
 #include <QByteArray>
 #include <QDataStream>
 #include <QDebug>
@@ -12,9 +14,7 @@
 
 #include <array>
 #include <limits>
-#include <thread>
 #include <type_traits>
-#include <vector>
 
 /// \file
 /// What holds for each enumeration that is registered with Qt: its names, its numbers and the forms
@@ -107,12 +107,10 @@ TYPED_TEST_P(RegisteredEnumeration, MetaTypeHasTheFullNameAndOneId)
 // Not among the tests for the thread sanitizer, which cannot see into the lock of Qt's registry.
 TYPED_TEST_P(RegisteredEnumeration, ThreadsThatRegisterItAtOnceGetOneId)
 {
-    std::array<int, 8> ids{};
-    std::vector<std::thread> threads;
-    for (int& id : ids)
-        threads.emplace_back([&id] { id = qMetaTypeId<typename TypeParam::Type>(); });
-    for (std::thread& thread : threads)
-        thread.join();
+    std::array<int, manyThreads::threadCount> ids{};
+    manyThreads::atOnce([&ids](int thread) {
+        ids.at(std::size_t(thread)) = qMetaTypeId<typename TypeParam::Type>();
+    });
     for (const int id : ids)
         EXPECT_EQ(id, QMetaType::fromName(this->fullName()).id());
     EXPECT_NE(ids.front(), 0);
