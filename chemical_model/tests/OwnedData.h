@@ -9,7 +9,6 @@
 #include <any>
 #include <cstddef>
 #include <map>
-#include <memory>
 #include <vector>
 
 /// \file
