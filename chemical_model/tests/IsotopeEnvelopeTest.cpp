@@ -1,6 +1,7 @@
 #include "ExactConvolution.h"
 #include "MessageRecorder.h"
 #include "OpenFactory.h"
+#include "ReferenceData.h"
 #include "TestFormulas.h"
 #include "TestPrinters.h"
 
@@ -92,6 +93,26 @@ TEST(IsotopeEnvelope, HasTheBitsOfItsSteps)
         const auto formula = chem::ChemicalFactory::parseChemicalFormula(text);
         expectSameBits(envelopeOf(text, 1, false), envelopeByHand(formula, 1));
         expectSameBits(envelopeOf(text, 7, false), envelopeByHand(formula, 7));
+    }
+}
+
+TEST(IsotopeEnvelope, AgreesCloselyOnEveryPlatform)
+{
+    // Taken from IsoSpec++ 2.2.1 itself on x86-64. Fused multiply-add and another mathematics
+    // library move the last digits only.
+    const QJsonArray rows = referenceRows(u"envelopes.json"_s);
+    ASSERT_EQ(rows.size(), 3);
+    for (const auto row : rows) {
+        const QString formula = row[u"formula"].toString();
+        SCOPED_TRACE(formula.toStdString());
+        const QJsonArray points = row[u"points"].toArray();
+        const Envelope envelope = envelopeOf(formula, 1, false);
+        ASSERT_EQ(envelope.size(), points.size());
+        for (qsizetype i = 0; i < envelope.size(); ++i) {
+            const double position = points[i][0].toDouble();
+            EXPECT_NEAR(envelope[i].x(), position, 1e-12 * position) << i;
+            EXPECT_NEAR(envelope[i].y(), points[i][1].toDouble(), 1e-12) << i;
+        }
     }
 }
 
