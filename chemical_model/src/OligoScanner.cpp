@@ -236,7 +236,7 @@ bool OligoScanner::matches(QStringView text) const
     case Judge::Tables:
         return matchesByTables(text);
     case Judge::Engine:
-        return m_fullExpression.match(text).hasMatch();
+        return m_fullExpression.match(asString(text)).hasMatch();
     case Judge::Nobody:
         break;
     }
