@@ -20,7 +20,7 @@ using namespace chem;
 
 namespace {
 
-constexpr quint64 seed = 13;
+constexpr quint64 seed = 18;
 constexpr int moleculeCount = 20;
 constexpr double steps = 1e6;   // to a dalton, or to a whole share
 constexpr double margin = 1e-4; // of a step
@@ -33,8 +33,7 @@ qint64 rounded(double value)
     const double beyond = inSteps - static_cast<double>(whole);
     const double distance = beyond < 0 ? -beyond : beyond;
     if (distance < margin || distance > 1.0 - margin) {
-        std::fprintf(stderr, "%.17g is too near to a rounding border
-", value);
+        std::fprintf(stderr, "%.17g is too near to a rounding border\n", value);
         std::abort();
     }
     return whole;
