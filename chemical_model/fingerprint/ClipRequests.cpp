@@ -40,7 +40,8 @@ ClipOptions anyRules(Choices* choices)
     QList<QString> after;
     for (int rules = choices->from(0, 3); rules > 0; --rules) {
         before.append(choices->oneIn(4) ? QString() : choices->of(expressions));
-        after.append(choices->oneIn(2) ? QString() : choices->text(u"KRGASP"_s, 1));
+        const QString empty = choices->oneIn(2) ? QString() : u""_s; // null or not is the same
+        after.append(choices->oneIn(2) ? empty : choices->text(u"KRGASP"_s, 1));
     }
     if (choices->oneIn(4))
         before.append(u"K"_s); // without a partner

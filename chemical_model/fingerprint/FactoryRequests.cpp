@@ -103,10 +103,13 @@ void askTables(Answers* answers)
     }
 }
 
-/// The same two questions to a factory after each way to copy it.
+/// The same questions to a factory after each way to copy it.
 void askCopy(Answers* answers, const char* how, const ChemicalFactory& factory)
 {
-    answers->add(how, factory.constructMolecule(u"C2H5NO2"_s),
+    NamedMolecule first;
+    NamedMolecule last;
+    factory.standardPeptideTermini(&first, &last);
+    answers->add(how, factory.constructMolecule(u"C2H5NO2"_s), first, last,
                  factory.constructLinearPeptideComplex(u"GK"_s)->averageMass());
 }
 

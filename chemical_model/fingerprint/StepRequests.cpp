@@ -80,11 +80,12 @@ void askReplay(Answers* answers, const MoleculeEntity& molecule)
     MoleculeEntity replayed = history.first().original();
     for (TransformationEntity& entry : history) {
         TransformationEntity copy = entry;
-        const TransformationEntity taken = std::move(copy);
+        TransformationEntity taken = std::move(copy);
         copy = taken;
+        taken = TransformationEntity(copy);
         answers->add("original", copy.type(), copy.original().averageMass(),
                      copy.original().sequence());
-        replayed = copy.transform(replayed);
+        replayed = taken.transform(replayed);
         answers->add("replay", replayed.averageMass(), replayed.monoMass(), replayed.formula(),
                      replayed.sequence());
         askStep(answers, entry, molecule);

@@ -61,6 +61,9 @@ void askReaders(Answers* answers, const ChemicalFactory& factory, const QString&
     const bool isRead =
         factory.parseNucleotideSequence(text, &nucleotides, &fivePrime, &threePrime);
     answers->add("parseNucleotideSequence", text, isRead, fivePrime, threePrime, nucleotides);
+    threePrime.name = text; // a text that an output holds
+    factory.parseNucleotideSequence(threePrime.name, &nucleotides, &fivePrime, &threePrime);
+    answers->add("parseNucleotideSequence", nucleotides.size(), fivePrime, threePrime);
 
     const auto complex = factory.constructLinearOligoComplex(text);
     if (complex)
