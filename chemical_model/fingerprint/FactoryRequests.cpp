@@ -3,7 +3,6 @@
 #include "Families.h"
 #include "MessageRecorder.h"
 
-#include <algorithm>
 #include <stdexcept>
 
 using namespace Qt::StringLiterals;

@@ -3,20 +3,19 @@
 
 #include <QFile>
 #include <QList>
-#include <QStringList>
+#include <QLoggingCategory>
 
 #include <cstdio>
 #include <cstring>
 
 /// \file
-/// Prints one hash over the results of a fixed corpus of requests, and one hash for each family of
-/// them, for comparison with the recorded ones: the same on every platform.
+/// Prints one hash over the results of a fixed corpus of requests, and one for each family of them:
+/// the same on every platform. Without options it prints the table of all families.
 ///
-///     chemical_model_fingerprint                        the table
-///     chemical_model_fingerprint --family steps         one row of it
-///     chemical_model_fingerprint --values steps         the requests of a family with their
-///     results chemical_model_fingerprint --compare FILE         whether the table is that of the
-///     file chemical_model_fingerprint --compare FILE steps   whether this row of it is
+///     --family steps         one row of the table
+///     --values steps         the requests of a family, each with its results
+///     --compare FILE         tells which rows of the table the file does not have
+///     --compare FILE steps   tells whether the file has this row
 
 namespace {
 
@@ -89,12 +88,22 @@ QList<Row> table(const char* onlyFamily)
     return rows;
 }
 
+int usage()
+{
+    std::fputs("usage: chemical_model_fingerprint [--family NAME | --values NAME | "
+               "--compare FILE [NAME]]\n",
+               stderr);
+    return 2;
+}
+
 int print(const char* onlyFamily)
 {
     const QList<Row> rows = table(onlyFamily);
+    if (rows.isEmpty())
+        return usage();
     for (const Row& row : rows)
         std::printf("%s\n", row.text().constData());
-    return rows.isEmpty() ? 1 : 0;
+    return 0;
 }
 
 int printValues(const char* name)
@@ -106,7 +115,7 @@ int printValues(const char* name)
             return 0;
         }
     }
-    return 1;
+    return usage();
 }
 
 QList<QByteArray> linesOf(const char* path)
@@ -122,7 +131,9 @@ int compare(const char* path, const char* onlyFamily)
 {
     const QList<QByteArray> recorded = linesOf(path);
     const QList<Row> rows = table(onlyFamily);
-    int differences = rows.isEmpty() ? 1 : 0;
+    if (rows.isEmpty())
+        return usage();
+    int differences = 0;
     for (const Row& row : rows) {
         if (recorded.contains(row.text()))
             continue;
@@ -132,19 +143,13 @@ int compare(const char* path, const char* onlyFamily)
     return differences == 0 ? 0 : 1;
 }
 
-int usage()
-{
-    std::fputs("usage: chemical_model_fingerprint [--family NAME | --values NAME | "
-               "--compare FILE [NAME]]\n",
-               stderr);
-    return 2;
-}
-
 } // namespace
 
 int main(int argumentCount, char* arguments[])
 {
     const MessageRecorder messages; // the families that ask for messages read them there
+    // Some distributions switch debug messages off.
+    QLoggingCategory::setFilterRules(QStringLiteral("zel.generic.debug=true"));
     if (argumentCount == 1)
         return print(nullptr);
     if (argumentCount > 4)
