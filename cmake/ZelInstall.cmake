@@ -8,7 +8,9 @@ set(package_dir ${CMAKE_INSTALL_LIBDIR}/cmake/zel_chemical_model)
 install(
     TARGETS zel_chemical_model zel_common_stable
     EXPORT zel_chemical_model
+    RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR} COMPONENT runtime
     LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR} COMPONENT runtime NAMELINK_COMPONENT development
+    ARCHIVE DESTINATION ${CMAKE_INSTALL_LIBDIR} COMPONENT development
     PUBLIC_HEADER DESTINATION ${headers_dir} COMPONENT development)
 install(
     FILES ${PROJECT_SOURCE_DIR}/common_stable/src/Error.h
@@ -43,6 +45,7 @@ install(
 
 if(PROJECT_IS_TOP_LEVEL)
     set(CPACK_GENERATOR DEB)
+    set(CPACK_STRIP_FILES ON)
     set(CPACK_PACKAGE_CONTACT "zel_chemical_model maintainers <maintainers@localhost>")
     set(CPACK_PACKAGING_INSTALL_PREFIX /usr)
     set(CPACK_DEB_COMPONENT_INSTALL ON)

@@ -3,6 +3,20 @@
 include(CheckIPOSupported)
 include(GenerateExportHeader)
 
+# Options of g++ and of every clang; other compilers keep their own defaults.
+set(zel_compile_options
+    -Wall
+    -Wextra
+    -Wpedantic
+    -Wconversion
+    -Wsign-conversion
+    -Wshadow
+    -Wnon-virtual-dtor
+    -Woverloaded-virtual
+    -Wold-style-cast
+    # Sums are promised to the last bit, also where the processor has fused multiply-add.
+    -ffp-contract=off)
+
 # Warnings, sanitizers and the definitions that keep Qt code strict. PRIVATE to the target: what a
 # user's code is compiled with is the user's choice.
 function(zel_configure_target target)
@@ -10,21 +24,11 @@ function(zel_configure_target target)
         ${target}
         PROPERTIES CXX_EXTENSIONS OFF
                    CXX_VISIBILITY_PRESET hidden
-                   VISIBILITY_INLINES_HIDDEN ON)
+                   VISIBILITY_INLINES_HIDDEN ON
+                   COMPILE_WARNING_AS_ERROR ${ZEL_WARNINGS_AS_ERRORS})
     target_compile_options(
         ${target}
-        PRIVATE -Wall
-                -Wextra
-                -Wpedantic
-                -Wconversion
-                -Wsign-conversion
-                -Wshadow
-                -Wnon-virtual-dtor
-                -Woverloaded-virtual
-                -Wold-style-cast
-                # Sums are promised to the last bit, also where the processor has fused multiply-add.
-                -ffp-contract=off
-                $<$<BOOL:${ZEL_WARNINGS_AS_ERRORS}>:-Werror>)
+        PRIVATE "$<$<CXX_COMPILER_ID:GNU,Clang,AppleClang>:${zel_compile_options}>")
     target_compile_definitions(
         ${target}
         PRIVATE QT_NO_CAST_FROM_ASCII
