@@ -1,5 +1,8 @@
 #include "ChemicalFactory.h"
 
+#include <utility>
+#include <vector>
+
 using namespace Qt::StringLiterals;
 
 namespace chem {
@@ -29,7 +32,8 @@ struct Row
     QString formula;
 };
 
-using Rows = QList<Row>;
+/// No QList: without memory, Qt 6.4 makes it from braces by writing to the null pointer.
+using Rows = std::vector<Row>;
 
 /// Residues of glycans. Sodium can be written in two ways.
 Rows sugarRows()
@@ -173,8 +177,13 @@ ChemicalFactory::BuildingBlockType ChemicalFactory::buildingBlockType(const QStr
 void ChemicalFactory::setBuildingBlock(BuildingBlockType type, const QString& code,
                                        const QString& name, const QString& formula)
 {
-    buildingBlocks[type].insert(code, NamedMolecule(constructMolecule(formula), name, code));
-    prepareReadersOf(type);
+    // Changed apart and moved back, which cannot fail: whatever is thrown on the way, dictionaries
+    // and readers stay in step.
+    ChemicalFactory changed(*this);
+    changed.buildingBlocks[type].insert(code,
+                                        NamedMolecule(constructMolecule(formula), name, code));
+    changed.prepareReadersOf(type);
+    *this = std::move(changed);
 }
 
 QMap<QString, NamedMolecule> ChemicalFactory::aminoAcids() const

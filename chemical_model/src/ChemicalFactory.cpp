@@ -18,8 +18,11 @@ ChemicalFactory::~ChemicalFactory() = default;
 
 QSharedPointer<ChemicalFactory> ChemicalFactory::construct(const QString& isotopeOverrides)
 {
-    const QSharedPointer<ChemicalFactory> factory(new ChemicalFactory);
-    factory->init(isotopeOverrides);
+    // A shared pointer does not delete what it is given if it gets no memory for its own data.
+    std::unique_ptr<ChemicalFactory> made(new ChemicalFactory);
+    made->init(isotopeOverrides);
+    const QSharedPointer<ChemicalFactory> factory(made.get());
+    made.release();
     return factory;
 }
 

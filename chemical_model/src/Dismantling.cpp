@@ -1,8 +1,10 @@
 #include "Dismantling.h"
 
+#include <QVarLengthArray>
+
+#include <new>
 #include <utility>
 #include <variant>
-#include <vector>
 
 namespace chem {
 
@@ -11,22 +13,29 @@ namespace {
 /// The two types through which molecules nest.
 using Nest = std::variant<StructuredMolecule, Modification>;
 
+/// Values that wait to die. A nest in which each value holds one other needs a single place, so it
+/// dies without memory.
+using Nests = QVarLengthArray<Nest, 8>;
+
 /// The values that wait to die on this thread; null unless one is being dismantled. A plain
 /// pointer, because molecules may still die after the thread's own objects are gone.
-thread_local constinit std::vector<Nest>* waitingNests = nullptr;
+thread_local constinit Nests* waitingNests = nullptr;
 
 void dismantleNest(Nest&& nest) noexcept
 {
     if (waitingNests) {
-        waitingNests->push_back(std::move(nest));
+        try {
+            waitingNests->append(std::move(nest));
+        } catch (const std::bad_alloc&) { // no memory to wait in: it dies at once, on the stack
+        }
         return;
     }
-    std::vector<Nest> nests;
+    Nests nests;
     waitingNests = &nests;
-    nests.push_back(std::move(nest));
-    while (!nests.empty()) {
-        const Nest dying = std::move(nests.back());
-        nests.pop_back();
+    nests.append(std::move(nest));
+    while (!nests.isEmpty()) {
+        const Nest dying = std::move(nests.last());
+        nests.removeLast();
     }
     waitingNests = nullptr;
 }

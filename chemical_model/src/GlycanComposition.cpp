@@ -10,9 +10,18 @@ namespace chem {
 
 namespace {
 
+/// An expression that is compiled at once. One whose first use gets no memory would stay invalid
+/// for good, and every later text would be refused.
+QRegularExpression compiled(const QString& pattern)
+{
+    QRegularExpression expression(pattern);
+    expression.optimize();
+    return expression;
+}
+
 /// A residue name and its count. Longer names stand before the names that they begin with.
-const QRegularExpression GlycanCompositionPattern(
-    u"(HexNAc|dHex|Fuc|Hex|Pent|NeuAc|NeuGc|Sodium|Na)\\s*\\(([0-9]+)\\)"_s);
+const QRegularExpression GlycanCompositionPattern =
+    compiled(u"(HexNAc|dHex|Fuc|Hex|Pent|NeuAc|NeuGc|Sodium|Na)\\s*\\(([0-9]+)\\)"_s);
 
 /// What a term of a composition adds, if it can be used.
 struct Term

@@ -5,13 +5,10 @@
 #include "TruncateToInt.h"
 
 #include <QDebug>
-#include <QRegularExpression>
 
 #include <algorithm>
 #include <cmath>
 #include <limits>
-
-using namespace Qt::StringLiterals;
 
 namespace chem {
 
@@ -32,16 +29,48 @@ struct Entry
     double abundance = 0.0;
 };
 
+// Read without regular expressions: when an engine gets no memory, it reports no match, and the
+// text would be read as another one.
+
+bool isDigit(QChar character)
+{
+    return character >= u'0' && character <= u'9';
+}
+
+/// ASCII white space.
+bool isBlank(QChar character)
+{
+    return character == u' ' || (character >= u'\t' && character <= u'\r');
+}
+
+/// What stands between the runs of white space, before the first and behind the last included. Text
+/// with a lone surrogate is one piece.
+QStringList splitAtBlanks(const QString& text)
+{
+    QStringList pieces;
+    auto start = text.cbegin();
+    auto end = text.isValidUtf16() ? std::find_if(start, text.cend(), isBlank) : text.cend();
+    while (end != text.cend()) {
+        pieces.append(QString(start, end - start));
+        start = std::find_if_not(end, text.cend(), isBlank);
+        end = std::find_if(start, text.cend(), isBlank);
+    }
+    pieces.append(QString(start, end - start));
+    return pieces;
+}
+
 /// Reads one entry; false if it cannot be told which element it names, or if it has no abundance.
 bool readEntry(const QString& text, Entry* entry)
 {
-    static const QRegularExpression digit(u"[0-9]"_s);
     const QStringList pieces = text.split(u':');
-    const qsizetype firstDigit = pieces.first().indexOf(digit);
-    if (firstDigit < 1 || pieces.size() < 2)
+    const QString& isotope = pieces.first();
+    const qsizetype firstDigit =
+        std::find_if(isotope.cbegin(), isotope.cend(), isDigit) - isotope.cbegin();
+    if (!isotope.isValidUtf16() || firstDigit < 1 || firstDigit == isotope.size() ||
+        pieces.size() < 2)
         return false;
-    entry->symbol = pieces.first().first(firstDigit);
-    entry->massNumber = pieces.first().sliced(firstDigit).toInt();
+    entry->symbol = isotope.first(firstDigit);
+    entry->massNumber = isotope.sliced(firstDigit).toInt();
     entry->abundance = pieces[1].toDouble();
     return true;
 }
@@ -85,8 +114,7 @@ QList<double> ChemicalFactory::massesOf(const QString& symbol) const
 
 bool ChemicalFactory::applyIsotopeOverrides(const QString& isotopeOverrides)
 {
-    static const QRegularExpression whiteSpace(u"\\s+"_s);
-    const QStringList texts = isotopeOverrides.split(whiteSpace);
+    const QStringList texts = splitAtBlanks(isotopeOverrides);
 
     // The known masses gather across the entries, and the first of them is the base of them all:
     // the lightest isotope of the element that the text names first.

@@ -1,5 +1,7 @@
 #include "OligoScanner.h"
 
+#include <new>
+
 using namespace Qt::StringLiterals;
 
 namespace chem {
@@ -140,6 +142,17 @@ qsizetype sizeOfCharacterBefore(QStringView text, qsizetype end)
     return text[end - 1].isLowSurrogate() ? 2 : 1;
 }
 
+/// Lets the engine compile an expression, and tells whether it could. Lack of memory is one of its
+/// errors as well; taken for one of the expression, it would make every text invalid for good.
+bool compiles(const QRegularExpression& expression)
+{
+    if (expression.isValid())
+        return true;
+    if (expression.errorString() == "failed to allocate heap memory"_L1)
+        throw std::bad_alloc();
+    return false;
+}
+
 } // namespace
 
 OligoScanner::OligoScanner(const OligoAlphabets& alphabets)
@@ -163,8 +176,9 @@ OligoScanner::OligoScanner(const OligoAlphabets& alphabets)
     if (!isPlain || size > surelyCompiles) {
         m_fullExpression.setPattern(oligoFullExpression(alphabets));
         m_unitExpression.setPattern(oligoUnitExpression(alphabets));
-        if (!m_fullExpression.isValid())
-            return; // and nothing is in the grammar
+        if (!compiles(m_fullExpression))
+            return;                 // and nothing is in the grammar
+        compiles(m_unitExpression); // may fail: then a body has no units
     }
     m_judge = isSelfContained ? Judge::Tables : Judge::Engine;
     if (isSelfContained)

@@ -21,8 +21,12 @@ template <TransformationEntityInternal::TransformationStep T>
 MoleculeEntity recordStep(StructuredMolecule result, const T& step, const MoleculeEntity& input)
 {
     // Each molecule on the way keeps its own list, so room to grow would never be used.
-    result.transformations.reserve(result.transformations.size() + 1);
-    result.transformations.append(TransformationEntity(step, input));
+    // Made apart: to reserve room in a list with entries, Qt 6.4 does not look for memory.
+    QList<TransformationEntity> history;
+    history.reserve(result.transformations.size() + 1);
+    history.append(result.transformations);
+    history.append(TransformationEntity(step, input));
+    result.transformations = std::move(history);
     return MoleculeEntity(std::move(result));
 }
 

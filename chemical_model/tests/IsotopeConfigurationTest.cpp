@@ -4,6 +4,7 @@
 #include <IsotopeConfiguration.h>
 
 #include <QLoggingCategory>
+#include <QRegularExpression>
 
 #include <gtest/gtest.h>
 
@@ -210,6 +211,30 @@ TEST(IsotopeConfiguration, LabelledMassesHaveTheBitsOfAGenerator)
         EXPECT_TRUE(isMassOfIsoSpec(mono, massesByGenerator(elements).mono));
         EXPECT_TRUE(isMassOfIsoSpec(average, massesByGenerator(elements).average));
     }
+}
+
+TEST(IsotopeConfiguration, EntriesAreSplitWhereAnExpressionFindsWhiteSpace)
+{
+    // A slow second way: what one entry would hold is no abundance, which IsoSpec++ refuses.
+    QString characters;
+    for (char16_t character = 0; character < 0x300; ++character)
+        characters += QChar(character);
+    characters.remove(u':'); // parts an entry, not two of them
+    characters += u"\u1680\u180e\u2000\u2003\u200a\u200b\u2028\u2029\u202f\u205f\u3000\ufeff"_s;
+    characters += QChar(0xd800);
+    const QRegularExpression whiteSpace(u"\\s+"_s);
+    int splitTexts = 0;
+    for (const QChar character : std::as_const(characters)) {
+        const QString text = u"C12:1"_s + character + u"C13:1"_s;
+        SCOPED_TRACE(int(character.unicode()));
+        if (text.split(whiteSpace).size() == 2) {
+            EXPECT_EQ(OpenFactory(text).isotopesBySymbol.value(u"C"_s).size(), 2);
+            ++splitTexts;
+        } else {
+            EXPECT_THROW(OpenFactory{text}, std::invalid_argument);
+        }
+    }
+    EXPECT_EQ(splitTexts, 6); // blank, tab, line feed, vertical tab, form feed, carriage return
 }
 
 TEST(IsotopeConfiguration, LabelledEnvelopeFollows)
