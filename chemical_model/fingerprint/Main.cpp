@@ -126,7 +126,7 @@ QList<QByteArray> linesOf(const char* path)
     return file.readAll().split('\n');
 }
 
-/// Names each row that the file does not have.
+/// Prints the rows and marks each that the file does not have.
 int compare(const char* path, const char* onlyFamily)
 {
     const QList<QByteArray> recorded = linesOf(path);
@@ -135,10 +135,9 @@ int compare(const char* path, const char* onlyFamily)
         return usage();
     int differences = 0;
     for (const Row& row : rows) {
-        if (recorded.contains(row.text()))
-            continue;
-        std::printf("differs: %s\n", row.text().constData());
-        ++differences;
+        const bool isRecorded = recorded.contains(row.text());
+        std::printf("%s%s\n", isRecorded ? "" : "differs: ", row.text().constData());
+        differences += isRecorded ? 0 : 1;
     }
     return differences == 0 ? 0 : 1;
 }
