@@ -146,6 +146,22 @@ QString oldConventionCorrection(ChemicalFactory::BuildingBlockType type)
     }
 }
 
+/// Whether a dictionary is read through what is prepared from it.
+bool hasReader(ChemicalFactory::BuildingBlockType type)
+{
+    switch (type) {
+    case ChemicalFactory::AminoAcidBlock:
+    case ChemicalFactory::NucleobaseBlock:
+    case ChemicalFactory::RiboseBlock:
+    case ChemicalFactory::PhosphateBlock:
+    case ChemicalFactory::FivePrimeTerminalBlock:
+    case ChemicalFactory::ThreePrimeTerminalBlock:
+        return true;
+    default:
+        return false;
+    }
+}
+
 } // namespace
 
 void ChemicalFactory::fillBuildingBlocks()
@@ -177,13 +193,27 @@ ChemicalFactory::BuildingBlockType ChemicalFactory::buildingBlockType(const QStr
 void ChemicalFactory::setBuildingBlock(BuildingBlockType type, const QString& code,
                                        const QString& name, const QString& formula)
 {
+    const NamedMolecule block(constructMolecule(formula), name, code);
+    if (!hasReader(type)) {
+        insertBlock(type, block);
+        return;
+    }
     // Changed apart and moved back, which cannot fail: whatever is thrown on the way, dictionaries
     // and readers stay in step.
     ChemicalFactory changed(*this);
-    changed.buildingBlocks[type].insert(code,
-                                        NamedMolecule(constructMolecule(formula), name, code));
-    changed.prepareReadersOf(type);
+    changed.insertBlock(type, block);
+    changed.prepareReaderOf(type);
     *this = std::move(changed);
+}
+
+/// Puts a block under its code. A dictionary that is missing comes with its first entry.
+void ChemicalFactory::insertBlock(BuildingBlockType type, const NamedMolecule& block)
+{
+    const auto dictionary = buildingBlocks.find(type);
+    if (dictionary == buildingBlocks.end())
+        buildingBlocks.insert(type, {{block.code, block}});
+    else
+        dictionary->insert(block.code, block);
 }
 
 QMap<QString, NamedMolecule> ChemicalFactory::aminoAcids() const

@@ -22,7 +22,7 @@ QSharedPointer<ChemicalFactory> ChemicalFactory::construct(const QString& isotop
     std::unique_ptr<ChemicalFactory> made(new ChemicalFactory);
     made->init(isotopeOverrides);
     const QSharedPointer<ChemicalFactory> factory(made.get());
-    made.release();
+    static_cast<void>(made.release());
     return factory;
 }
 
@@ -90,21 +90,13 @@ std::shared_ptr<const OligoParts> ChemicalFactory::oligoParts() const
     return {std::shared_ptr<void>(), m_oligoParts.get()};
 }
 
-/// Prepares anew what reads the dictionary of `type`.
-void ChemicalFactory::prepareReadersOf(BuildingBlockType type)
+/// Prepares anew what reads the dictionary of `type`: amino acids, or a part of oligonucleotides.
+void ChemicalFactory::prepareReaderOf(BuildingBlockType type)
 {
-    switch (type) {
-    case AminoAcidBlock:
-        return preparePeptideReader();
-    case NucleobaseBlock:
-    case RiboseBlock:
-    case PhosphateBlock:
-    case FivePrimeTerminalBlock:
-    case ThreePrimeTerminalBlock:
-        return prepareOligoReader();
-    default:
-        return;
-    }
+    if (type == AminoAcidBlock)
+        preparePeptideReader();
+    else
+        prepareOligoReader();
 }
 
 QSharedPointer<const ChemicalFactory> defaultChemicalFactory()

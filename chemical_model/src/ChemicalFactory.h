@@ -384,7 +384,9 @@ private:
     ZEL_CHEMICAL_MODEL_NO_EXPORT void fillBuildingBlocks();
     ZEL_CHEMICAL_MODEL_NO_EXPORT void fillConstants();
     ZEL_CHEMICAL_MODEL_NO_EXPORT void prepareReaders();
-    ZEL_CHEMICAL_MODEL_NO_EXPORT void prepareReadersOf(BuildingBlockType type);
+    ZEL_CHEMICAL_MODEL_NO_EXPORT void prepareReaderOf(BuildingBlockType type);
+    ZEL_CHEMICAL_MODEL_NO_EXPORT void insertBlock(BuildingBlockType type,
+                                                  const NamedMolecule& block);
     ZEL_CHEMICAL_MODEL_NO_EXPORT void preparePeptideReader();
     ZEL_CHEMICAL_MODEL_NO_EXPORT PeptideParts makePeptideParts() const;
     ZEL_CHEMICAL_MODEL_NO_EXPORT void prepareOligoReader();
@@ -403,7 +405,8 @@ private:
                                                            NamedMolecule* threePrime) const;
 
     // What the table and the dictionaries come to, worked out whenever they change. Null before
-    // init() and after a move, and then read as what the table and the dictionaries hold: nothing.
+    // init(), after a move and, but for the masses, after a configuration text that cannot be read;
+    // then made from what is there.
     ZEL_CHEMICAL_MODEL_NO_EXPORT const ElementMasses& elementMasses() const;
     ZEL_CHEMICAL_MODEL_NO_EXPORT std::shared_ptr<const PeptideParts> peptideParts() const;
     ZEL_CHEMICAL_MODEL_NO_EXPORT const OligoScanner& oligoScanner() const;

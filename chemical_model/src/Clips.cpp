@@ -172,8 +172,7 @@ private:
                       const QString& letters, Ranges* ranges) const
     {
         const int cut = static_cast<int>(match.capturedEnd(0));
-        // An empty rest is null in a chain of terminals alone, and nothing starts with what is
-        // null.
+        // In a chain of terminals alone the rest is null, which starts with nothing but null.
         if (!after.isEmpty() && !QStringView(letters).sliced(cut).startsWith(after))
             return;
         ranges->append(range(1, cut + 1));

@@ -143,7 +143,8 @@ qsizetype sizeOfCharacterBefore(QStringView text, qsizetype end)
 }
 
 /// Lets the engine compile an expression, and tells whether it could. Lack of memory is one of its
-/// errors as well; taken for one of the expression, it would make every text invalid for good.
+/// errors as well; taken for one of the expression, it would make every text invalid for good. Qt
+/// tells the errors apart by their texts alone.
 bool compiles(const QRegularExpression& expression)
 {
     if (expression.isValid())

@@ -42,13 +42,12 @@ void ChemicalFactory::parseAminoAcidSequence(const QString& sequence,
                                              NamedMolecule* nTerminal,
                                              NamedMolecule* cTerminal) const
 {
-    const QString letters = sequence; // the caller's may be a text of one of the terminals
     const auto parts = peptideParts();
-    *nTerminal = parts->nTerminal;
-    *cTerminal = parts->cTerminal;
-    aminoAcids->reserve(letters.size());
-    for (const QChar letter : letters)
+    aminoAcids->reserve(sequence.size());
+    for (const QChar letter : sequence)
         aminoAcids->append(QSharedPointer<AminoAcid>::create(parts->residues.entry(letter)));
+    *nTerminal = parts->nTerminal; // last, as the sequence may be a text of one of them
+    *cTerminal = parts->cTerminal;
 }
 
 QSharedPointer<MoleculeComplex>

@@ -21,7 +21,7 @@ template <TransformationEntityInternal::TransformationStep T>
 MoleculeEntity recordStep(StructuredMolecule result, const T& step, const MoleculeEntity& input)
 {
     // Each molecule on the way keeps its own list, so room to grow would never be used.
-    // Made apart: to reserve room in a list with entries, Qt 6.4 does not look for memory.
+    // Made apart: to reserve room in a list with entries, Qt 6.4 does not check for memory.
     QList<TransformationEntity> history;
     history.reserve(result.transformations.size() + 1);
     history.append(result.transformations);

@@ -283,4 +283,41 @@ TEST(BuildingBlocks, EveryKindCanBeStoredNoKindIncluded)
     EXPECT_EQ(factory.buildingBlocks.size(), 13);
 }
 
+TEST(BuildingBlocks, TextsMayLieInTheDictionaryThatChanges)
+{
+    for (const auto type : {ChemicalFactory::AminoAcidBlock, ChemicalFactory::SugarBlock}) {
+        OpenFactory factory;
+        factory.setBuildingBlock(type, u"J"_s, u"C3H4"_s, u"N"_s);
+        const chem::NamedMolecule& entry = factory.buildingBlocks[type][u"J"_s];
+        factory.setBuildingBlock(type, entry.code, entry.name, entry.name);
+        const chem::NamedMolecule stored = factory.buildingBlocks[type][u"J"_s];
+        EXPECT_EQ(stored.code, u"J"_s);
+        EXPECT_EQ(stored.name, u"C3H4"_s);
+        EXPECT_EQ(stored.formula().toString(), u"C3H4"_s);
+    }
+}
+
+TEST(BuildingBlocks, RefusedIsotopesLeaveEverythingAsItWas)
+{
+    OpenFactory factory(u"Au197:0"_s);
+    const auto before = factory.buildingBlocks.value(ChemicalFactory::AminoAcidBlock).keys();
+    for (const auto type : {ChemicalFactory::AminoAcidBlock, ChemicalFactory::GlycanBlock})
+        EXPECT_THROW(factory.setBuildingBlock(type, u"J"_s, u"gold"_s, u"Au"_s),
+                     std::invalid_argument);
+    EXPECT_EQ(factory.buildingBlocks.value(ChemicalFactory::AminoAcidBlock).keys(), before);
+    EXPECT_FALSE(factory.buildingBlocks.contains(ChemicalFactory::GlycanBlock));
+    EXPECT_EQ(factory.constructLinearPeptideComplex(u"J"_s)->formula().toString(), u"H2O"_s);
+}
+
+TEST(BuildingBlocks, FactoryThatWasMovedFromCanBeFilledAnew)
+{
+    ChemicalFactory source = *chem::defaultChemicalFactory();
+    const ChemicalFactory target = std::move(source);
+    // NOLINTBEGIN(bugprone-use-after-move)
+    source.setBuildingBlock(ChemicalFactory::AminoAcidBlock, u"J"_s, u"any"_s, u"C2"_s);
+    const auto peptide = source.constructLinearPeptideComplex(u"GJ"_s);
+    // NOLINTEND(bugprone-use-after-move)
+    EXPECT_EQ(peptide->formula().toString(), u"C2H2O"_s);
+}
+
 } // namespace

@@ -237,6 +237,14 @@ TEST(IsotopeConfiguration, EntriesAreSplitWhereAnExpressionFindsWhiteSpace)
     EXPECT_EQ(splitTexts, 6); // blank, tab, line feed, vertical tab, form feed, carriage return
 }
 
+TEST(IsotopeConfiguration, LoneSurrogatesMakeNoEntry)
+{
+    // The expression finds no digit in such a piece and no white space in such a text.
+    const QString surrogate = QChar(0xd800);
+    EXPECT_TRUE(OpenFactory(u"C13"_s + surrogate + u":1"_s).buildingBlocks.isEmpty());
+    EXPECT_THROW(OpenFactory(u"C12:1 C13:1:"_s + surrogate), std::invalid_argument);
+}
+
 TEST(IsotopeConfiguration, LabelledEnvelopeFollows)
 {
     const OpenFactory factory(u"C13:1"_s);

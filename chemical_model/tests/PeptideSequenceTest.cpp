@@ -161,6 +161,23 @@ TEST(PeptideSequence, OverwritesBothTerminiWithTheStandardOnes)
     EXPECT_TRUE(aminoAcids.isEmpty());
 }
 
+TEST(PeptideSequence, TextMayLieInEitherOfTheOutputs)
+{
+    for (QString NamedMolecule::*field : {&NamedMolecule::name, &NamedMolecule::code}) {
+        for (const bool isLeft : {true, false}) {
+            NamedMolecule nTerminal;
+            NamedMolecule cTerminal;
+            QString& own = (isLeft ? nTerminal : cTerminal).*field;
+            own = u"GA"_s.repeated(2);
+            AminoAcids aminoAcids;
+            naturalFactory().parseAminoAcidSequence(own, &aminoAcids, &nTerminal, &cTerminal);
+            EXPECT_EQ(codesOf(aminoAcids), u"GAGA"_s);
+            EXPECT_EQ(nTerminal.code, u"H-"_s);
+            EXPECT_EQ(cTerminal.code, u"-OH"_s);
+        }
+    }
+}
+
 TEST(PeptideSequence, ChainDelimeterIsASlashThatTheReadersDoNotKnow)
 {
     EXPECT_EQ(ChemicalFactory::ChainDelimeter, u'/');
@@ -464,23 +481,6 @@ RC_GTEST_PROP(PeptideComplexProperty, JoiningTwoPeptidesLosesOneWater, ())
     const Molecule apart = *factory.constructLinearPeptideComplex(left) +
                            *factory.constructLinearPeptideComplex(right);
     RC_ASSERT(joined.formula().elementCountMap() == apart.formula().elementCountMap());
-}
-
-TEST(PeptideSequence, TextMayLieInEitherOfTheOutputs)
-{
-    for (QString NamedMolecule::*field : {&NamedMolecule::name, &NamedMolecule::code}) {
-        for (const bool isLeft : {true, false}) {
-            NamedMolecule nTerminal;
-            NamedMolecule cTerminal;
-            QString& own = (isLeft ? nTerminal : cTerminal).*field;
-            own = u"GA"_s.repeated(2);
-            AminoAcids aminoAcids;
-            naturalFactory().parseAminoAcidSequence(own, &aminoAcids, &nTerminal, &cTerminal);
-            EXPECT_EQ(codesOf(aminoAcids), u"GAGA"_s);
-            EXPECT_EQ(nTerminal.code, u"H-"_s);
-            EXPECT_EQ(cTerminal.code, u"-OH"_s);
-        }
-    }
 }
 
 } // namespace
