@@ -64,7 +64,7 @@ ClipOptions byRule(const QString& before, const QString& after)
 QList<Range> cuts(const QString& letters, const QString& before, const QString& after)
 {
     QList<Range> found = ranges(proteinOf(letters), byRule(before, after));
-    EXPECT_EQ(found.value(0), Range(0, 0, static_cast<int>(letters.size()) + 1));
+    EXPECT_EQ(found.value(0), (Range{0, 0, static_cast<int>(letters.size()) + 1}));
     return found.mid(1);
 }
 

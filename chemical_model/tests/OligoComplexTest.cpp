@@ -1,5 +1,6 @@
 #include "OpenFactory.h"
 #include "TestPrinters.h"
+#include "TestSeed.h"
 #include <ChemicalFactory.h>
 
 #include <gtest/gtest.h>
@@ -134,7 +135,7 @@ QString randomText(std::mt19937& random)
 TEST(OligoComplex, HasTheBitsOfItsDefinition)
 {
     const OpenFactory factory = richFactory();
-    std::mt19937 random(20261121);
+    std::mt19937 random(testSeed(20261121));
     for (int i = 0; i < 500; ++i) {
         const QString text = randomText(random);
         Nucleotides nucleotides;
@@ -153,7 +154,7 @@ TEST(OligoComplex, HasTheBitsOfItsDefinition)
 TEST(OligoComplex, EveryRungOfALadderHasTheBitsOfItsDefinition)
 {
     const OpenFactory factory = richFactory();
-    std::mt19937 random(20261122);
+    std::mt19937 random(testSeed(20261122));
     for (int i = 0; i < 50; ++i) {
         const QString text = randomText(random);
         Nucleotides nucleotides;
@@ -177,7 +178,7 @@ TEST(OligoComplex, TakesNucleotidesThatACallerBuilt)
 {
     // Equal texts with other molecules, and more different bases than a chain usually has.
     const OpenFactory factory;
-    std::mt19937 random(20261123);
+    std::mt19937 random(testSeed(20261123));
     Nucleotides nucleotides;
     for (int i = 0; i < 200; ++i) {
         const double mass = static_cast<double>(random() % 60);
