@@ -31,7 +31,8 @@ std::string describePeptides(const chem::ChemicalFactory& factory)
 std::string describeOligos(const chem::ChemicalFactory& factory)
 {
     std::string text;
-    for (const QString& oligo : {u"{rA*C}"_s, u"rZ*A"_s, u"A!C"_s, u"bA"_s, u"dT-3.5"_s}) {
+    for (const QString& oligo :
+         {u"{rA*C}"_s, u"rZ*A"_s, u"A!C"_s, u"bA"_s, u"dT-3.5"_s, u"A[x]"_s}) {
         QList<QSharedPointer<const chem::Nucleotide>> nucleotides;
         chem::NamedMolecule left;
         chem::NamedMolecule right;
@@ -40,6 +41,20 @@ std::string describeOligos(const chem::ChemicalFactory& factory)
                                     right, factory.constructLinearOligoComplex(oligo)));
     }
     return text + describe(factory.generateFullOligoRegex());
+}
+
+/// The keys of all dictionaries, also of those that no reader reads.
+std::string describeDictionaries(const chem::ChemicalFactory& factory)
+{
+    struct Open : public chem::ChemicalFactory
+    {
+        using ChemicalFactory::buildingBlocks;
+    };
+    std::string text;
+    const auto dictionaries = factory.*(&Open::buildingBlocks);
+    for (auto dictionary = dictionaries.cbegin(); dictionary != dictionaries.cend(); ++dictionary)
+        text += describe(int(dictionary.key())) + describe(dictionary->keys());
+    return text;
 }
 
 std::string describeGlycans(const chem::ChemicalFactory& factory)
@@ -184,8 +199,8 @@ std::string describe(const chem::ClipOptions& value)
 
 std::string describe(const chem::ChemicalFactory& value)
 {
-    return describeMasses(value) + describePeptides(value) + describeOligos(value) +
-           describeGlycans(value);
+    return describeDictionaries(value) + describeMasses(value) + describePeptides(value) +
+           describeOligos(value) + describeGlycans(value);
 }
 
 } // namespace faults

@@ -12,7 +12,7 @@
 // The program's own definitions take the place of those of the C library and of the address
 // sanitizer, for itself and for every shared library that it loads. They hand on to the next ones
 // by their second names: no look-up at run time, which would have to allocate itself.
-#ifdef __SANITIZE_ADDRESS__
+#ifdef FAULTS_WITH_ADDRESS_SANITIZER
 #define NEXT(function) __interceptor_##function
 #else
 #define NEXT(function) __libc_##function
@@ -24,6 +24,11 @@ void* NEXT(calloc)(std::size_t count, std::size_t size);
 void* NEXT(realloc)(void* block, std::size_t size);
 void* NEXT(memalign)(std::size_t alignment, std::size_t size);
 void NEXT(free)(void* block);
+
+#ifdef FAULTS_WITH_ADDRESS_SANITIZER
+int __sanitizer_get_ownership(const volatile void* block);
+std::size_t __sanitizer_get_allocated_size(const volatile void* block);
+#endif
 }
 
 namespace faults {
@@ -64,12 +69,22 @@ bool refuses(Way way, std::size_t size)
     return true;
 }
 
+std::size_t sizeOf(void* block)
+{
+#ifdef FAULTS_WITH_ADDRESS_SANITIZER
+    // What the sanitizer asked for while it started is not its own.
+    return __sanitizer_get_ownership(block) ? __sanitizer_get_allocated_size(block) : 0;
+#else
+    return malloc_usable_size(block);
+#endif
+}
+
 void* counted(void* block)
 {
     if (!block)
         return block;
     liveBlocks.fetch_add(1, std::memory_order_relaxed);
-    const std::size_t size = malloc_usable_size(block);
+    const std::size_t size = sizeOf(block);
     const std::size_t bytes = liveBytes.fetch_add(size, std::memory_order_relaxed) + size;
     std::size_t most = mostBytes.load(std::memory_order_relaxed);
     while (bytes > most && !mostBytes.compare_exchange_weak(most, bytes, std::memory_order_relaxed))
@@ -82,7 +97,7 @@ void discount(void* block)
     if (!block)
         return;
     liveBlocks.fetch_sub(1, std::memory_order_relaxed);
-    liveBytes.fetch_sub(malloc_usable_size(block), std::memory_order_relaxed);
+    liveBytes.fetch_sub(sizeOf(block), std::memory_order_relaxed);
 }
 
 void* refused()
@@ -107,7 +122,7 @@ void* reallocate(void* block, std::size_t size)
         return refused();
     if (!block)
         return counted(NEXT(malloc)(size));
-    const std::size_t before = malloc_usable_size(block);
+    const std::size_t before = sizeOf(block);
     void* const moved = NEXT(realloc)(block, size);
     if (!moved && size > 0)
         return moved; // the old block lives on

@@ -115,7 +115,7 @@ TEST(FormulaFaults, EstimatingMasses)
     });
 }
 
-TEST(FormulaFaults, EnvelopesAreEmptyOrCompleteInTheirFactory)
+TEST(FormulaFaults, Envelopes)
 {
     const auto make = [] {
         const auto factory = chem::defaultChemicalFactory();
@@ -128,7 +128,7 @@ TEST(FormulaFaults, EnvelopesAreEmptyOrCompleteInTheirFactory)
     });
 }
 
-TEST(FormulaFaults, RefusedEnvelopesWarn)
+TEST(FormulaFaults, RefusedEnvelopes)
 {
     const auto make = [] {
         return std::tuple(oddFormula(), QList<QPointF>{{1.0, 2.0}});

@@ -17,7 +17,8 @@ QSharedPointer<ChemicalFactory> freshFactory()
     return ChemicalFactory::construct(QString());
 }
 
-/// With a key that only the expression engine can judge: it closes its class and opens another.
+/// With a key that only the expression engine can judge: it closes its class, so that a base is one
+/// of the letters, perhaps "PEG", and "[x]".
 QSharedPointer<ChemicalFactory> factoryForTheEngine()
 {
     const auto factory = freshFactory();
@@ -71,8 +72,9 @@ TEST(SequenceFaults, ReadingOligonucleotidesOfManyUnits)
 
 TEST(SequenceFaults, ReadingOligonucleotidesWithTheEngine)
 {
-    expectSafeOligo(u"x"_s, factoryForTheEngine);
-    expectSafeOligo(u"rx*"_s, factoryForTheEngine);
+    ASSERT_TRUE(factoryForTheEngine()->isValidOligoSequence(u"rAPEG[x]*C[x]"_s));
+    expectSafeOligo(u"A[x]"_s, factoryForTheEngine);
+    expectSafeOligo(u"rAPEG[x]*C[x]"_s, factoryForTheEngine);
 }
 
 TEST(SequenceFaults, MakingExpressions)

@@ -162,12 +162,12 @@ TEST(StructureFaults, HistoriesAreReplayed)
     });
 }
 
-void expectSafeClips(const ClipOptions& options)
+void expectSafeClips(const ClipOptions& options, Afterwards afterwards = Afterwards::OldOrNew)
 {
     const auto make = [] {
         return std::tuple(protein(), QList<MoleculeEntity>());
     };
-    failAtEveryAllocation(Afterwards::OldOrNew, make, [&options](auto& state) {
+    failAtEveryAllocation(afterwards, make, [&options](auto& state) {
         auto& [molecule, clips] = state;
         clips = chem::generateClips(molecule, nullptr, options);
     });
@@ -190,7 +190,9 @@ TEST(StructureFaults, ClipsByDepth)
 
 TEST(StructureFaults, ClipsByResidue)
 {
-    expectSafeClips(ClipOptions::createClipByResidue({u"K"_s, QString()}, {u"C"_s, u"[KR]"_s}));
+    // An expression whose engine gets no memory reports no match, so cuts may be missing.
+    expectSafeClips(ClipOptions::createClipByResidue({u"K"_s, QString()}, {u"C"_s, u"[KR]"_s}),
+                    Afterwards::Usable);
 }
 
 TEST(StructureFaults, OptionsOfClips)

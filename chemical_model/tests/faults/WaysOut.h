@@ -10,8 +10,8 @@
 
 /// \file
 /// What Qt and IsoSpec++ are known to do with an allocation that fails, apart from throwing
-/// `std::bad_alloc`. Each is told by who asked for the memory, so that a fault of this library's
-/// own never passes for one of them.
+/// `std::bad_alloc`. Each is told by who asked for the memory. Which of the library's lines made
+/// Qt ask is not looked at: a list that could be made in a safer way passes for Qt's way out.
 
 namespace faults {
 
