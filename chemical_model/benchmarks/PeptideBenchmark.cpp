@@ -4,12 +4,15 @@
 #include "BenchmarkInputs.h"
 #include "BenchmarkIsotopes.h"
 #include <ChemicalModel.h>
-#include <malloc.h>
 
 #include <benchmark/benchmark.h>
 
 #include <array>
 #include <vector>
+
+#ifdef __GLIBC__
+#include <malloc.h>
+#endif
 
 namespace {
 
@@ -196,6 +199,7 @@ void floorCopyFragments(benchmark::State& state)
 }
 BENCHMARK(floorCopyFragments);
 
+#ifdef __GLIBC__ // other C libraries do not tell what is in use
 /// What the fragment lists hold of the heap, a fragment.
 void memoryOfFlatFragments(benchmark::State& state)
 {
@@ -215,6 +219,7 @@ void memoryOfFlatFragments(benchmark::State& state)
     state.counters["bytes_of_the_object"] = sizeof(chem::SimpleFragment);
 }
 BENCHMARK(memoryOfFlatFragments)->Iterations(1);
+#endif
 
 /// Peptides of 10 to 50 residues, or one protein of so many residues.
 QList<chem::Molecule> moleculesOf(std::int64_t residues)

@@ -121,7 +121,7 @@ int printValues(const char* name)
 QList<QByteArray> linesOf(const char* path)
 {
     QFile file(QString::fromLocal8Bit(path));
-    if (!file.open(QIODevice::ReadOnly))
+    if (!file.open(QIODevice::ReadOnly | QIODevice::Text))
         return {};
     return file.readAll().split('\n');
 }
