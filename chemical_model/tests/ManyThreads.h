@@ -35,6 +35,16 @@ constexpr int longRounds = racesAreDetected ? 20 : 3;
 
 constexpr int threadCount = 4;
 
+/// Calls `work` with the number of its thread, or without if it takes none.
+template <typename Work>
+void callAs([[maybe_unused]] int number, const Work& work)
+{
+    if constexpr (std::invocable<Work, int>)
+        work(number);
+    else
+        work();
+}
+
 /// Runs `work` on this many threads that start at the same moment. Work that takes a number gets
 /// that of its thread, from 0.
 template <typename Work>
@@ -46,10 +56,7 @@ void atOnce(const Work& work, int count = threadCount)
     for (int number = 0; number < count; ++number) {
         threads.emplace_back([&start, &work, number] {
             start.arrive_and_wait();
-            if constexpr (std::invocable<Work, int>)
-                work(number);
-            else
-                work();
+            callAs(number, work);
         });
     }
 }
