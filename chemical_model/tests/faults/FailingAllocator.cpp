@@ -50,23 +50,29 @@ constinit std::atomic<std::size_t> liveBlocks = 0;
 constinit std::atomic<std::size_t> liveBytes = 0;
 constinit std::atomic<std::size_t> mostBytes = 0;
 
+/// The first refusal is recorded; all of them are told to the action.
+void noteRefusal(Request refused)
+{
+    isRecording = true;
+    if (!isRefusing) {
+        isRefusing = true;
+        request = refused;
+        callStack.record();
+    }
+    if (refusalAction)
+        refusalAction(refused);
+    isRecording = false;
+}
+
 /// Tells whether this allocation is to fail.
 bool refuses(Way way, std::size_t size)
 {
     if (remaining == never || isRecording)
         return false;
-    if (isRefusing)
-        return isLasting;
-    if (--remaining > 0)
-        return false;
-    isRefusing = true;
-    isRecording = true;
-    request = {way, size};
-    callStack.record();
-    if (refusalAction)
-        refusalAction(request);
-    isRecording = false;
-    return true;
+    const bool isRefused = isRefusing ? isLasting : --remaining == 0;
+    if (isRefused)
+        noteRefusal({way, size});
+    return isRefused;
 }
 
 std::size_t sizeOf(void* block)
