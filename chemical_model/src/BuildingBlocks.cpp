@@ -194,16 +194,26 @@ void ChemicalFactory::setBuildingBlock(BuildingBlockType type, const QString& co
                                        const QString& name, const QString& formula)
 {
     const NamedMolecule block(constructMolecule(formula), name, code);
-    if (!hasReader(type)) {
-        insertBlock(type, block);
+    if (!hasReader(type) && ownsDictionary(type)) {
+        insertBlock(type, block); // comes whole or not at all
         return;
     }
-    // Changed apart and moved back, which cannot fail: whatever is thrown on the way, dictionaries
-    // and readers stay in step.
+    // Changed apart and moved back, which cannot fail: whatever is thrown on the way, no dictionary
+    // is half copied, and dictionaries and readers stay in step.
     ChemicalFactory changed(*this);
     changed.insertBlock(type, block);
-    changed.prepareReaderOf(type);
+    if (hasReader(type))
+        changed.prepareReaderOf(type);
     *this = std::move(changed);
+}
+
+/// Whether no copy of the factory shares the dictionary of `type`, so that it can be changed in
+/// place.
+bool ChemicalFactory::ownsDictionary(BuildingBlockType type) const
+{
+    const auto dictionary = buildingBlocks.constFind(type);
+    return buildingBlocks.isDetached() &&
+           (dictionary == buildingBlocks.cend() || dictionary->isDetached());
 }
 
 /// Puts a block under its code. A dictionary that is missing comes with its first entry.

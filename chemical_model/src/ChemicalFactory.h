@@ -385,6 +385,7 @@ private:
     ZEL_CHEMICAL_MODEL_NO_EXPORT void fillConstants();
     ZEL_CHEMICAL_MODEL_NO_EXPORT void prepareReaders();
     ZEL_CHEMICAL_MODEL_NO_EXPORT void prepareReaderOf(BuildingBlockType type);
+    ZEL_CHEMICAL_MODEL_NO_EXPORT bool ownsDictionary(BuildingBlockType type) const;
     ZEL_CHEMICAL_MODEL_NO_EXPORT void insertBlock(BuildingBlockType type,
                                                   const NamedMolecule& block);
     ZEL_CHEMICAL_MODEL_NO_EXPORT void preparePeptideReader();
