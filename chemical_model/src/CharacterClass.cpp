@@ -28,7 +28,10 @@ bool isPlain(QStringView text)
         !text.isValidUtf16())
         return false;
     for (qsizetype i = 0; i < text.size(); ++i) {
-        if (text[i] == u'\\' && !isBracket(text[++i]))
+        if (text[i] != u'\\')
+            continue;
+        ++i; // the escaped character
+        if (!isBracket(text[i]))
             return false;
     }
     return true;

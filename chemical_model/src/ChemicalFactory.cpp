@@ -22,7 +22,7 @@ QSharedPointer<ChemicalFactory> ChemicalFactory::construct(const QString& isotop
     std::unique_ptr<ChemicalFactory> made(new ChemicalFactory);
     made->init(isotopeOverrides);
     const QSharedPointer<ChemicalFactory> factory(made.get());
-    static_cast<void>(made.release());
+    [[maybe_unused]] const ChemicalFactory* const owned = made.release();
     return factory;
 }
 

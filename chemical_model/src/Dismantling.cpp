@@ -26,7 +26,8 @@ void dismantleNest(Nest&& nest) noexcept
     if (waitingNests) {
         try {
             waitingNests->append(std::move(nest));
-        } catch (const std::bad_alloc&) { // no memory to wait in: it dies at once, on the stack
+        } catch (const std::bad_alloc&) {
+            return; // no memory to wait in: it dies at once, on the stack
         }
         return;
     }

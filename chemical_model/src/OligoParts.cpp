@@ -128,7 +128,9 @@ OligoParts::Slot* OligoParts::slotFor(quint64 key) const
 const PreparedNucleotide* OligoParts::prepared(const OligoUnit& unit, bool isLast) const
 {
     const std::optional<quint64> key = keyOf(unit, isLast);
-    Slot* const slot = key ? slotFor(*key) : nullptr;
+    if (!key)
+        return nullptr;
+    Slot* const slot = slotFor(*key);
     if (!slot)
         return nullptr;
     const PreparedNucleotide* found = slot->load(std::memory_order_acquire);
