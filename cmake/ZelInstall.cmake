@@ -15,7 +15,7 @@ install(
 install(
     FILES ${PROJECT_SOURCE_DIR}/common_stable/src/Error.h
           ${PROJECT_BINARY_DIR}/common_stable/CommonStableExport.h
-          ${PROJECT_BINARY_DIR}/chemical_model/ChemicalModelExport.h
+          ${PROJECT_BINARY_DIR}/chemical_model/include/zel_chemical_model/ChemicalModelExport.h
     DESTINATION ${headers_dir}
     COMPONENT development)
 

@@ -388,15 +388,27 @@ void complexFromRna(benchmark::State& state)
 }
 BENCHMARK(complexFromRna)->Arg(5000)->Unit(benchmark::kMicrosecond);
 
-// A building block of the caller: the readers are prepared anew.
+// Building blocks of a caller, each under a key of its own, and then a text that is read with them.
 
-void setBuildingBlock(benchmark::State& state)
+template <ChemicalFactory::BuildingBlockType type>
+void setBuildingBlocks(benchmark::State& state)
 {
-    const auto own = ChemicalFactory::construct(QString());
-    for (auto _ : state)
-        own->setBuildingBlock(ChemicalFactory::NucleobaseBlock, u"X"_s, u"Xanthine"_s,
-                              u"C5H3N4O2"_s);
+    for (auto _ : state) {
+        const auto own = ChemicalFactory::construct(QString());
+        for (int key = 0; key < state.range(0); ++key)
+            own->setBuildingBlock(type, QChar(char16_t(0x4e00 + key)), u"Xanthine"_s,
+                                  u"C5H3N4O2"_s);
+        benchmark::DoNotOptimize(own->isValidOligoSequence(u"rA*C"_s));
+        benchmark::DoNotOptimize(own->constructLinearPeptideComplex(u"AC"_s));
+    }
 }
-BENCHMARK(setBuildingBlock);
+BENCHMARK(setBuildingBlocks<ChemicalFactory::AminoAcidBlock>)
+    ->RangeMultiplier(2)
+    ->Range(250, 2000)
+    ->Unit(benchmark::kMillisecond);
+BENCHMARK(setBuildingBlocks<ChemicalFactory::NucleobaseBlock>)
+    ->RangeMultiplier(2)
+    ->Range(250, 2000)
+    ->Unit(benchmark::kMillisecond);
 
 } // namespace

@@ -1,11 +1,11 @@
 #pragma once
 
 #include "ChemicalFormula.h"
-#include "ChemicalModelExport.h"
 #include "FragmentType.h"
 #include "LinearComplex.h"
 #include "Molecule.h"
-#include <Error.h>
+#include <zel_chemical_model/ChemicalModelExport.h>
+#include <zel_chemical_model/Error.h>
 
 #include <QChar>
 #include <QList>
@@ -18,13 +18,6 @@
 #include <memory>
 
 namespace chem {
-
-class ElementMasses;
-class OligoParts;
-class OligoScanner;
-struct OligoAlphabets;
-class PeptidePartsByThread;
-struct PeptideParts;
 
 /// Reads text and makes molecules from it, with masses from one isotope table.
 ///
@@ -40,11 +33,9 @@ struct PeptideParts;
 /// \endcode
 ///
 /// Failure is quiet: see each function for what it makes of text that it cannot read. Output
-/// pointers are never tested for null.
-///
-/// Every const function may be called on one factory from any number of threads at once.
-/// setBuildingBlock() and assignment need the caller's exclusion. A copy is cheap: the data is
-/// shared until one of the two is changed.
+/// pointers are never tested for null. Every const function may be called on one factory from any
+/// number of threads at once. setBuildingBlock() and assignment need the caller's exclusion. A copy
+/// is cheap: the data is shared until one of the two is changed.
 class ZEL_CHEMICAL_MODEL_EXPORT ChemicalFactory
 {
 public:
@@ -265,7 +256,6 @@ public:
     /// Appends the complexes of a truncation ladder: the whole text, then 1 to
     /// `fivePrimeTruncations` nucleotides off the 5' end, then 1 to `threePrimeTruncations` off the
     /// 3' end.
-    ///
     /// Truncation changes neither terminals nor phosphates, so a text cut at its 3' end keeps the
     /// phosphate of its last nucleotide. A text outside the grammar gives complexes of the default
     /// terminals alone. Beyond the length of the text, 5' truncations give the terminals alone and
@@ -280,13 +270,11 @@ public:
     /// @{
 
     /// Tells whether `composition`, such as "HexNAc(2)Hex(5)", has at least one term and all its
-    /// terms can be used.
-    ///
-    /// A term is HexNAc, dHex, Fuc, Hex, Pent, NeuAc, NeuGc, Sodium or Na, in this case, then
-    /// optional white space and a decimal count in parentheses without blanks. Any other text is
-    /// skipped. A term cannot be used if the "Sugar" dictionary has no such entry or if the count
-    /// exceeds 2147483647; a count of 0 is valid. setBuildingBlock() changes what these names weigh
-    /// but adds no name.
+    /// terms can be used. A term is HexNAc, dHex, Fuc, Hex, Pent, NeuAc, NeuGc, Sodium or Na, in
+    /// this case, then optional white space and a decimal count in parentheses without blanks. Any
+    /// other text is skipped. A term cannot be used if the "Sugar" dictionary has no such entry or
+    /// if the count exceeds 2147483647; a count of 0 is valid. setBuildingBlock() changes what
+    /// these names weigh but adds no name.
     bool isValidGlycanComposition(const QString& composition) const;
 
     /// Adds up the residues of a composition, stored masses times counts in the order of the terms.
@@ -360,63 +348,9 @@ protected:
     /// @}
 
 private:
-    // Private functions are no part of the binary interface, so they are not exported.
-    struct IsoData;
-
-    // The isotope table.
-    ZEL_CHEMICAL_MODEL_NO_EXPORT void loadIsotopeTable();
-    ZEL_CHEMICAL_MODEL_NO_EXPORT void indexIsotope(qsizetype position);
-    ZEL_CHEMICAL_MODEL_NO_EXPORT void indexIsotopes();
-    ZEL_CHEMICAL_MODEL_NO_EXPORT QList<double> massesOf(const QString& symbol) const;
-    ZEL_CHEMICAL_MODEL_NO_EXPORT bool applyIsotopeOverrides(const QString& isotopeOverrides);
-    ZEL_CHEMICAL_MODEL_NO_EXPORT void replaceIsotopes(const QString& symbol,
-                                                      QList<IsotopeRecord> replacements);
-
-    // From isotopes to masses.
-    ZEL_CHEMICAL_MODEL_NO_EXPORT void priceElements();
-    ZEL_CHEMICAL_MODEL_NO_EXPORT bool hasValidElements(const QList<QString>& elements) const;
-    ZEL_CHEMICAL_MODEL_NO_EXPORT IsoData makeIsoWithDictionary(const QList<QString>& elements,
-                                                               const QList<int>& counts) const;
-    ZEL_CHEMICAL_MODEL_NO_EXPORT double
-    averageToMonoMassRatio(const ChemicalFormula& formula) const;
-
-    // Dictionaries and constants.
-    ZEL_CHEMICAL_MODEL_NO_EXPORT void fillBuildingBlocks();
-    ZEL_CHEMICAL_MODEL_NO_EXPORT void fillConstants();
-    ZEL_CHEMICAL_MODEL_NO_EXPORT void prepareReaders();
-    ZEL_CHEMICAL_MODEL_NO_EXPORT void prepareReaderOf(BuildingBlockType type);
-    ZEL_CHEMICAL_MODEL_NO_EXPORT bool ownsDictionary(BuildingBlockType type) const;
-    ZEL_CHEMICAL_MODEL_NO_EXPORT void insertBlock(BuildingBlockType type,
-                                                  const NamedMolecule& block);
-    ZEL_CHEMICAL_MODEL_NO_EXPORT void preparePeptideReader();
-    ZEL_CHEMICAL_MODEL_NO_EXPORT PeptideParts makePeptideParts() const;
-    ZEL_CHEMICAL_MODEL_NO_EXPORT void prepareOligoReader();
-    ZEL_CHEMICAL_MODEL_NO_EXPORT std::shared_ptr<const OligoParts> makeOligoParts() const;
-    ZEL_CHEMICAL_MODEL_NO_EXPORT QMap<QString, NamedMolecule> aminoAcids() const;
-    ZEL_CHEMICAL_MODEL_NO_EXPORT QMap<QString, NamedMolecule> nucleobases() const;
-    ZEL_CHEMICAL_MODEL_NO_EXPORT QMap<QString, NamedMolecule> riboses() const;
-    ZEL_CHEMICAL_MODEL_NO_EXPORT QMap<QString, NamedMolecule> phosphates() const;
-    ZEL_CHEMICAL_MODEL_NO_EXPORT QMap<QString, NamedMolecule> sugarBases() const;
-    ZEL_CHEMICAL_MODEL_NO_EXPORT QMap<QString, NamedMolecule> fivePrimeTerminals() const;
-    ZEL_CHEMICAL_MODEL_NO_EXPORT QMap<QString, NamedMolecule> threePrimeTerminals() const;
-
-    // Oligonucleotides.
-    ZEL_CHEMICAL_MODEL_NO_EXPORT OligoAlphabets oligoAlphabets() const;
-    ZEL_CHEMICAL_MODEL_NO_EXPORT void unmarkedOligoTermini(NamedMolecule* fivePrime,
-                                                           NamedMolecule* threePrime) const;
-
-    // What the table and the dictionaries come to, worked out whenever they change. Null before
-    // init(), after a move and, but for the masses, after a configuration text that cannot be read;
-    // then made from what is there.
-    ZEL_CHEMICAL_MODEL_NO_EXPORT const ElementMasses& elementMasses() const;
-    ZEL_CHEMICAL_MODEL_NO_EXPORT std::shared_ptr<const PeptideParts> peptideParts() const;
-    ZEL_CHEMICAL_MODEL_NO_EXPORT const OligoScanner& oligoScanner() const;
-    ZEL_CHEMICAL_MODEL_NO_EXPORT std::shared_ptr<const OligoParts> oligoParts() const;
-
-    std::shared_ptr<const ElementMasses> m_elementMasses;
-    std::shared_ptr<const PeptidePartsByThread> m_peptideParts;
-    std::shared_ptr<const OligoScanner> m_oligoScanner;
-    std::shared_ptr<const OligoParts> m_oligoParts;
+    /// What isotopes and dictionaries come to.
+    struct Prepared;
+    std::shared_ptr<const Prepared> m_prepared; ///< Null before init() and after a move.
 };
 
 /// The shared factory with natural isotopes. The first call makes it, from whichever thread; it

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "ChemicalModelExport.h"
 #include "MoleculeEntity.h"
+#include <zel_chemical_model/ChemicalModelExport.h>
 
 #include <QList>
 #include <QString>

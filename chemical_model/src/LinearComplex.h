@@ -1,8 +1,8 @@
 #pragma once
 
-#include "ChemicalModelExport.h"
 #include "FragmentType.h"
 #include "Molecule.h"
+#include <zel_chemical_model/ChemicalModelExport.h>
 
 #include <QList>
 #include <QSharedPointer>

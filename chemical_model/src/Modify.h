@@ -1,8 +1,8 @@
 #pragma once
 
-#include "ChemicalModelExport.h"
 #include "StructuredMolecule.h"
 #include "Transformation.h"
+#include <zel_chemical_model/ChemicalModelExport.h>
 
 #include <utility>
 

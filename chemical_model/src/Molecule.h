@@ -1,7 +1,7 @@
 #pragma once
 
 #include "ChemicalFormula.h"
-#include "ChemicalModelExport.h"
+#include <zel_chemical_model/ChemicalModelExport.h>
 
 #include <QString>
 

@@ -1,8 +1,8 @@
 #pragma once
 
 #include "ChemicalFormula.h"
-#include "ChemicalModelExport.h"
 #include "MoleculeType.h"
+#include <zel_chemical_model/ChemicalModelExport.h>
 
 #include <QList>
 #include <QString>

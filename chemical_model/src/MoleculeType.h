@@ -1,6 +1,6 @@
 #pragma once
 
-#include "ChemicalModelExport.h"
+#include <zel_chemical_model/ChemicalModelExport.h>
 
 #include <QObject>
 

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "ChemicalModelExport.h"
 #include "StructuredMolecule.h"
+#include <zel_chemical_model/ChemicalModelExport.h>
 
 /// \file
 /// From text and lists to chains and structured molecules. Nothing is validated: a chain is what

@@ -1,10 +1,10 @@
 #pragma once
 
 #include "ChemicalFormula.h"
-#include "ChemicalModelExport.h"
 #include "MoleculeEntity.h"
 #include "MoleculeType.h"
 #include "Transformation.h"
+#include <zel_chemical_model/ChemicalModelExport.h>
 
 #include <QList>
 #include <QString>

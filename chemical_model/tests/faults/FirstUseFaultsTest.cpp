@@ -92,12 +92,4 @@ TEST(FirstUseFaults, LabelsOfIonsAreMadeByALaterCall)
         describe(u"z."_s));
 }
 
-TEST(FirstUseFaults, ExpressionOfGlycansIsMadeByALaterCall)
-{
-    const auto factory = chem::ChemicalFactory::construct(QString());
-    expectSecondUseToWork(
-        [&factory] { return describe(factory->isValidGlycanComposition(u"Hex(2)"_s)); },
-        describe(true));
-}
-
 } // namespace

@@ -150,7 +150,7 @@ MoleculeEntity peptide(int residues)
 
 TEST(Sizes, ChainsOfAMillionResiduesTakeMemoryByTheirLength)
 {
-    chem::defaultChemicalFactory();
+    peptide(1); // makes the factory and the reader
     expectLinear("peptide chain, residues", 1'000'000 / scale, peptide);
     expectLinear("the same after a located Modify, residues", 1'000'000 / scale, [](int residues) {
         return chem::Modify(Modification(1.0, {{0, 5}})).transform(peptide(residues));
@@ -160,6 +160,7 @@ TEST(Sizes, ChainsOfAMillionResiduesTakeMemoryByTheirLength)
 TEST(Sizes, ComplexesOfAMillionResiduesTakeMemoryByTheirLength)
 {
     const auto factory = chem::defaultChemicalFactory();
+    factory->constructLinearPeptideComplex(peptideText(1)); // makes the reader
     expectLinear("peptide complex, residues", 1'000'000 / scale, [&factory](int residues) {
         return factory->constructLinearPeptideComplex(peptideText(residues));
     });

@@ -1,0 +1,159 @@
+#include "factory/PreparedFactory.h"
+
+#include "core/Unshared.h"
+#include "factory/StandardBlocks.h"
+#include "isotopes/MassRatio.h"
+
+using namespace Qt::StringLiterals;
+
+namespace chem {
+
+namespace {
+
+/// A dictionary for one thread.
+QMap<QString, NamedMolecule>
+ownBlocks(const QMap<ChemicalFactory::BuildingBlockType, QMap<QString, NamedMolecule>>& blocks,
+          ChemicalFactory::BuildingBlockType type)
+{
+    return unshared(blocks.value(type));
+}
+
+template <typename Reader, typename Make>
+std::shared_ptr<const Reader> lent(const PerThread<Reader>* readers, const Make& make)
+{
+    if (!readers)
+        return std::shared_ptr<const Reader>(new Reader(make()));
+    return {std::shared_ptr<void>(), &readers->get(make)};
+}
+
+} // namespace
+
+std::shared_ptr<const ChemicalFactory::Prepared> ChemicalFactory::Prepared::make(IsotopeTable table)
+{
+    return std::make_shared<Prepared>(std::make_shared<Isotopes>(std::move(table)));
+}
+
+void ChemicalFactory::Prepared::writeIsotopes(const IsotopeTable& table, ChemicalFactory* factory)
+{
+    for (const IsotopeTable::Isotope& isotope : table.isotopes()) {
+        const qsizetype position = factory->isotopes.size();
+        factory->isotopesBySymbol[isotope.symbol].append(position);
+        factory->isotopesByAtomicNumber[isotope.atomicNumber].append(position);
+        factory->isotopesByName[isotope.name].append(position);
+        factory->isotopes.append({isotope.atomicNumber, isotope.extraNeutrons, isotope.name,
+                                  isotope.symbol, isotope.mass, isotope.abundance});
+    }
+}
+
+void ChemicalFactory::Prepared::fillBuildingBlocks(ChemicalFactory* factory)
+{
+    for (int kind = AminoAcidBlock; kind != NoBlock; ++kind) {
+        const auto type = static_cast<BuildingBlockType>(kind);
+        QMap<QString, NamedMolecule> blocks;
+        for (const StandardBlock& block : standardBlocks(type)) {
+            const Molecule molecule = factory->constructMolecule(block.formula);
+            blocks.insert(block.key, NamedMolecule(molecule, block.name, block.code));
+        }
+        if (!blocks.isEmpty())
+            factory->buildingBlocks.insert(type, blocks);
+    }
+    factory->defaultRibose = NamedMolecule(factory->constructMolecule(u"C5O2H7"_s),
+                                           u"2'-deoxyribose (DNA)"_s, QString());
+    factory->defaultPhosphate =
+        NamedMolecule(factory->constructMolecule(u"HPO3"_s), u"phosphodiester"_s, QString());
+}
+
+void ChemicalFactory::Prepared::fillConstants(ChemicalFactory* factory)
+{
+    factory->water = factory->constructMolecule(u"H2O1"_s);
+    factory->waterPair = factory->constructMolecule(u"H4O2"_s);
+    factory->hydroxyl = factory->constructMolecule(u"O1H1"_s);
+    factory->oxygen = factory->constructMolecule(u"O1"_s);
+    factory->hydrogen = factory->constructMolecule(u"H1"_s);
+    factory->hydrogenPair = factory->constructMolecule(u"H2"_s);
+    factory->amine = factory->constructMolecule(u"N1H2"_s);
+    factory->ammonia = factory->constructMolecule(u"N1H3"_s);
+    factory->formyl = factory->constructMolecule(u"C1O1H1"_s);
+    factory->electron = factory->constructMolecule(u"E"_s);
+    factory->proton = factory->hydrogen - factory->electron;
+}
+
+bool ChemicalFactory::Prepared::ownsDictionary(const ChemicalFactory& factory,
+                                               BuildingBlockType type)
+{
+    const auto dictionary = factory.buildingBlocks.constFind(type);
+    return factory.buildingBlocks.isDetached() &&
+           (dictionary == factory.buildingBlocks.cend() || dictionary->isDetached());
+}
+
+void ChemicalFactory::Prepared::insertBlock(BuildingBlockType type, const NamedMolecule& block,
+                                            ChemicalFactory* factory)
+{
+    // Made first, as it may fail.
+    std::shared_ptr<const Prepared> withoutReaders;
+    if (factory->m_prepared)
+        withoutReaders = std::make_shared<Prepared>(factory->m_prepared->isotopes);
+    const auto dictionary = factory->buildingBlocks.find(type);
+    if (dictionary == factory->buildingBlocks.end())
+        factory->buildingBlocks.insert(type, {{block.code, block}});
+    else
+        dictionary->insert(block.code, block);
+    factory->m_prepared = std::move(withoutReaders);
+}
+
+/// The small groups for one thread.
+ChainGroups ChemicalFactory::Prepared::ownGroups(const ChemicalFactory& factory)
+{
+    return {.hydrogen = unshared(factory.hydrogen),
+            .hydrogenPair = unshared(factory.hydrogenPair),
+            .oxygen = unshared(factory.oxygen),
+            .hydroxyl = unshared(factory.hydroxyl),
+            .amine = unshared(factory.amine),
+            .ammonia = unshared(factory.ammonia),
+            .formyl = unshared(factory.formyl)};
+}
+
+std::shared_ptr<const PeptideReader>
+ChemicalFactory::Prepared::peptideReader(const ChemicalFactory& factory)
+{
+    const auto make = [&factory] {
+        return PeptideReader(ownBlocks(factory.buildingBlocks, AminoAcidBlock), ownGroups(factory));
+    };
+    return lent(factory.m_prepared ? &factory.m_prepared->peptideReaders : nullptr, make);
+}
+
+std::shared_ptr<const OligoReader>
+ChemicalFactory::Prepared::oligoReader(const ChemicalFactory& factory)
+{
+    const auto make = [&factory] {
+        const auto& blocks = factory.buildingBlocks;
+        return OligoReader({.fivePrimeTerminals = ownBlocks(blocks, FivePrimeTerminalBlock),
+                            .riboses = ownBlocks(blocks, RiboseBlock),
+                            .nucleobases = ownBlocks(blocks, NucleobaseBlock),
+                            .phosphates = ownBlocks(blocks, PhosphateBlock),
+                            .threePrimeTerminals = ownBlocks(blocks, ThreePrimeTerminalBlock),
+                            .defaultRibose = unshared(factory.defaultRibose),
+                            .defaultPhosphate = unshared(factory.defaultPhosphate)},
+                           ownGroups(factory));
+    };
+    return lent(factory.m_prepared ? &factory.m_prepared->oligoReaders : nullptr, make);
+}
+
+std::shared_ptr<const GlycanReader>
+ChemicalFactory::Prepared::glycanReader(const ChemicalFactory& factory)
+{
+    const auto make = [&factory] {
+        return GlycanReader(ownBlocks(factory.buildingBlocks, SugarBlock));
+    };
+    return lent(factory.m_prepared ? &factory.m_prepared->glycanReaders : nullptr, make);
+}
+
+double ChemicalFactory::Prepared::averageToMonoMassRatio(const ChemicalFactory& factory,
+                                                         const ChemicalFormula& formula)
+{
+    return factory.m_prepared
+               ? chem::averageToMonoMassRatio(formula, factory.m_prepared->isotopes->masses)
+               : 0.0;
+}
+
+} // namespace chem

@@ -1,0 +1,21 @@
+#include "isotopes/MassRatio.h"
+
+namespace chem {
+
+double averageToMonoMassRatio(const ChemicalFormula& formula, const ElementMasses& atoms)
+{
+    double averageSum = 0.0;
+    double monoSum = 0.0;
+    const QMap<QString, double>& counts = formula.elementCountMap();
+    for (auto entry = counts.cbegin(); entry != counts.cend(); ++entry) {
+        const ElementMasses::Atom* const atom = atoms.find(entry.key());
+        if (!atom)
+            continue;
+        atom->requireUsable();
+        averageSum += entry.value() * atom->average;
+        monoSum += entry.value() * atom->mono;
+    }
+    return monoSum <= 0.0 ? 0.0 : averageSum / monoSum;
+}
+
+} // namespace chem

@@ -1,0 +1,104 @@
+#include "sequences/OligoComplex.h"
+
+#include "core/MoleculeSum.h"
+
+#include <algorithm>
+#include <bit>
+#include <deque>
+#include <iterator>
+
+namespace chem {
+
+namespace {
+
+/// Whether two molecules are copies of one: they share the formula and have masses of the same
+/// bits.
+bool isCopyOf(const Molecule& one, const Molecule& other)
+{
+    const auto bits = [](double mass) {
+        return std::bit_cast<quint64>(mass);
+    };
+    return bits(one.averageMass()) == bits(other.averageMass()) &&
+           bits(one.monoMass()) == bits(other.monoMass()) &&
+           one.formula().elementCountMap().isSharedWith(other.formula().elementCountMap());
+}
+
+/// Makes breaks once for each base and phosphate that a chain repeats.
+class BreaksOfChain
+{
+public:
+    explicit BreaksOfChain(const OligoSites& sites)
+        : m_sites(sites)
+    {
+    }
+
+    /// The breaks of a nucleotide. They stay valid as long as this object.
+    const NucleotideBreaks& of(const PlacedNucleotide& placed)
+    {
+        if (placed.breaks)
+            return *placed.breaks;
+        const Nucleotide& nucleotide = *placed.nucleotide;
+        // A chain of numbers has no end of different bases: only the latest are looked at.
+        constexpr std::ptrdiff_t mostCompared = 16;
+        const auto isAlike = [&nucleotide](const Known& known) {
+            return isCopyOf(known.nucleotide->nucleobase, nucleotide.nucleobase) &&
+                   isCopyOf(known.nucleotide->phosphate, nucleotide.phosphate);
+        };
+        const auto latest = m_known.crbegin();
+        const auto end = latest + std::min(std::ssize(m_known), mostCompared);
+        const auto known = std::find_if(latest, end, isAlike);
+        if (known != end)
+            return known->breaks;
+        m_known.push_back(
+            {&nucleotide, m_sites.breaksOf(nucleotide.nucleobase, nucleotide.phosphate)});
+        return m_known.back().breaks;
+    }
+
+private:
+    struct Known
+    {
+        const Nucleotide* nucleotide;
+        NucleotideBreaks breaks;
+    };
+
+    const OligoSites& m_sites;
+    std::deque<Known> m_known;
+};
+
+} // namespace
+
+QSharedPointer<MoleculeComplex> oligoComplex(std::span<const PlacedNucleotide> nucleotides,
+                                             const NamedMolecule& fivePrime,
+                                             const NamedMolecule& threePrime,
+                                             const OligoSites& sites)
+{
+    const auto size = static_cast<qsizetype>(nucleotides.size());
+    QList<QSharedPointer<ComplexResidue>> residues;
+    QList<QList<QSharedPointer<FragmentationSite>>> siteLists;
+    residues.reserve(size + 2);
+    siteLists.reserve(size + 2);
+    const auto appendResidue = [&residues](const NamedMolecule& residue) {
+        const int position = static_cast<int>(residues.size());
+        residues.append(QSharedPointer<ComplexResidue>::create(residue, position));
+    };
+
+    MoleculeSum total(fivePrime);
+    total.add(threePrime);
+    appendResidue(fivePrime);
+    siteLists.emplaceBack();
+    BreaksOfChain breaksOfChain(sites);
+    const NucleotideBreaks* previous = &sites.beforeFirst();
+    for (const PlacedNucleotide& placed : nucleotides) {
+        const NucleotideBreaks& breaks = breaksOfChain.of(placed);
+        const bool isInner = &placed != &nucleotides.front() && &placed != &nucleotides.back();
+        total.add(*placed.nucleotide);
+        appendResidue(*placed.nucleotide);
+        siteLists.append(sites.sitesAt(*previous, breaks, isInner));
+        previous = &breaks;
+    }
+    appendResidue(threePrime);
+    siteLists.emplaceBack();
+    return QSharedPointer<MoleculeComplex>::create(total.result(), residues, siteLists);
+}
+
+} // namespace chem

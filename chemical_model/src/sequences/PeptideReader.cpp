@@ -1,0 +1,92 @@
+#include "sequences/PeptideReader.h"
+
+#include "core/MoleculeSum.h"
+
+using namespace Qt::StringLiterals;
+
+namespace chem {
+
+namespace {
+
+std::vector<FragmentationSite> sitesOf(const ChainGroups& groups)
+{
+    const Molecule nothing;
+    return {
+        {FragmentType::B, nothing, groups.hydrogen},
+        {FragmentType::Y, groups.hydrogen, nothing},
+        {FragmentType::A, nothing, groups.formyl},
+        {FragmentType::Adot, groups.hydrogen, groups.formyl},
+        {FragmentType::C, groups.amine, nothing},
+        {FragmentType::Cdot, groups.ammonia, nothing},
+        {FragmentType::X, groups.formyl, groups.hydrogenPair},
+        {FragmentType::Xdot, groups.formyl, groups.hydrogen},
+        {FragmentType::Z, nothing, groups.amine},
+        {FragmentType::Zdot, groups.hydrogen, groups.amine},
+    };
+}
+
+/// New sites for one complex, which all its positions share.
+QList<QSharedPointer<FragmentationSite>> copiesOf(const std::vector<FragmentationSite>& sites)
+{
+    QList<QSharedPointer<FragmentationSite>> copies;
+    copies.reserve(static_cast<qsizetype>(sites.size()));
+    for (const FragmentationSite& site : sites)
+        copies.append(QSharedPointer<FragmentationSite>::create(site));
+    return copies;
+}
+
+} // namespace
+
+PeptideReader::PeptideReader(const QMap<QString, NamedMolecule>& aminoAcids,
+                             const ChainGroups& groups)
+    : m_residues(aminoAcids)
+    , m_sites(sitesOf(groups))
+    , m_nTerminal(groups.hydrogen, u"NTerm"_s, u"H-"_s)
+    , m_cTerminal(groups.hydroxyl, u"CTerm"_s, u"-OH"_s)
+{
+}
+
+void PeptideReader::parse(const QString& sequence,
+                          QList<QSharedPointer<const AminoAcid>>* aminoAcids,
+                          NamedMolecule* nTerminal, NamedMolecule* cTerminal) const
+{
+    aminoAcids->reserve(sequence.size());
+    for (const QChar letter : sequence)
+        aminoAcids->append(QSharedPointer<AminoAcid>::create(m_residues.entry(letter)));
+    writeTermini(nTerminal, cTerminal); // last, as the sequence may be a text of one of them
+}
+
+QSharedPointer<MoleculeComplex> PeptideReader::complex(const QString& sequence) const
+{
+    const qsizetype size = sequence.size() + 2;
+    QList<QSharedPointer<ComplexResidue>> residues;
+    residues.reserve(size);
+    const auto append = [&residues](const NamedMolecule& residue) {
+        const int position = static_cast<int>(residues.size());
+        residues.append(QSharedPointer<ComplexResidue>::create(residue, position));
+    };
+
+    MoleculeSum total;
+    total.add(m_nTerminal);
+    total.add(m_cTerminal);
+    append(m_nTerminal);
+    for (const QChar letter : sequence) {
+        const NamedMolecule& residue = m_residues.entry(letter);
+        total.add(residue);
+        append(residue);
+    }
+    append(m_cTerminal);
+
+    QList<QList<QSharedPointer<FragmentationSite>>> sites(size, copiesOf(m_sites));
+    sites.first() = {}; // nothing breaks at a terminal
+    sites.last() = {};
+    return QSharedPointer<MoleculeComplex>::create(total.result(), residues, sites);
+}
+
+void PeptideReader::writeTermini(NamedMolecule* nTerminal, NamedMolecule* cTerminal) const
+{
+    *nTerminal = m_nTerminal;
+    *cTerminal = m_cTerminal;
+}
+
+} // namespace chem
