@@ -21,9 +21,9 @@ namespace chem {
 
 /// Reads text and makes molecules from it, with masses from one isotope table.
 ///
-/// A factory owns everything that depends on which isotopes are assumed: the table itself, a set of
-/// small standard molecules, and the dictionaries of building blocks (amino acids, nucleobases,
-/// sugars, ...). Masses are in daltons and come from IsoSpec++, to the bit.
+/// A factory owns everything that depends on which isotopes are assumed: the table itself, small
+/// standard molecules, and the dictionaries of building blocks (amino acids, nucleobases, sugars,
+/// ...). Masses are in daltons and come from IsoSpec++, to the bit.
 ///
 /// \code
 /// const auto factory = defaultChemicalFactory();
@@ -67,19 +67,18 @@ public:
     /// @{
 
     /// Makes a factory. An empty text gives natural isotopes. Any other text replaces the isotopes
-    /// of the elements that it names: entries parted by white space, each a symbol, a mass number,
-    /// a colon and an abundance, as in "C13:0.99 C12:0.01". A named element keeps only the isotopes
-    /// that the text lists, with their abundances scaled by normalize(), which tells on
+    /// of the elements that it names: entries separated by white space, each a symbol, a mass
+    /// number, a colon and an abundance, as in "C13:0.99 C12:0.01". A named element keeps only the
+    /// isotopes that the text lists, with their abundances scaled by normalize(), which tells on
     /// "zel.generic" what it leaves unscaled.
     ///
-    /// Masses come from the table. Neutrons are counted from the lightest isotope of the element
-    /// that the text names first, and an isotope that is not found within 0.2 Da of its expected
-    /// mass gets that mass.
+    /// Neutrons are counted from the lightest isotope of the element that the text names first, and
+    /// an isotope that is not found within 0.2 Da of its expected mass gets that mass.
     ///
-    /// A text with an entry that cannot be read (a blank at either end makes an empty entry) gives
-    /// a factory with natural isotopes and with empty dictionaries and constants: nothing else
-    /// tells of it. An abundance outside (0, 1] after scaling throws `std::invalid_argument` as
-    /// soon as the element is touched, for carbon and its like within this call.
+    /// A text with an entry that cannot be read (a blank at either end makes an empty one) gives a
+    /// factory with natural isotopes and with empty dictionaries and constants: nothing else tells
+    /// of it. An abundance outside (0, 1] after scaling throws `std::invalid_argument` as soon as
+    /// the element is touched, for carbon and its like within this call.
     static QSharedPointer<ChemicalFactory> construct(const QString& isotopeOverrides);
 
     /// Shares table, dictionaries and constants until one of the two is changed.
@@ -88,19 +87,17 @@ public:
     ChemicalFactory(ChemicalFactory&& other) noexcept;
     /// Shares table, dictionaries and constants. No other thread may use this factory meanwhile.
     ChemicalFactory& operator=(const ChemicalFactory& other);
-    /// Takes everything from `other`, which is left without dictionaries and isotopes. No other
-    /// thread may use either factory meanwhile.
+    /// Takes everything from `other` likewise. No other thread may use either factory meanwhile.
     ChemicalFactory& operator=(ChemicalFactory&& other) noexcept;
-    /// Lets go of the data. Molecules and complexes that the factory made live on.
+    /// Releases the data. Molecules and complexes that the factory made live on.
     ~ChemicalFactory();
 
     /// @}
     /// \name Formulas and masses
     /// @{
 
-    /// Reads a formula: runs of an upper-case letter, further letters and an optional number.
-    ///
-    /// Never fails. Characters that are no letter, digit, sign or full stop are deleted first, so
+    /// Reads a formula: runs of an upper-case letter, further letters and an optional number. Never
+    /// fails. Characters that are no letter, digit, sign or full stop are deleted first, so
     /// "H(-1)" and "H - 1" are H-1. A token starts at each upper-case letter and what stands before
     /// the first is dropped; its symbol is the letter and all letters behind it; a missing number
     /// counts as 1 and one that cannot be read as 0. Repeats add up. The cost is linear in the
@@ -118,53 +115,45 @@ public:
     /// are good to six significant digits.
     Molecule modifyMolecule(const Molecule& molecule, const QString& modification, int count) const;
 
-    /// Works out both masses of a formula, gains minus losses, and always writes them. Mind the
-    /// order: monoisotopic mass first. Counts are cut toward zero, and those that do not fit 32
-    /// bits weigh nothing. An element that the table does not have counts as 0.0; the error has
-    /// number 2 if there is no known element at all, and 0 otherwise. Throws
-    /// `std::invalid_argument` for an element whose abundances are refused, see construct().
+    /// Computes both masses of a formula, gains minus losses, and always writes them. Mind the
+    /// order: monoisotopic mass first. Counts are cut as in constructMolecule(), which throws the
+    /// same. An element that the table does not have counts as 0.0; the error has number 2 if there
+    /// is no known element at all, and 0 otherwise.
     zel::Error calculateMassesForFormula(const ChemicalFormula& formula, double* monoMass,
                                          double* averageMass) const;
 
-    /// Works out both masses of the elements with the counts at the same index, and always writes
-    /// them. Mind the order: monoisotopic mass first. An element that the table does not have, and
-    /// one with a negative or missing count, adds 0.0; one that is listed twice counts twice. The
-    /// error has number 2 if no element is known or the list is empty, and 0 otherwise. Throws
-    /// `std::invalid_argument` for an element whose abundances are refused, see construct().
+    /// Computes both masses of the elements with the counts at the same index likewise. A negative
+    /// or missing count adds 0.0; an element that is listed twice counts twice. The error has
+    /// number 2 if no element is known or the list is empty, and 0 otherwise.
     zel::Error calculateMassesForElementCountArrays(const QList<QString>& elements,
                                                     const QList<int>& counts, double* monoMass,
                                                     double* averageMass) const;
 
     /// Estimates the monoisotopic mass that belongs to `averageMass` for a molecule composed like
-    /// `formula`, both in daltons. The result holds that formula as it stands, the given mass and
-    /// the estimate: 0.0 if the monoisotopic masses of the formula sum to zero or less, or the
-    /// ratio of its masses is not above zero. Counts are not cut: fractions and losses take part.
+    /// `formula`, both in daltons. The result holds that formula, the given mass and the estimate:
+    /// 0.0 if the monoisotopic masses of the formula sum to zero or less, or its ratio of masses is
+    /// not above zero. Counts are not cut: fractions and losses take part.
     Molecule moleculeBasedOnAverageMass(const QString& formula, double averageMass) const;
 
     /// Estimates the average mass that belongs to `monoMass`, likewise.
     Molecule moleculeBasedOnMonoMass(const QString& formula, double monoMass) const;
 
-    /// Works out the isotope envelope of a molecule at a charge.
+    /// Computes the isotope envelope of a molecule at a charge.
     ///
     /// \param molecule the neutral molecule.
-    /// \param charge the number of charges; its sign is ignored, and 0 divides like 1. -2147483648
-    /// counts as 2147483647.
+    /// \param charge the number of charges; its sign is ignored, and 0 divides like 1.
     /// \param envelope emptied, then filled: one point for each nominal mass from the lightest peak
-    /// on.
-    ///   `x` is the m/z of the probability-weighted centroid, less one electron mass; for the first
-    ///   point it is that of the lightest peak itself. `y` is the summed probability of what lies
-    ///   above a threshold of 1e-7, so the sum stays a little below 1 (electrons, which the table
-    ///   lists twice, count double). Any other point that nothing fell into is (0, 0); the first
-    ///   keeps its `x`.
+    ///   on. `x` is the m/z of the probability-weighted centroid, less one electron mass; for the
+    ///   first point it is that of the lightest peak itself. `y` is the summed probability of what
+    ///   lies above a threshold of 1e-7, so the sum stays a little below 1 (electrons, which the
+    ///   table lists twice, count double). Any other point that nothing fell into is (0, 0).
     /// \param protonate whether one hydrogen for each charge is added first.
-    /// \return the molecule, with the added hydrogens and their masses; also where the envelope is
-    /// empty.
+    /// \return the molecule, with the added hydrogens and their masses; also for an empty envelope.
     ///
-    /// A formula with a count that is negative, above 2147483647 or no whole number, hydrogens
-    /// included, gives an empty envelope and a warning on the category "zel.generic". Unknown
-    /// elements take no part. Where no configuration reaches the threshold the envelope is empty.
-    /// Counts of 10485759 and more make IsoSpec++ throw, as do abundances that are refused, see
-    /// construct().
+    /// The envelope is empty where no configuration reaches the threshold, and, with a warning on
+    /// the category "zel.generic", where a count is negative, above 2147483647 or no whole number,
+    /// hydrogens included. Unknown elements take no part. Counts of 10485759 and more make
+    /// IsoSpec++ throw, as do abundances that are refused, see construct().
     Molecule generateIsotopeEnvelope(const Molecule& molecule, int charge, QList<QPointF>* envelope,
                                      bool protonate) const;
 
@@ -191,9 +180,9 @@ public:
     void standardOligoTermini(NamedMolecule* fivePrime, NamedMolecule* threePrime) const;
 
     /// Rewrites a formula of the older convention, in which oligonucleotide building blocks were
-    /// whole species, as the piece that remains once the parts are joined: a nucleobase loses H, a
-    /// ribose O2H3, a phosphate O while it gains H, a 5' terminal O. Never fails. The result is in
-    /// the form of ChemicalFormula::toString(), also for kinds that need no correction.
+    /// whole species, as the piece that remains once they are joined: a nucleobase loses H, a
+    /// ribose O2H3, a phosphate O while it gains H, a 5' terminal O. Never fails, and writes the
+    /// form of ChemicalFormula::toString() also for kinds that need no correction.
     static QString convertOldOligoBuildingBlockFormula(const QString& formula,
                                                        BuildingBlockType type);
 
@@ -202,8 +191,7 @@ public:
     /// @{
 
     /// Appends one amino acid for each character of `sequence` and overwrites both termini with the
-    /// standard ones. A character that is no key of the dictionary gives a residue of no mass with
-    /// empty texts: nothing tells of it.
+    /// standard ones. A character that is no key gives a residue of no mass with empty texts.
     void parseAminoAcidSequence(const QString& sequence,
                                 QList<QSharedPointer<const AminoAcid>>* aminoAcids,
                                 NamedMolecule* nTerminal, NamedMolecule* cTerminal) const;
@@ -220,20 +208,19 @@ public:
     /// the moment. Captures 1, 2 and 6 are the 5' mark, the body and the 3' mark.
     QRegularExpression generateFullOligoRegex() const;
 
-    /// The expression of one nucleotide in the body, made from the dictionaries of the moment.
-    /// Captures 1, 3, 4 and 5 are the ribose, the base, the number in place of a base and the
-    /// phosphates.
+    /// The expression of one nucleotide in the body, likewise. Captures 1, 3, 4 and 5 are ribose,
+    /// base, number in place of a base, and phosphates.
     QRegularExpression generateOligoSequenceRegex() const;
 
-    /// Tells whether `sequence` is one oligonucleotide text, or several parted by commas. Linear in
-    /// the length of the text, which may be any.
+    /// Tells whether `sequence` is one oligonucleotide text, or several separated by commas. Linear
+    /// in the length of the text, which may be any.
     bool isValidOligoSequence(const QString& sequence) const;
 
     /// Reads an oligonucleotide text without blanks or commas and appends its nucleotides.
     ///
-    /// \return false if the text is outside the grammar. Then nothing is appended, and the two
-    /// terminals
-    ///   hold the defaults: hydrogen named "5Prime" and hydroxyl named "3Prime", without codes.
+    /// \return false if the text is outside the grammar. Then nothing is appended, and the
+    /// terminals hold the defaults: hydrogen named "5Prime" and hydroxyl named "3Prime", without
+    /// codes.
     ///
     /// The last nucleotide has no phosphate unless the text gives one; a number at the end takes
     /// away the implicit phosphate of the nucleotide before it. A single number without marks is a
@@ -242,12 +229,10 @@ public:
                                  QList<QSharedPointer<const Nucleotide>>* nucleotides,
                                  NamedMolecule* fivePrime, NamedMolecule* threePrime) const;
 
-    /// Lays an oligonucleotide text out as a complex; blanks anywhere in it are ignored. Null if
-    /// the text is outside the grammar.
+    /// Lays a text out as a complex; blanks are ignored. Null if it is outside the grammar.
     QSharedPointer<MoleculeComplex> constructLinearOligoComplex(const QString& sequence) const;
 
-    /// Lays nucleotides and terminals out as a complex with its a, a-B, b, c, d, w, x, y and z
-    /// sites. Never null.
+    /// Lays them out as a complex with its a, aB, b, c, d, w, x, y and z sites. Never null.
     QSharedPointer<MoleculeComplex>
     constructLinearOligoComplex(const QList<QSharedPointer<const Nucleotide>>& nucleotides,
                                 const NamedMolecule& fivePrime,
@@ -255,11 +240,9 @@ public:
 
     /// Appends the complexes of a truncation ladder: the whole text, then 1 to
     /// `fivePrimeTruncations` nucleotides off the 5' end, then 1 to `threePrimeTruncations` off the
-    /// 3' end.
-    /// Truncation changes neither terminals nor phosphates, so a text cut at its 3' end keeps the
-    /// phosphate of its last nucleotide. A text outside the grammar gives complexes of the default
-    /// terminals alone. Beyond the length of the text, 5' truncations give the terminals alone and
-    /// 3' truncations the whole list again. Counts of zero and below add nothing.
+    /// 3' end. Terminals and phosphates stay, also the phosphate of a new last nucleotide. A text
+    /// outside the grammar gives complexes of the default terminals alone. Beyond the length of the
+    /// text, 5' truncations give the terminals alone and 3' truncations the whole list again.
     void
     constructLinearOligoComplexes(const QString& sequence, int fivePrimeTruncations,
                                   int threePrimeTruncations,
@@ -271,18 +254,16 @@ public:
 
     /// Tells whether `composition`, such as "HexNAc(2)Hex(5)", has at least one term and all its
     /// terms can be used. A term is HexNAc, dHex, Fuc, Hex, Pent, NeuAc, NeuGc, Sodium or Na, in
-    /// this case, then optional white space and a decimal count in parentheses without blanks. Any
-    /// other text is skipped. A term cannot be used if the "Sugar" dictionary has no such entry or
-    /// if the count exceeds 2147483647; a count of 0 is valid. setBuildingBlock() changes what
-    /// these names weigh but adds no name.
+    /// this case, then optional white space and a decimal count in parentheses without blanks; any
+    /// other text is skipped. It cannot be used if the "Sugar" dictionary has no such entry or the
+    /// count exceeds 2147483647. setBuildingBlock() changes what these names weigh but adds none.
     bool isValidGlycanComposition(const QString& composition) const;
 
     /// Adds up the residues of a composition, stored masses times counts in the order of the terms.
     /// A term that cannot be used is skipped; without any the result is empty. No water is added.
     Molecule constructGlycanModification(const QString& composition) const;
 
-    /// Adds constructGlycanModification() of `composition` to a copy of `molecule`. The masses are
-    /// sums of what is stored.
+    /// Adds constructGlycanModification() of `composition` to a copy of `molecule`.
     Molecule modifyMoleculeWithGlycan(const Molecule& molecule, const QString& composition) const;
 
     /// @}
@@ -319,8 +300,7 @@ protected:
     ChemicalFactory();
 
     /// Loads the isotope table, applies `isotopeOverrides` if it is not empty, and fills
-    /// dictionaries and constants. See construct(). To be called once: a second call would append
-    /// the table again.
+    /// dictionaries and constants. See construct(). To be called once.
     void init(const QString& isotopeOverrides);
 
     /// \name For derived classes to read

@@ -69,11 +69,11 @@ public:
     MoleculeEntity& operator=(MoleculeEntity&& other) noexcept;
     ~MoleculeEntity();
 
-    /// The average mass in daltons. If the stored mass is exactly 0.0 it is worked out from
+    /// The average mass in daltons. If the stored mass is exactly 0.0 it is computed from
     /// formula() with the default factory, at each call; 0.0 if there is no formula either.
     double averageMass() const;
 
-    /// The monoisotopic mass in daltons, worked out likewise if the stored one is exactly 0.0.
+    /// The monoisotopic mass in daltons, computed likewise if the stored one is exactly 0.0.
     double monoMass() const;
 
     /// The composition. A peptide or oligonucleotide without a stored formula is laid out from its
@@ -86,8 +86,8 @@ public:
 
     /// The sequence text of a structured molecule, composed at each call; else empty. Residues
     /// stand with their codes, a modification of a residue as "[]" behind it, the ends of link n as
-    /// "[*n]", chains are parted by "/", and each modification of the whole molecule ends the text
-    /// with "[]".
+    /// "[*n]", chains are separated by "/", and each modification of the whole molecule ends the
+    /// text with "[]".
     QString sequence() const;
 
     QString name() const; ///< The readable name, or an empty text.

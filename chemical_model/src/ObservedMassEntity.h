@@ -86,7 +86,7 @@ ZEL_CHEMICAL_MODEL_EXPORT double absoluteMassToleranceDelta(double mass,
 /// Finds the measurements that lie within the tolerance of the model's average mass, both edges
 /// included, in the order of the list.
 ///
-/// The tolerance is worked out once, at the model's mass. `observedMasses` must be ascending: the
+/// The tolerance is computed once, at the model's mass. `observedMasses` must be ascending: the
 /// list is not tested, and one out of order gives a partial result. A negative tolerance finds
 /// nothing, and a relative tolerance at a negative mass is negative. Edges are subject to the
 /// rounding of mass plus or minus tolerance. If the model's mass or the tolerance is not a number,

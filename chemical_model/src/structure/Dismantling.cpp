@@ -13,12 +13,12 @@ namespace {
 /// The two types through which molecules nest.
 using Nest = std::variant<StructuredMolecule, Modification>;
 
-/// Values that wait to die. A nest in which each value holds one other needs a single place, so it
-/// dies without memory.
+/// Values that wait to be destroyed. A nest in which each value holds one other needs a single
+/// place, so it takes no memory.
 using Nests = QVarLengthArray<Nest, 8>;
 
-/// The values that wait to die on this thread; null unless one is being dismantled. A plain
-/// pointer, because molecules may still die after the thread's own objects are gone.
+/// The values that wait on this thread; null unless one is being dismantled. A plain
+/// pointer, because molecules may still be destroyed after the thread's own objects are gone.
 thread_local constinit Nests* waitingNests = nullptr;
 
 void dismantleNest(Nest&& nest) noexcept
@@ -27,7 +27,7 @@ void dismantleNest(Nest&& nest) noexcept
         try {
             waitingNests->append(std::move(nest));
         } catch (const std::bad_alloc&) {
-            return; // no memory to wait in: it dies at once, on the stack
+            return; // no memory to wait in: it is destroyed at once, on the stack
         }
         return;
     }
@@ -35,7 +35,7 @@ void dismantleNest(Nest&& nest) noexcept
     waitingNests = &nests;
     nests.append(std::move(nest));
     while (!nests.isEmpty()) {
-        const Nest dying = std::move(nests.last());
+        const Nest released = std::move(nests.last());
         nests.removeLast();
     }
     waitingNests = nullptr;

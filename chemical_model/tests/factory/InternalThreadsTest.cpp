@@ -1,7 +1,7 @@
-#include "isotopes/ElementMasses.h"
-#include "support/Logging.h"
 #include "ManyThreads.h"
 #include "OligoLetters.h"
+#include "isotopes/ElementMasses.h"
+#include "support/Logging.h"
 #include "support/PerThread.h"
 
 #include <gtest/gtest.h>
