@@ -403,12 +403,12 @@ void setBuildingBlocks(benchmark::State& state)
     }
 }
 BENCHMARK(setBuildingBlocks<ChemicalFactory::AminoAcidBlock>)
-    ->RangeMultiplier(2)
-    ->Range(250, 2000)
+    ->Arg(256)
+    ->Arg(2000)
     ->Unit(benchmark::kMillisecond);
 BENCHMARK(setBuildingBlocks<ChemicalFactory::NucleobaseBlock>)
-    ->RangeMultiplier(2)
-    ->Range(250, 2000)
+    ->Arg(256)
+    ->Arg(2000)
     ->Unit(benchmark::kMillisecond);
 
 } // namespace

@@ -71,7 +71,7 @@ void complexes(benchmark::State& state)
     }
     state.SetItemsProcessed(state.iterations() * peptideCount);
 }
-BENCHMARK(complexes)->Threads(1)->Threads(2)->UseRealTime();
+BENCHMARK(complexes);
 
 void structuredMolecules(benchmark::State& state)
 {
@@ -138,7 +138,7 @@ void flatFragments(benchmark::State& state)
     }
     state.SetItemsProcessed(state.iterations() * peptideCount);
 }
-BENCHMARK(flatFragments)->Threads(1)->Threads(2)->UseRealTime();
+BENCHMARK(flatFragments);
 
 void richFragments(benchmark::State& state)
 {
