@@ -14,7 +14,7 @@ struct Row
     QString key;
     QString code;
     QString name;
-    QString formula; ///< In display form, worked out by hand from the pieces.
+    QString formula; ///< In display form, computed by hand from the pieces.
 };
 
 void expectDictionary(ChemicalFactory::BuildingBlockType type, const QList<Row>& rows)

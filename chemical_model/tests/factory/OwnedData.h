@@ -15,8 +15,8 @@
 /// What objects own, down to the last text: where it lies and what its bytes are.
 
 /// The bytes of each text, list, map and number that an object owns, by the path to it. For texts,
-/// lists and maps these hold the address of their data, so data that parts from its copies shows,
-/// also where the new data is equal.
+/// lists and maps these hold the address of their data. So data that detaches shows, also if it
+/// is equal.
 ///
 /// The record holds a copy of all that it has seen. So everything is shared while the record lives,
 /// and any access that may write has to part: that makes hidden writes visible.

@@ -32,38 +32,38 @@ MoleculeEntity deepNest(int depth)
     return nest;
 }
 
-/// Lets a value die while there is no memory at all.
-std::string dieWithoutMemory(const std::function<MoleculeEntity()>& make)
+/// Releases a value while there is no memory at all.
+std::string releaseWithoutMemory(const std::function<MoleculeEntity()>& make)
 {
     const Usage before = usage();
-    std::optional<MoleculeEntity> dying = make();
+    std::optional<MoleculeEntity> value = make();
     {
         const OutOfMemory outOfMemory(1, Shortage::Lasting);
-        dying.reset();
+        value.reset();
     }
     return usage().blocks == before.blocks ? "" : "blocks are alive that were not before";
 }
 
-void expectDeath(const std::function<MoleculeEntity()>& make)
+void expectRelease(const std::function<MoleculeEntity()>& make)
 {
     const SharedReport report;
-    const ChildEnding ending = runInChild(report.get(), [&] { return dieWithoutMemory(make); });
+    const ChildEnding ending = runInChild(report.get(), [&] { return releaseWithoutMemory(make); });
     EXPECT_EQ(ending, ChildEnding::Good) << complaintOf(*report);
 }
 
-TEST(DismantlingFaults, WideNestsDieWithoutMemory)
+TEST(DismantlingFaults, WideNestsAreReleasedWithoutMemory)
 {
-    expectDeath([] { return wideNest(30, 3); });
+    expectRelease([] { return wideNest(30, 3); });
 }
 
-TEST(DismantlingFaults, DeepNestsDieWithoutMemoryOnANormalStack)
+TEST(DismantlingFaults, DeepNestsAreReleasedWithoutMemoryOnANormalStack)
 {
-    expectDeath([] { return deepNest(200000); });
+    expectRelease([] { return deepNest(200000); });
 }
 
-TEST(DismantlingFaults, DeepHistoriesDieWithoutMemoryOnANormalStack)
+TEST(DismantlingFaults, DeepHistoriesAreReleasedWithoutMemoryOnANormalStack)
 {
-    expectDeath([] {
+    expectRelease([] {
         MoleculeEntity molecule = 1.0;
         for (int level = 0; level < 200000; ++level) {
             chem::StructuredMolecule next;

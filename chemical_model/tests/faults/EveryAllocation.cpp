@@ -54,7 +54,7 @@ public:
             const Usage before = usage();
             isDone = tryOnce(&complaint);
             if (complaint.empty() && usage().blocks != before.blocks)
-                judgeLeak(usage().blocks - before.blocks, &complaint);
+                checkLeak(usage().blocks - before.blocks, &complaint);
             if (complaint.empty() && !isDone)
                 ++m_report->point;
         }
@@ -90,20 +90,20 @@ private:
             return true;
         const std::string left = attempt->description();
         if (ending == Ending::DidWithout)
-            judgeResult(left, complaint);
+            checkResult(left, complaint);
         else
-            judgeRest(left, complaint);
+            checkRest(left, complaint);
         return false;
     }
 
-    void judgeRest(const std::string& left, std::string* complaint)
+    void checkRest(const std::string& left, std::string* complaint)
     {
         ++m_report->thrown;
         if (m_afterwards == Afterwards::OldOrNew && left != m_before && left != m_success)
             *complaint = "neither old nor new: " + left;
     }
 
-    void judgeResult(const std::string& result, std::string* complaint)
+    void checkResult(const std::string& result, std::string* complaint)
     {
         if (result == m_success)
             ++m_report->didWithout;
@@ -114,7 +114,7 @@ private:
                          textOf(refusedCalls()) + result + "\ninstead of\n" + m_success;
     }
 
-    void judgeLeak(std::size_t blocks, std::string* complaint)
+    void checkLeak(std::size_t blocks, std::string* complaint)
     {
         if (isKnownToLeak(refusedCalls()))
             ++m_report->leaks;

@@ -109,7 +109,7 @@ TEST(FactoryFaults, AssigningAFactoryIsAllOrNothing)
     });
 }
 
-TEST(FactoryFaults, AssigningAFactoryThatDiesIsAllOrNothing)
+TEST(FactoryFaults, AssigningAFactoryByMoveIsAllOrNothing)
 {
     const auto make = [] {
         return std::tuple(natural(), changed());

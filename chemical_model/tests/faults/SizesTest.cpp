@@ -37,7 +37,7 @@ struct Cost
 {
     std::size_t held = 0; ///< Bytes while the value lives.
     std::size_t peak = 0; ///< Most bytes on the way.
-    double seconds = 0.0; ///< To make it and to let it die.
+    double seconds = 0.0; ///< To make it and to release it.
 };
 
 template <typename Make>
@@ -112,7 +112,7 @@ MoleculeEntity mixedNest(int depth)
     return inner;
 }
 
-TEST(Sizes, NestsOfAllKindsInTurnDieOnANormalStack)
+TEST(Sizes, NestsOfAllKindsInTurnAreReleasedOnANormalStack)
 {
     expectOnNormalStack([] { expectLinear("mixed nest, depth", 200'000, mixedNest); });
 }
@@ -130,7 +130,7 @@ MoleculeEntity deepHistory(int depth)
     return molecule;
 }
 
-TEST(Sizes, HistoriesOfOneEntryALevelDieOnANormalStack)
+TEST(Sizes, HistoriesOfOneEntryALevelAreReleasedOnANormalStack)
 {
     expectOnNormalStack([] { expectLinear("history, depth", 200'000, deepHistory); });
 }

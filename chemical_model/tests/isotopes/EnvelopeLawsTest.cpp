@@ -63,7 +63,7 @@ RC_GTEST_PROP(EnvelopeLaws, CentreOfTheEnvelopeIsTheAverageMass, ())
     for (const QPointF& point : envelope)
         centre += point.x() * point.y();
     centre = centre / shareOf(envelope) + factory().electron.monoMass();
-    // What is cut is less than 0.1 per cent of the molecules and lies a few daltons away.
+    // What is left out is less than 0.1 per cent of the molecules and lies a few daltons away.
     RC_ASSERT(std::abs(centre - molecule.averageMass()) < 0.01);
 }
 

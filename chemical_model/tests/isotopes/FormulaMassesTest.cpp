@@ -339,7 +339,7 @@ TEST(FormulaMasses, EntriesOfZeroInAModificationLeaveNoTrace)
     EXPECT_EQ(modified.formula().elementCountMap(), (QMap<QString, double>{{u"H"_s, 1}}));
 }
 
-TEST(FormulaMasses, TextThatCannotBePricedWritesNoMessage)
+TEST(FormulaMasses, OddTextWritesNoMessage)
 {
     const MessageRecorder recorder;
     const auto factory = chem::defaultChemicalFactory();

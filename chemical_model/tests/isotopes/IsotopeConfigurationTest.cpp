@@ -169,7 +169,7 @@ TEST(IsotopeConfiguration, NewRowsStandAtTheEndAndTheIndicesFollow)
     }
 }
 
-TEST(IsotopeConfiguration, EverythingIsPricedWithTheNewRows)
+TEST(IsotopeConfiguration, MassesAreComputedWithTheNewRows)
 {
     const OpenFactory natural;
     const OpenFactory labelled(u"C13:1"_s);

@@ -10,7 +10,7 @@
 
 /// \file
 /// What holds for the masses of all molecules: laws of chemistry that know nothing of how the
-/// library works them out.
+/// library computes them.
 
 using namespace Qt::StringLiterals;
 

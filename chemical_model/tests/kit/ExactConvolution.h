@@ -63,7 +63,7 @@ inline MassDistribution exactDistribution(const chem::ChemicalFormula& formula,
     return exact;
 }
 
-/// Compares an envelope at charge 1 with the distribution, as far as what is cut from it allows:
+/// Compares an envelope at charge 1 with the distribution, as far as what it leaves out allows:
 /// the larger the molecule, the more of its configurations are rare.
 inline void expectEnvelopeOf(MassDistribution exact, const QList<QPointF>& envelope,
                              double mostMissing)
@@ -78,7 +78,7 @@ inline void expectEnvelopeOf(MassDistribution exact, const QList<QPointF>& envel
         EXPECT_GE(envelope[i].y(), bin.probability - missing - 1e-9);
         if (i > 0 && bin.probability > 1e-6) {
             const double centroid = bin.massSum / bin.probability - 0.000548579909065;
-            // What is cut lies within 0.1 of the centroid and so moves it by its share at most.
+            // What is left out lies within 0.1 of the centroid and moves it by its share at most.
             EXPECT_NEAR(envelope[i].x(), centroid, 0.1 * missing / bin.probability + 1e-9) << i;
         }
     }

@@ -26,7 +26,7 @@ constexpr bool racesAreDetected = false;
 #endif
 
 /// How often a test repeats itself on fresh objects. What is written on first use, as a shared text
-/// that parts from its copies, is written once in each object's life: later rounds on the same
+/// that detaches from its copies, is written once in each object's life: later rounds on the same
 /// object see nothing, so it takes many short lives and not a long one.
 constexpr int rounds = racesAreDetected ? 100 : 10;
 

@@ -21,7 +21,7 @@ Molecule glycan(const QString& composition)
     return chem::defaultChemicalFactory()->constructGlycanModification(composition);
 }
 
-TEST(GlycanComposition, IsJudgedAndAddedUp)
+TEST(GlycanComposition, IsCheckedAndAddedUp)
 {
     struct Case
     {
@@ -140,7 +140,7 @@ RC_GTEST_PROP(GlycanLaws, OrderOfTermsDoesNotMatterToTheComposition, ())
     RC_ASSERT(glycan(forwards).formula().toString() == glycan(backwards).formula().toString());
 }
 
-TEST(GlycanComposition, EveryTermIsJudged)
+TEST(GlycanComposition, EveryTermIsChecked)
 {
     EXPECT_FALSE(isValid(u"Pent(1)Hex(99999999999)"_s));
     EXPECT_FALSE(isValid(u"Pent(1)Hex(2147483648)Fuc(1)"_s));

@@ -132,7 +132,7 @@ TEST(ComplexResidue, TakesTheNameBeforeTheCode)
     EXPECT_EQ(residue.monoMass(), 17.0);
 }
 
-// The masses are free numbers: a delta that was priced again from its formula would not have them.
+// The masses are free numbers: a delta computed again from its formula would not have them.
 TEST(FragmentationSite, DeltaIsGainedMinusLostFieldByField)
 {
     const FragmentationSite site(FragmentType::Z, moleculeOf(u"O1H1"_s, 0.3, 5.0),

@@ -22,7 +22,7 @@ using chem::Molecule;
 using chem::MoleculeComplex;
 using chem::SimpleFragment;
 
-// Laws over random chains: each generator against its ions, each worked out from scratch.
+// Laws over random chains: each generator against its ions, each computed from scratch.
 
 bool isLeft(FragmentType type)
 {

@@ -60,7 +60,7 @@ TEST(LinearFragments, FlatFragmentStartsUnknownAndEmpty)
 
 TEST(LinearFragments, PeptideIonsHaveTheirCompositions)
 {
-    // Worked out by hand: glycine residue C2H3NO, alanine residue C3H5NO.
+    // Computed by hand: glycine residue C2H3NO, alanine residue C3H5NO.
     const auto found = compositions(*peptide(u"GA"_s));
     const std::map<QString, QString> expected = {
         {u"b1"_s, u"C2H3NO"_s},     {u"b2"_s, u"C5H8N2O2"_s},  {u"a1"_s, u"C1H3N"_s},
@@ -73,7 +73,7 @@ TEST(LinearFragments, PeptideIonsHaveTheirCompositions)
     EXPECT_EQ(found, expected);
 }
 
-// Worked out by hand: lysine residue C6H12N2O; methionine C5H9NOS and cysteine C3H5NOS.
+// Computed by hand: lysine residue C6H12N2O; methionine C5H9NOS and cysteine C3H5NOS.
 TEST(LinearFragments, IonsOfFullLengthHaveTheirCompositions)
 {
     const std::map<QString, QString> lysine = {
@@ -382,7 +382,7 @@ TEST(LinearFragments, LastPassOfAnEditedComplexGivesNoRightIons)
     EXPECT_EQ(richFragments(edited).size(), 10 + 5);
 }
 
-// Oligonucleotides. The compositions are worked out by hand from adenine C5H4N5, cytosine C4H4N3O,
+// Oligonucleotides. The compositions are computed by hand from adenine C5H4N5, cytosine C4H4N3O,
 // guanine C5H4N5O, deoxyribose C5H7O2, phosphate HPO3 and thioate HPO2S.
 
 TEST(LinearFragments, OligonucleotideIonsHaveTheirCompositions)

@@ -11,7 +11,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-// The compositions are worked out by hand from the pieces of each strand; several are those of
+// The compositions are computed by hand from the pieces of each strand; several are those of
 // known molecules: the d ion of a first dA is deoxyadenosine monophosphate, its b ion
 // deoxyadenosine.
 

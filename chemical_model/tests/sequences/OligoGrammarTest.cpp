@@ -332,7 +332,7 @@ TEST(OligoGrammar, PlainAlphabetOfAnySizeIsMatchedOnEveryPlatform)
 
 // Any length.
 
-TEST(OligoGrammar, LongTextsAreJudgedInLinearTime)
+TEST(OligoGrammar, LongTextsAreMatchedInLinearTime)
 {
     const auto factory = chem::defaultChemicalFactory();
     for (const int nucleotides : {10, 1000, 20000, 1000000}) {
@@ -344,7 +344,7 @@ TEST(OligoGrammar, LongTextsAreJudgedInLinearTime)
     }
 }
 
-TEST(OligoGrammar, DigitsBeforeAWrongCharacterAreJudgedAtOnce)
+TEST(OligoGrammar, DigitsBeforeAWrongCharacterAreRefusedAtOnce)
 {
     // An engine that backtracks needs 30 milliseconds for 16 digits and twice that for each further
     // one.

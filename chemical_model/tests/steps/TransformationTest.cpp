@@ -293,7 +293,7 @@ TEST(Transformation, TakesTheRebuiltMassesOfAMolecule)
     EXPECT_EQ(result.monoMass(), water.monoMass() + 1.0);
 }
 
-TEST(History, OfTwoThousandStepsLivesAndDies)
+TEST(History, OfTwoThousandStepsIsHeldAndReleased)
 {
     chem::MoleculeEntity molecule = proteinOf(u"AKC"_s);
     const chem::Modify put(chem::Modification(group(u"CH2"_s, 14.0), {{0, 1}}));
@@ -309,7 +309,7 @@ TEST(History, OfTwoThousandStepsLivesAndDies)
     EXPECT_EQ(residueAt(molecule, 0, 1).transformations().size(), 2000);
 }
 
-TEST(History, TwoHundredThousandDeepDiesOnAnOrdinaryStack)
+TEST(History, TwoHundredThousandDeepIsReleasedOnAnOrdinaryStack)
 {
     chem::MoleculeEntity molecule = 1.0;
     for (int level = 0; level < 200000; ++level) {

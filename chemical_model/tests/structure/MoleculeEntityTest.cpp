@@ -246,7 +246,7 @@ TEST(MoleculeEntity, MassesAreComparedToTwelveDigits)
     EXPECT_FALSE(nan == nan);
 }
 
-TEST(MoleculeEntity, MillionResiduesLiveAndDie)
+TEST(MoleculeEntity, MillionResiduesAreHeldAndReleased)
 {
     const auto factory = chem::defaultChemicalFactory();
     const QString text = u"ACDEFGHIKL"_s.repeated(100000);
@@ -273,7 +273,7 @@ MoleculeEntity nested(int depth, Nest nest)
 
 constexpr int greatDepth = 200000;
 
-TEST(MoleculeEntity, DeepNestsDieOnANormalStack)
+TEST(MoleculeEntity, DeepNestsAreReleasedOnANormalStack)
 {
     nested(greatDepth, [](StructuredMolecule* outer, const MoleculeEntity& inner) {
         outer->chains = {Chain(QString(), QString(), {inner}, MoleculeType::Unknown, {})};

@@ -222,7 +222,7 @@ TEST(ObservedMassEntity, ToleranceIsWorkedOutAtTheMassOfTheModel)
     EXPECT_EQ(matched(-1000.0, {-1000.0}, within(1.0, 1)), Masses()); // a tolerance below zero
 }
 
-TEST(ObservedMassEntity, MassesAtTheEdgesAreJudgedByTheRoundedSums)
+TEST(ObservedMassEntity, MassesAtTheEdgesAreComparedWithTheRoundedSums)
 {
     std::mt19937 random(testSeed(5));
     std::uniform_real_distribution<double> modelMass(100.0, 5000.0);
