@@ -117,34 +117,34 @@ const ByExpressions& byExpressions()
     return factory;
 }
 
-// Judging a text.
+// Matching a text.
 
-void judgeText(benchmark::State& state)
+void matchText(benchmark::State& state)
 {
     forEachText(state, [](const QString& text) {
         benchmark::DoNotOptimize(factory().isValidOligoSequence(text));
     });
 }
-BENCHMARK(judgeText);
+BENCHMARK(matchText);
 
-void judgeTextYardstickThatCompiles(benchmark::State& state)
+void matchTextYardstickThatCompiles(benchmark::State& state)
 {
     forEachText(state, [](const QString& text) {
         benchmark::DoNotOptimize(byExpressions().isValid(text));
     });
 }
-BENCHMARK(judgeTextYardstickThatCompiles);
+BENCHMARK(matchTextYardstickThatCompiles);
 
-void judgeTextFloorOfACompiledMatch(benchmark::State& state)
+void matchTextFloorOfACompiledMatch(benchmark::State& state)
 {
     const QRegularExpression expression = factory().generateFullOligoRegex();
     forEachText(state, [&expression](const QString& text) {
         benchmark::DoNotOptimize(expression.match(text).hasMatch());
     });
 }
-BENCHMARK(judgeTextFloorOfACompiledMatch);
+BENCHMARK(matchTextFloorOfACompiledMatch);
 
-void judgeTextFloorOfReadingEachCharacter(benchmark::State& state)
+void matchTextFloorOfReadingEachCharacter(benchmark::State& state)
 {
     forEachText(state, [](const QString& text) {
         quint32 sum = 0;
@@ -153,7 +153,7 @@ void judgeTextFloorOfReadingEachCharacter(benchmark::State& state)
         benchmark::DoNotOptimize(sum);
     });
 }
-BENCHMARK(judgeTextFloorOfReadingEachCharacter);
+BENCHMARK(matchTextFloorOfReadingEachCharacter);
 
 // Parsing.
 
@@ -356,13 +356,13 @@ QString longText(int nucleotides)
     return text;
 }
 
-void judgeRna(benchmark::State& state)
+void matchRna(benchmark::State& state)
 {
     const QString text = longText(static_cast<int>(state.range(0)));
     for (auto _ : state)
         benchmark::DoNotOptimize(factory().isValidOligoSequence(text));
 }
-BENCHMARK(judgeRna)->Arg(5000)->Arg(1000000)->Unit(benchmark::kMicrosecond);
+BENCHMARK(matchRna)->Arg(5000)->Arg(1000000)->Unit(benchmark::kMicrosecond);
 
 void parseRna(benchmark::State& state)
 {

@@ -132,7 +132,7 @@ void flatFragments(benchmark::State& state)
     });
 }
 
-/// Each thread cuts a molecule that all share.
+/// Each thread clips a molecule that all share.
 void clipsOfOneMolecule(benchmark::State& state)
 {
     static const QList<chem::MoleculeEntity> proteins = {benchmarkProteins::protein(50)};
