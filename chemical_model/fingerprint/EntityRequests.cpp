@@ -19,7 +19,7 @@ StructuredMolecule anyValue(Choices* choices)
     StructuredMolecule value;
     value.type = choices->oneIn(2) ? MoleculeType::Peptide : MoleculeType::OligoNucleotide;
     value.chains = {anyChain(choices)};
-    if (choices->oneIn(2)) // else the totals are worked out when asked for
+    if (choices->oneIn(2)) // else the totals are computed when asked for
         value.formula = ChemicalFactory::parseChemicalFormula(anyMoleculeText(choices));
     if (choices->oneIn(2))
         value.monoMass = choices->number(1000);

@@ -8,7 +8,7 @@
 #include <exception>
 
 /// \file
-/// IsoSpec++ works probabilities out with logarithms and exponentials, whose last bits are those of
+/// IsoSpec++ computes probabilities with logarithms and exponentials, whose last bits are those of
 /// the platform's mathematics library: half of the points differ between x86-64 and arm64, by at
 /// most 1.4 * 10^-12. Positions and shares are therefore rounded to a millionth. A value next to a
 /// rounding border would still go one way here and the other way there, so the seed is one with

@@ -1,5 +1,5 @@
 // Any text is read as an isotope configuration: it is refused quietly, refused by an exception, or
-// gives a factory that prices everything with the new isotopes.
+// gives a factory that computes all masses with the new isotopes.
 
 #include "FuzzInput.h"
 #include <ChemicalFactory.h>

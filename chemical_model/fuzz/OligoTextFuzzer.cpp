@@ -83,7 +83,7 @@ void requireSameUnits(const OligoScanner& scanner, const OligoAlphabets& alphabe
         require(unit.text == match.captured(0) && unit.ribose == match.captured(1) &&
                     unit.base == match.captured(3) && unit.number == match.captured(4) &&
                     unit.phosphates == match.captured(5),
-                "units are cut as the expression cuts them");
+                "units are split as the expression splits them");
     }
     require(!expected.hasNext(), "no unit too few");
 }
@@ -98,7 +98,7 @@ void compareWithExpressions(Bytes bytes)
     const QString characters = u"A12.+-\n"_s + alphabets.fivePrimeMarks + alphabets.riboses +
                                alphabets.nucleobases + alphabets.phosphates +
                                alphabets.threePrimeMarks;
-    // The engine's time doubles with each digit that it can cut in two.
+    // The engine's time doubles with each digit that it can split in two.
     constexpr qsizetype bearableLength = 16;
     const QString text = readText(characters, &bytes).left(bearableLength);
 
