@@ -1,7 +1,7 @@
 #include "Require.h"
+#include "sequences/OligoScanner.h"
 #include <ChemicalFactory.h>
 #include <LinearFragments.h>
-#include <OligoScanner.h>
 
 #include <QRegularExpression>
 #include <QStringList>

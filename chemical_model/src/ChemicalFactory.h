@@ -213,7 +213,8 @@ public:
     QRegularExpression generateOligoSequenceRegex() const;
 
     /// Tells whether `sequence` is one oligonucleotide text, or several separated by commas. Linear
-    /// in the length of the text, which may be any.
+    /// in the length, which may be any, unless a key means more than its characters, as "a-c" does:
+    /// such alphabets are left to the expression engine, which refuses long texts.
     bool isValidOligoSequence(const QString& sequence) const;
 
     /// Reads an oligonucleotide text without blanks or commas and appends its nucleotides.
@@ -224,7 +225,7 @@ public:
     ///
     /// The last nucleotide has no phosphate unless the text gives one; a number at the end takes
     /// away the implicit phosphate of the nucleotide before it. A single number without marks is a
-    /// mass without terminals. Linear in the length of the text, which may be any.
+    /// mass without terminals. For the length see isValidOligoSequence().
     bool parseNucleotideSequence(const QString& sequence,
                                  QList<QSharedPointer<const Nucleotide>>* nucleotides,
                                  NamedMolecule* fivePrime, NamedMolecule* threePrime) const;
@@ -259,8 +260,8 @@ public:
     /// count exceeds 2147483647. setBuildingBlock() changes what these names weigh but adds none.
     bool isValidGlycanComposition(const QString& composition) const;
 
-    /// Adds up the residues of a composition, stored masses times counts in the order of the terms.
-    /// A term that cannot be used is skipped; without any the result is empty. No water is added.
+    /// Adds up the residues of a composition, stored masses times counts in the order of the terms,
+    /// those that can be used. No water is added.
     Molecule constructGlycanModification(const QString& composition) const;
 
     /// Adds constructGlycanModification() of `composition` to a copy of `molecule`.
@@ -329,7 +330,7 @@ protected:
 
 private:
     /// What isotopes and dictionaries come to.
-    struct Prepared;
+    struct ZEL_CHEMICAL_MODEL_NO_EXPORT Prepared;
     std::shared_ptr<const Prepared> m_prepared; ///< Null before init() and after a move.
 };
 

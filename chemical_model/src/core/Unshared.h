@@ -8,7 +8,8 @@
 namespace chem {
 
 /// \file
-/// Copies that count no reference on what they were copied from, for PerThread.
+/// Copies with formulas and texts of their own, so that to use them counts no reference on those
+/// that they were copied from: for PerThread.
 
 /// The same molecule with a formula of its own.
 Molecule unshared(const Molecule& molecule);

@@ -38,12 +38,12 @@ void ChemicalFactory::standardOligoTermini(NamedMolecule* fivePrime,
 
 QRegularExpression ChemicalFactory::generateFullOligoRegex() const
 {
-    return QRegularExpression(oligoFullExpression(Prepared::oligoReader(*this)->alphabets()));
+    return QRegularExpression(oligoFullExpression(alphabetsOf(Prepared::oligoBlocks(*this))));
 }
 
 QRegularExpression ChemicalFactory::generateOligoSequenceRegex() const
 {
-    return QRegularExpression(oligoUnitExpression(Prepared::oligoReader(*this)->alphabets()));
+    return QRegularExpression(oligoUnitExpression(alphabetsOf(Prepared::oligoBlocks(*this))));
 }
 
 bool ChemicalFactory::isValidOligoSequence(const QString& sequence) const

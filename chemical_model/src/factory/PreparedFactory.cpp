@@ -10,12 +10,16 @@ namespace chem {
 
 namespace {
 
-/// A dictionary for one thread.
-QMap<QString, NamedMolecule>
-ownBlocks(const QMap<ChemicalFactory::BuildingBlockType, QMap<QString, NamedMolecule>>& blocks,
-          ChemicalFactory::BuildingBlockType type)
+/// The building blocks for one thread.
+OligoBlocks own(const OligoBlocks& blocks)
 {
-    return unshared(blocks.value(type));
+    return {.fivePrimeTerminals = unshared(blocks.fivePrimeTerminals),
+            .riboses = unshared(blocks.riboses),
+            .nucleobases = unshared(blocks.nucleobases),
+            .phosphates = unshared(blocks.phosphates),
+            .threePrimeTerminals = unshared(blocks.threePrimeTerminals),
+            .defaultRibose = unshared(blocks.defaultRibose),
+            .defaultPhosphate = unshared(blocks.defaultPhosphate)};
 }
 
 template <typename Reader, typename Make>
@@ -47,20 +51,25 @@ void ChemicalFactory::Prepared::writeIsotopes(const IsotopeTable& table, Chemica
 
 void ChemicalFactory::Prepared::fillBuildingBlocks(ChemicalFactory* factory)
 {
-    for (int kind = AminoAcidBlock; kind != NoBlock; ++kind) {
-        const auto type = static_cast<BuildingBlockType>(kind);
+    const auto fill = [factory](BuildingBlockType type) {
         QMap<QString, NamedMolecule> blocks;
         for (const StandardBlock& block : standardBlocks(type)) {
             const Molecule molecule = factory->constructMolecule(block.formula);
             blocks.insert(block.key, NamedMolecule(molecule, block.name, block.code));
         }
-        if (!blocks.isEmpty())
-            factory->buildingBlocks.insert(type, blocks);
-    }
+        factory->buildingBlocks.insert(type, blocks);
+    };
+    fill(SugarBlock);
+    fill(AminoAcidBlock);
+    fill(NucleobaseBlock);
     factory->defaultRibose = NamedMolecule(factory->constructMolecule(u"C5O2H7"_s),
                                            u"2'-deoxyribose (DNA)"_s, QString());
+    fill(RiboseBlock);
     factory->defaultPhosphate =
         NamedMolecule(factory->constructMolecule(u"HPO3"_s), u"phosphodiester"_s, QString());
+    fill(PhosphateBlock);
+    fill(FivePrimeTerminalBlock);
+    fill(ThreePrimeTerminalBlock);
 }
 
 void ChemicalFactory::Prepared::fillConstants(ChemicalFactory* factory)
@@ -117,24 +126,29 @@ std::shared_ptr<const PeptideReader>
 ChemicalFactory::Prepared::peptideReader(const ChemicalFactory& factory)
 {
     const auto make = [&factory] {
-        return PeptideReader(ownBlocks(factory.buildingBlocks, AminoAcidBlock), ownGroups(factory));
+        return PeptideReader(unshared(factory.buildingBlocks.value(AminoAcidBlock)),
+                             ownGroups(factory));
     };
     return lent(factory.m_prepared ? &factory.m_prepared->peptideReaders : nullptr, make);
+}
+
+OligoBlocks ChemicalFactory::Prepared::oligoBlocks(const ChemicalFactory& factory)
+{
+    const auto& blocks = factory.buildingBlocks;
+    return {.fivePrimeTerminals = blocks.value(FivePrimeTerminalBlock),
+            .riboses = blocks.value(RiboseBlock),
+            .nucleobases = blocks.value(NucleobaseBlock),
+            .phosphates = blocks.value(PhosphateBlock),
+            .threePrimeTerminals = blocks.value(ThreePrimeTerminalBlock),
+            .defaultRibose = factory.defaultRibose,
+            .defaultPhosphate = factory.defaultPhosphate};
 }
 
 std::shared_ptr<const OligoReader>
 ChemicalFactory::Prepared::oligoReader(const ChemicalFactory& factory)
 {
     const auto make = [&factory] {
-        const auto& blocks = factory.buildingBlocks;
-        return OligoReader({.fivePrimeTerminals = ownBlocks(blocks, FivePrimeTerminalBlock),
-                            .riboses = ownBlocks(blocks, RiboseBlock),
-                            .nucleobases = ownBlocks(blocks, NucleobaseBlock),
-                            .phosphates = ownBlocks(blocks, PhosphateBlock),
-                            .threePrimeTerminals = ownBlocks(blocks, ThreePrimeTerminalBlock),
-                            .defaultRibose = unshared(factory.defaultRibose),
-                            .defaultPhosphate = unshared(factory.defaultPhosphate)},
-                           ownGroups(factory));
+        return OligoReader(own(oligoBlocks(factory)), ownGroups(factory));
     };
     return lent(factory.m_prepared ? &factory.m_prepared->oligoReaders : nullptr, make);
 }
@@ -143,7 +157,7 @@ std::shared_ptr<const GlycanReader>
 ChemicalFactory::Prepared::glycanReader(const ChemicalFactory& factory)
 {
     const auto make = [&factory] {
-        return GlycanReader(ownBlocks(factory.buildingBlocks, SugarBlock));
+        return GlycanReader(unshared(factory.buildingBlocks.value(SugarBlock)));
     };
     return lent(factory.m_prepared ? &factory.m_prepared->glycanReaders : nullptr, make);
 }

@@ -56,6 +56,9 @@ struct ChemicalFactory::Prepared
     static void insertBlock(BuildingBlockType type, const NamedMolecule& block,
                             ChemicalFactory* factory);
 
+    /// What oligonucleotide text is made from at the moment.
+    static OligoBlocks oligoBlocks(const ChemicalFactory& factory);
+
     /// The reader of the calling thread, lent without counting references. A factory that was moved
     /// from has nowhere to keep one: it is made for one call, from what the move left.
     static std::shared_ptr<const PeptideReader> peptideReader(const ChemicalFactory& factory);

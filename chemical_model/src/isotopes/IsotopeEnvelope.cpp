@@ -105,7 +105,6 @@ int chargeNumber(int charge)
 void writeIsotopeEnvelope(const ChemicalFormula& formula, const IsotopeTable& isotopes, int charges,
                           double electronMass, QList<QPointF>* envelope)
 {
-    envelope->clear();
     const IsoArrays arrays = isoArrays(formula, isotopes);
     if (arrays.atomCounts.isEmpty()) // nothing to enumerate, which IsoSpec++ cannot do
         return;

@@ -12,8 +12,8 @@ namespace chem {
 int chargeNumber(int charge);
 
 /// Writes the isotope envelope of a valid formula at a number of charges to `envelope`, as
-/// ChemicalFactory::generateIsotopeEnvelope() tells it; empties it where nothing is known or
-/// nothing reaches the threshold. `electronMass` is taken off every m/z.
+/// ChemicalFactory::generateIsotopeEnvelope() tells it; an empty list stays empty where nothing is
+/// known or nothing reaches the threshold. `electronMass` is taken off every m/z.
 void writeIsotopeEnvelope(const ChemicalFormula& formula, const IsotopeTable& isotopes, int charges,
                           double electronMass, QList<QPointF>* envelope);
 

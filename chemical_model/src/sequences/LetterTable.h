@@ -20,8 +20,6 @@ namespace chem {
 class LetterTable
 {
 public:
-    LetterTable() = default;
-
     /// Takes the entries whose key is one character long; no other key can be written as a letter.
     explicit LetterTable(const QMap<QString, NamedMolecule>& dictionary);
 

@@ -32,7 +32,7 @@ public:
     {
     }
 
-    /// The breaks of a nucleotide. They stay valid as long as this object.
+    /// The breaks of a nucleotide. They stay valid until the call after the next one.
     const NucleotideBreaks& of(const PlacedNucleotide& placed)
     {
         if (placed.breaks)
@@ -51,6 +51,9 @@ public:
             return known->breaks;
         m_known.push_back(
             {&nucleotide, m_sites.breaksOf(nucleotide.nucleobase, nucleotide.phosphate)});
+        if (std::ssize(m_known) >
+            mostCompared + 1) // those before may be the latest ones' neighbour
+            m_known.pop_front();
         return m_known.back().breaks;
     }
 

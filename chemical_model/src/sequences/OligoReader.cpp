@@ -70,8 +70,7 @@ void unlinkLast(OligoText* text)
 } // namespace
 
 OligoReader::OligoReader(const OligoBlocks& blocks, const ChainGroups& groups)
-    : m_alphabets(alphabetsOf(blocks))
-    , m_scanner(m_alphabets)
+    : m_scanner(alphabetsOf(blocks))
     , m_sites(groups)
     , m_nucleotides(blocks, m_sites)
     , m_unmarkedFivePrime(groups.hydrogen, u"5Prime"_s, QString())

@@ -23,9 +23,6 @@ class OligoReader
 public:
     OligoReader(const OligoBlocks& blocks, const ChainGroups& groups);
 
-    /// What the grammar is made from.
-    const OligoAlphabets& alphabets() const { return m_alphabets; }
-
     /// Tells whether a text is one oligonucleotide, or several separated by commas.
     bool isValid(QStringView text) const;
 
@@ -53,7 +50,6 @@ private:
     void writeTerminals(const OligoText& text, bool isBareNumber, NamedMolecule* fivePrime,
                         NamedMolecule* threePrime) const;
 
-    OligoAlphabets m_alphabets;
     OligoScanner m_scanner;
     OligoSites m_sites;
     OligoNucleotides m_nucleotides;

@@ -1,13 +1,13 @@
 #include "steps/TransformationHistory.h"
 
+#include "structure/Totals.h"
+
 namespace chem {
 
 StructuredMolecule structuredCopy(const MoleculeEntity& molecule)
 {
     StructuredMolecule copy = copyWithoutTotals(molecule);
-    copy.formula = molecule.formula();
-    copy.monoMass = molecule.monoMass();
-    copy.averageMass = molecule.averageMass();
+    writeTotals(totalsOf(molecule), &copy);
     return copy;
 }
 

@@ -11,7 +11,7 @@ namespace chem {
 /// answers: an amino acid gives its type, texts, formula and masses, and empty lists.
 StructuredMolecule structuredCopy(const MoleculeEntity& molecule);
 
-/// The same without formula and masses, for a step that sums these anew: working them out can be
+/// The same without formula and masses, for a step that sums these anew: computing them can be
 /// long where the molecule does not store them.
 StructuredMolecule copyWithoutTotals(const MoleculeEntity& molecule);
 

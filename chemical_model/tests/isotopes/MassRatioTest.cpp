@@ -4,6 +4,8 @@
 #include <gtest/gtest.h>
 #include <rapidcheck/gtest.h>
 
+#include <cmath>
+
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -92,6 +94,18 @@ RC_GTEST_PROP(MassRatioLaws, EstimateThereAndBackGivesTheMass, ())
 
 // Two rows of abundance 1 make an electron's average mass twice its monoisotopic mass, so taking
 // 1000 of them from hydrogen leaves 0.459 Da monoisotopic and -0.089 Da average: a ratio below 0.
+// No mass times no end of atoms is no number, and that is no ratio.
+TEST(MassRatio, EndlessCountOfAnUnknownElementGivesNoEstimate)
+{
+    for (const QString& formula : {u"CXx1e999"_s, u"CXx"_s + u"9"_s.repeated(310)}) {
+        const auto parsed = chem::ChemicalFactory::parseChemicalFormula(formula);
+        ASSERT_TRUE(std::isinf(parsed.elementCountMap()[u"Xx"_s]));
+        EXPECT_EQ(fromAverage(formula, 100.0).monoMass(), 0.0);
+        EXPECT_EQ(fromMono(formula, 100.0).averageMass(), 0.0);
+    }
+    EXPECT_GT(fromAverage(u"CXx7"_s, 100.0).monoMass(), 99.0);
+}
+
 TEST(MassRatio, NegativeRatioGivesNoEstimate)
 {
     EXPECT_EQ(fromMono(u"HE-1000"_s, 1000.0).averageMass(), 0.0);
