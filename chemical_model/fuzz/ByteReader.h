@@ -18,13 +18,13 @@ public:
 
     bool atEnd() const { return m_data == m_end; }
 
-    /// A number from 0 to `count` - 1.
-    int choice(int count) { return atEnd() ? 0 : *m_data++ % count; }
+    /// A number from 0 to `end` - 1.
+    int below(int end) { return atEnd() ? 0 : *m_data++ % end; }
 
     /// Mostly a small number around `count`; now and then an extreme one.
     int aroundRange(int count)
     {
-        const int value = choice(count + 5);
+        const int value = below(count + 5);
         if (value <= count + 1)
             return value - 1;
         return value == count + 2   ? std::numeric_limits<int>::min()

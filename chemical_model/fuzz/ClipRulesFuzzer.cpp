@@ -33,8 +33,8 @@ struct Text
 Text anyText(ByteReader* bytes)
 {
     Text result;
-    for (int count = bytes->choice(5); count > 0; --count) {
-        const int unit = bytes->choice(static_cast<int>(units.size()));
+    for (int count = bytes->below(5); count > 0; --count) {
+        const int unit = bytes->below(static_cast<int>(units.size()));
         result.text += QString::fromUtf16(units[static_cast<std::size_t>(unit)]);
         result.isPlain = result.isPlain && unit < plainUnits;
     }
@@ -44,9 +44,9 @@ Text anyText(ByteReader* bytes)
 Chain anyChain(ByteReader* bytes)
 {
     QList<MoleculeEntity> residues;
-    const int kinds = bytes->choice(2) == 0 ? 7 : static_cast<int>(codes.size());
-    for (int size = bytes->choice(24); size > 0; --size) {
-        const int kind = bytes->choice(kinds);
+    const int kinds = bytes->below(2) == 0 ? 7 : static_cast<int>(codes.size());
+    for (int size = bytes->below(24); size > 0; --size) {
+        const int kind = bytes->below(kinds);
         const QString code = QString::fromUtf16(codes[static_cast<std::size_t>(kind)]);
         residues.append(
             AminoAcid(NamedMolecule(Molecule(ChemicalFormula(), 57.0 + kind, 57.0), code, code)));
@@ -195,7 +195,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
 {
     ByteReader bytes(data, size);
     QList<Chain> chains = {anyChain(&bytes)};
-    if (bytes.choice(2) == 1)
+    if (bytes.below(2) == 1)
         chains.append(anyChain(&bytes));
     const MoleculeEntity molecule =
         constructProteinFromChains(QStringLiteral("molecule"), chains, {}, {}, nullptr);

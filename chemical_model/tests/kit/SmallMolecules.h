@@ -1,6 +1,5 @@
 #pragma once
 
-#include "TestPrinters.h"
 #include <ChemicalModel.h>
 
 #include <bit>

@@ -1,4 +1,5 @@
 #include "SmallMolecules.h"
+#include "TestPrinters.h"
 
 #include <gtest/gtest.h>
 

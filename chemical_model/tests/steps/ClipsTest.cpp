@@ -1,5 +1,6 @@
 #include "MessageRecorder.h"
 #include "SmallMolecules.h"
+#include "TestPrinters.h"
 
 #include <gtest/gtest.h>
 

@@ -1,147 +1,38 @@
-#include "SmallMolecules.h"
+#include "AnySteps.h"
+#include "TestPrinters.h"
 
 #include <gtest/gtest.h>
 #include <rapidcheck/gtest.h>
 
 #include <functional>
-#include <memory>
 #include <vector>
 
 /// \file
-/// Random molecules and random programs of steps. All masses are multiples of 2^-11, so that sums
-/// over a molecule's parts are exact in any order and can be compared with totals that were
-/// corrected step by step.
+/// Random programs of steps on random molecules.
 
 using namespace Qt::StringLiterals;
+using namespace anySteps;
 using namespace smallMolecules;
 using chem::Modification;
 using chem::MoleculeEntity;
 
 namespace {
 
-using StepPointer = std::shared_ptr<const chem::Transformation>;
-
-/// A position around a molecule of up to three chains; a few lie outside.
-rc::Gen<Position> anyPosition()
+/// The choices of a property test.
+struct AnyChoices
 {
-    return rc::gen::pair(rc::gen::inRange(-1, 4), rc::gen::inRange(-1, 8));
-}
-
-/// Groups that a step adds: few, so that what was put on is met again when something is taken off.
-/// The one loss is no whole number, so that nothing adds up to a mass of 0 by chance.
-rc::Gen<MoleculeEntity> anyGroup()
-{
-    return rc::gen::map(rc::gen::inRange(0, 6), [](int kind) -> MoleculeEntity {
-        switch (kind) {
-        case 0:
-            return nullptr;
-        case 1:
-            return 7;
-        case 2:
-            return 2.5;
-        case 3:
-            return group(u"CH2"_s, 14.0);
-        case 4:
-            return namedGroup(u"phosphorylation"_s, u"p"_s, u"HPO3"_s, 80.0);
-        default:
-            return group(u"H-2"_s, -2.0 - 1.0 / 1024);
-        }
-    });
-}
-
-rc::Gen<MoleculeEntity> anyResidue()
-{
-    return rc::gen::map(rc::gen::pair(rc::gen::inRange(0, 8), anyGroup()),
-                        [](const std::pair<int, MoleculeEntity>& choice) -> MoleculeEntity {
-                            const auto& [kind, modifyingGroup] = choice;
-                            switch (kind) {
-                            case 0:
-                                return 100;
-                            case 1:
-                                return namedGroup(u"cap"_s, QString(), u"C2H3O"_s, 43.0);
-                            case 2:
-                                return chem::Modify(modifyingGroup).transform(aminoAcid(u'S'));
-                            default:
-                                return aminoAcid(u"ACDKRP"_s[kind - 3 + 1]);
-                            }
-                        });
-}
-
-rc::Gen<Modification> anyModification()
-{
-    const auto places = rc::gen::mapcat(rc::gen::inRange(0, 3), [](int count) {
-        return rc::gen::container<std::vector<Position>>(static_cast<std::size_t>(count),
-                                                         anyPosition());
-    });
-    return rc::gen::map(rc::gen::pair(anyGroup(), places),
-                        [](const std::pair<MoleculeEntity, std::vector<Position>>& parts) {
-                            return Modification(parts.first, QList<Position>(parts.second.cbegin(),
-                                                                             parts.second.cend()));
-                        });
-}
-
-rc::Gen<chem::Link> anyLink()
-{
-    return rc::gen::map(
-        rc::gen::tuple(anyGroup(), anyPosition(), anyPosition()),
-        [](const std::tuple<MoleculeEntity, Position, Position>& parts) {
-            return chem::Link(std::get<0>(parts), {std::get<1>(parts), std::get<2>(parts)});
-        });
-}
-
-template <typename T>
-QList<T> anyList(const rc::Gen<T>& element, int longest)
-{
-    const auto size = static_cast<std::size_t>(*rc::gen::inRange(0, longest + 1));
-    const auto values = *rc::gen::container<std::vector<T>>(size, element);
-    return QList<T>(values.cbegin(), values.cend());
-}
-
-MoleculeEntity anyMolecule()
-{
-    QList<chem::Chain> chains;
-    const int count = *rc::gen::inRange(0, 4);
-    for (int i = 0; i < count; ++i)
-        chains.append(chainOf(anyList(anyResidue(), 7), u"chain %1"_s.arg(i)));
-    return moleculeOf(chains, anyList(anyModification(), 2), anyList(anyLink(), 3));
-}
-
-chem::ChainFragmentDef anyPiece()
-{
-    const Position chainAndStart = *anyPosition();
-    const int end = *rc::gen::inRange(-1, 9);
-    return {*anyGroup(), {u"piece"_s, chainAndStart.first, chainAndStart.second, end}, *anyGroup()};
-}
-
-StepPointer anyStep()
-{
-    switch (*rc::gen::inRange(0, 6)) {
-    case 0:
-    case 1:
-        return std::make_shared<chem::Modify>(*anyModification());
-    case 2:
-    case 3:
-        return std::make_shared<chem::Unmodify>(*anyModification());
-    case 4:
-        return std::make_shared<chem::EstablishLink>((*anyLink()).entity(),
-                                                     (*anyLink()).connection());
-    default:
-        QList<chem::ChainFragmentDef> pieces;
-        const int count = *rc::gen::inRange(0, 4);
-        for (int i = 0; i < count; ++i)
-            pieces.append(anyPiece());
-        return std::make_shared<chem::ChainFragmenter>(pieces);
-    }
-}
+    int below(int end) { return *rc::gen::inRange(0, end); }
+} anyChoices;
 
 /// Applies a random program and calls `check` with each step, the molecule before it and the one
 /// after it. A step that throws its message is left out.
 template <typename Check>
 MoleculeEntity runAnyProgram(MoleculeEntity molecule, Check check)
 {
+    constexpr qsizetype mostLinks = 64; // pieces that overlap multiply the links
     const int length = *rc::gen::inRange(0, 13);
     for (int i = 0; i < length; ++i) {
-        const StepPointer step = anyStep();
+        const auto step = anyStep(&anyChoices, molecule.links().size() <= mostLinks);
         const QString before = describe(molecule);
         try {
             const MoleculeEntity result = step->transform(molecule);
@@ -155,62 +46,22 @@ MoleculeEntity runAnyProgram(MoleculeEntity molecule, Check check)
     return molecule;
 }
 
-/// Totals added up from the parts, without regard to what is stored.
-struct Sum
-{
-    double averageMass = 0.0;
-    double monoMass = 0.0;
-    QMap<QString, double> counts;
-
-    void add(const MoleculeEntity& entity)
-    {
-        averageMass += entity.averageMass();
-        monoMass += entity.monoMass();
-        const QMap<QString, double> addends = entity.formula().elementCountMap();
-        for (auto addend = addends.cbegin(); addend != addends.cend(); ++addend)
-            counts[addend.key()] += addend.value();
-    }
-};
-
-Sum sumOfParts(const MoleculeEntity& molecule)
-{
-    Sum sum;
-    const QList<chem::Chain> chains = molecule.chains();
-    for (const chem::Chain& chain : chains) {
-        for (const MoleculeEntity& residue : chain.residues())
-            sum.add(residue);
-    }
-    const QList<chem::Link> links = molecule.links();
-    for (const chem::Link& link : links)
-        sum.add(link.entity());
-    const QList<Modification> modifications = molecule.modifications();
-    for (const Modification& modification : modifications)
-        sum.add(modification.entity());
-    return sum;
-}
-
-/// Counts without the zeros that a loss leaves behind.
-QMap<QString, double> withoutZeros(QMap<QString, double> counts)
-{
-    counts.removeIf([](const auto& entry) { return entry.value() == 0.0; });
-    return counts;
-}
-
 RC_GTEST_PROP(StepPrograms, TotalsAreTheSumOfTheParts, ())
 {
-    runAnyProgram(anyMolecule(), [](const auto&, const auto&, const MoleculeEntity& result) {
-        const Sum sum = sumOfParts(result);
-        RC_ASSERT(result.averageMass() == sum.averageMass);
-        RC_ASSERT(result.monoMass() == sum.monoMass);
-        RC_ASSERT(withoutZeros(result.formula().elementCountMap()) == withoutZeros(sum.counts));
-    });
+    runAnyProgram(
+        anyMolecule(&anyChoices), [](const auto&, const auto&, const MoleculeEntity& result) {
+            const Sum sum = sumOfParts(result);
+            RC_ASSERT(result.averageMass() == sum.averageMass);
+            RC_ASSERT(result.monoMass() == sum.monoMass);
+            RC_ASSERT(withoutZeros(result.formula().elementCountMap()) == withoutZeros(sum.counts));
+        });
 }
 
 RC_GTEST_PROP(StepPrograms, HistoryGrowsByEachStepAndReachesBack, ())
 {
     QList<int> types;
     QStringList states;
-    MoleculeEntity molecule = anyMolecule();
+    MoleculeEntity molecule = anyMolecule(&anyChoices);
     molecule = runAnyProgram(
         molecule, [&](const auto& step, const MoleculeEntity& input, const auto& result) {
             types.append(step.type());
@@ -228,7 +79,7 @@ RC_GTEST_PROP(StepPrograms, HistoryGrowsByEachStepAndReachesBack, ())
 
 RC_GTEST_PROP(StepPrograms, HistoryCanBeReplayedFromItsStart, ())
 {
-    const MoleculeEntity start = anyMolecule();
+    const MoleculeEntity start = anyMolecule(&anyChoices);
     const MoleculeEntity end = runAnyProgram(start, [](const auto&, const auto&, const auto&) {});
     MoleculeEntity replayed = start;
     const QList<chem::TransformationEntity> history = end.transformations();
@@ -249,8 +100,8 @@ bool isRefused(const MoleculeEntity& molecule, const Position& place)
 
 RC_GTEST_PROP(StepPrograms, ModifyThrowsOnlyForOneRefusedPlace, ())
 {
-    const MoleculeEntity molecule = anyMolecule();
-    const Modification modification = *anyModification();
+    const MoleculeEntity molecule = anyMolecule(&anyChoices);
+    const Modification modification = anyModification(&anyChoices);
     const QList<Position> places = modification.possibleChainLocations();
     const bool refused = places.size() == 1 && isRefused(molecule, places.first());
     RC_ASSERT(thrownMessage(chem::Modify(modification), molecule).isEmpty() == !refused);
@@ -258,8 +109,8 @@ RC_GTEST_PROP(StepPrograms, ModifyThrowsOnlyForOneRefusedPlace, ())
 
 RC_GTEST_PROP(StepPrograms, UnmodifyTakesBackWhatModifyAdded, ())
 {
-    const MoleculeEntity molecule = anyMolecule();
-    const Modification modification = *anyModification();
+    const MoleculeEntity molecule = anyMolecule(&anyChoices);
+    const Modification modification = anyModification(&anyChoices);
     const chem::Modify put(modification);
     RC_PRE(thrownMessage(put, molecule).isEmpty());
 
@@ -274,9 +125,9 @@ RC_GTEST_PROP(StepPrograms, UnmodifyTakesBackWhatModifyAdded, ())
 
 RC_GTEST_PROP(StepPrograms, ModifyMoleculeAgreesWithModifyOnTheMolecule, ())
 {
-    const MoleculeEntity molecule = anyMolecule();
-    const MoleculeEntity added = *anyGroup();
-    const Position place = *anyPosition();
+    const MoleculeEntity molecule = anyMolecule(&anyChoices);
+    const MoleculeEntity added = anyGroup(&anyChoices);
+    const Position place = anyPosition(&anyChoices);
     RC_PRE(!isRefused(molecule, place));
 
     const MoleculeEntity rebuilt = chem::modifyMolecule(molecule, added, place);
@@ -480,7 +331,7 @@ RC_GTEST_PROP(StepPrograms, ClipsByDepthAreTheTrimsThatLeaveAResidue, ())
 RC_GTEST_PROP(StepPrograms, ClipsOfAnyMoleculeAreSumsOfTheirParts, ())
 {
     const MoleculeEntity molecule =
-        runAnyProgram(anyMolecule(), [](const auto&, const auto&, const auto&) {});
+        runAnyProgram(anyMolecule(&anyChoices), [](const auto&, const auto&, const auto&) {});
     const QString before = describe(molecule);
     for (const chem::ClipOptions& options :
          {chem::ClipOptions::createClipAll(), chem::ClipOptions::createClipByDepth(2, 2, 2, 2),

@@ -1,5 +1,6 @@
 #include "ManyThreads.h"
 #include "SmallMolecules.h"
+#include "TestPrinters.h"
 
 #include <gtest/gtest.h>
 
