@@ -1,6 +1,7 @@
 #include "sequences/OligoComplex.h"
 
 #include "core/MoleculeSum.h"
+#include "sequences/ResidueList.h"
 
 #include <algorithm>
 #include <bit>
@@ -51,8 +52,8 @@ public:
             return known->breaks;
         m_known.push_back(
             {&nucleotide, m_sites.breaksOf(nucleotide.nucleobase, nucleotide.phosphate)});
-        if (std::ssize(m_known) >
-            mostCompared + 1) // those before may be the latest ones' neighbour
+        // One more than are compared: the nucleotide before this one may have the oldest of them.
+        if (std::ssize(m_known) > mostCompared + 1)
             m_known.pop_front();
         return m_known.back().breaks;
     }
@@ -80,14 +81,10 @@ QSharedPointer<MoleculeComplex> oligoComplex(std::span<const PlacedNucleotide> n
     QList<QList<QSharedPointer<FragmentationSite>>> siteLists;
     residues.reserve(size + 2);
     siteLists.reserve(size + 2);
-    const auto appendResidue = [&residues](const NamedMolecule& residue) {
-        const int position = static_cast<int>(residues.size());
-        residues.append(QSharedPointer<ComplexResidue>::create(residue, position));
-    };
 
     MoleculeSum total(fivePrime);
     total.add(threePrime);
-    appendResidue(fivePrime);
+    appendResidue(fivePrime, &residues);
     siteLists.emplaceBack();
     BreaksOfChain breaksOfChain(sites);
     const NucleotideBreaks* previous = &sites.beforeFirst();
@@ -95,11 +92,11 @@ QSharedPointer<MoleculeComplex> oligoComplex(std::span<const PlacedNucleotide> n
         const NucleotideBreaks& breaks = breaksOfChain.of(placed);
         const bool isInner = &placed != &nucleotides.front() && &placed != &nucleotides.back();
         total.add(*placed.nucleotide);
-        appendResidue(*placed.nucleotide);
+        appendResidue(*placed.nucleotide, &residues);
         siteLists.append(sites.sitesAt(*previous, breaks, isInner));
         previous = &breaks;
     }
-    appendResidue(threePrime);
+    appendResidue(threePrime, &residues);
     siteLists.emplaceBack();
     return QSharedPointer<MoleculeComplex>::create(total.result(), residues, siteLists);
 }

@@ -192,11 +192,12 @@ void OligoReader::appendTruncations(const QString& sequence, int fivePrimeTrunca
     const std::optional<OligoText> text = read(sequence);
     NamedMolecule fivePrime;
     NamedMolecule threePrime;
-    writeUnmarkedTerminals(&fivePrime, &threePrime);
     std::span<const PlacedNucleotide> whole;
     if (text) {
         writeTerminals(*text, isBareNumber(*text), &fivePrime, &threePrime);
         whole = text->nucleotides;
+    } else {
+        writeUnmarkedTerminals(&fivePrime, &threePrime);
     }
 
     const auto append = [&](std::span<const PlacedNucleotide> remaining) {

@@ -1,6 +1,7 @@
 #include "sequences/PeptideReader.h"
 
 #include "core/MoleculeSum.h"
+#include "sequences/ResidueList.h"
 
 using namespace Qt::StringLiterals;
 
@@ -61,21 +62,17 @@ QSharedPointer<MoleculeComplex> PeptideReader::complex(const QString& sequence) 
     const qsizetype size = sequence.size() + 2;
     QList<QSharedPointer<ComplexResidue>> residues;
     residues.reserve(size);
-    const auto append = [&residues](const NamedMolecule& residue) {
-        const int position = static_cast<int>(residues.size());
-        residues.append(QSharedPointer<ComplexResidue>::create(residue, position));
-    };
 
     MoleculeSum total;
     total.add(m_nTerminal);
     total.add(m_cTerminal);
-    append(m_nTerminal);
+    appendResidue(m_nTerminal, &residues);
     for (const QChar letter : sequence) {
         const NamedMolecule& residue = m_residues.entry(letter);
         total.add(residue);
-        append(residue);
+        appendResidue(residue, &residues);
     }
-    append(m_cTerminal);
+    appendResidue(m_cTerminal, &residues);
 
     QList<QList<QSharedPointer<FragmentationSite>>> sites(size, copiesOf(m_sites));
     sites.first() = {}; // nothing breaks at a terminal
