@@ -1,9 +1,9 @@
+#include "RandomMolecules.h"
 #include "TestFormulas.h"
 #include "TestPrinters.h"
 #include <ChemicalFormula.h>
 
 #include <gtest/gtest.h>
-#include <rapidcheck/gtest.h>
 
 #include <cmath>
 #include <concepts>
@@ -12,6 +12,7 @@
 #include <utility>
 
 using namespace Qt::StringLiterals;
+using randomMolecules::anyFormula;
 
 namespace {
 
@@ -170,56 +171,42 @@ TEST(ChemicalFormula, MultiplicationKeepsEntriesAtZero)
 
 TEST(ChemicalFormula, CountsAreListedBySignAndReplaceWhatWasThere)
 {
-    const ChemicalFormula formula = formulaWith(
-        {{u"C"_s, 2.9}, {u"H"_s, -0.5}, {u"N"_s, 0.5}, {u"O"_s, 0}, {u"S"_s, -3.7}, {u"X"_s, 3e9}});
+    const int beyond = std::numeric_limits<int>::min(); // for what 32 bits cannot hold
+    const ChemicalFormula formula = formulaWith({{u"C"_s, 2.9},
+                                                 {u"H"_s, -0.5},
+                                                 {u"N"_s, 0.5},
+                                                 {u"O"_s, 0},
+                                                 {u"S"_s, -3.7},
+                                                 {u"X"_s, 3e9},
+                                                 {u"Y"_s, -3e9},
+                                                 {u"Z"_s, std::nan("")}});
     QList<QString> elements = {u"old"_s};
     QList<int> counts = {1, 2, 3};
     formula.positiveElementCounts(&elements, &counts);
     EXPECT_EQ(elements, QList<QString>({u"C"_s, u"N"_s, u"X"_s}));
-    EXPECT_EQ(counts, QList<int>({2, 0, std::numeric_limits<int>::min()}));
+    EXPECT_EQ(counts, QList<int>({2, 0, beyond}));
     formula.negativeElementCounts(&elements, &counts);
-    EXPECT_EQ(elements, QList<QString>({u"H"_s, u"S"_s}));
-    EXPECT_EQ(counts, QList<int>({0, 3}));
-}
-
-TEST(ChemicalFormula, CountsOfNotANumberHaveNoSign)
-{
-    QList<QString> elements;
-    QList<int> counts;
-    formulaWith({{u"C"_s, std::nan("")}}).positiveElementCounts(&elements, &counts);
-    EXPECT_TRUE(elements.isEmpty());
-    formulaWith({{u"C"_s, std::nan("")}}).negativeElementCounts(&elements, &counts);
-    EXPECT_TRUE(elements.isEmpty());
-}
-
-ChemicalFormula randomFormula()
-{
-    Counts counts;
-    const auto entries = *rc::gen::container<std::vector<std::pair<int, int>>>(
-        rc::gen::pair(rc::gen::inRange(0, 6), rc::gen::inRange(-1000, 1000)));
-    const QStringList symbols = {u"C"_s, u"H"_s, u"N"_s, u"O"_s, u"S"_s, u"Na"_s};
-    for (const auto& [symbol, count] : entries)
-        counts.insert(symbols[symbol], count);
-    return ChemicalFormula(counts);
+    EXPECT_EQ(elements, QList<QString>({u"H"_s, u"S"_s, u"Y"_s}));
+    EXPECT_EQ(counts, QList<int>({0, 3, beyond}));
 }
 
 RC_GTEST_PROP(ChemicalFormulaLaws, WhatIsAddedCanBeTakenAway, ())
 {
-    const ChemicalFormula a = randomFormula();
-    const ChemicalFormula b = randomFormula();
+    const ChemicalFormula a = anyFormula(-1000, 1000);
+    const ChemicalFormula b = anyFormula(-1000, 1000);
     RC_ASSERT((a + b - b).toString() == a.toString());
 }
 
 RC_GTEST_PROP(ChemicalFormulaLaws, OrderOfAdditionDoesNotMatter, ())
 {
-    const ChemicalFormula a = randomFormula();
-    const ChemicalFormula b = randomFormula();
+    const ChemicalFormula a = anyFormula(-1000, 1000);
+    const ChemicalFormula b = anyFormula(-1000, 1000);
     RC_ASSERT((a + b).elementCountMap() == (b + a).elementCountMap());
 }
 
 RC_GTEST_PROP(ChemicalFormulaLaws, ThreefoldIsThreeTimesAdded, ())
 {
-    const ChemicalFormula a = randomFormula();
+    const ChemicalFormula a = anyFormula(-1000, 1000);
     ChemicalFormula threefold = a;
     threefold *= 3;
     RC_ASSERT(threefold.elementCountMap() == (a + a + a).elementCountMap());
@@ -227,8 +214,8 @@ RC_GTEST_PROP(ChemicalFormulaLaws, ThreefoldIsThreeTimesAdded, ())
 
 RC_GTEST_PROP(ChemicalFormulaLaws, AddingNeverLosesAnEntry, ())
 {
-    const ChemicalFormula a = randomFormula();
-    const ChemicalFormula b = randomFormula();
+    const ChemicalFormula a = anyFormula(-1000, 1000);
+    const ChemicalFormula b = anyFormula(-1000, 1000);
     const ChemicalFormula difference = a - b;
     for (const QString& symbol : a.elementCountMap().keys() + b.elementCountMap().keys())
         RC_ASSERT(difference.elementCountMap().contains(symbol));
@@ -244,15 +231,6 @@ TEST(ChemicalFormula, CannotBeComparedOrMultipliedIntoANewFormula)
 {
     static_assert(!std::equality_comparable<ChemicalFormula>);
     static_assert(!CanBeMultiplied<ChemicalFormula>);
-}
-
-TEST(ChemicalFormula, MagnitudeBeyondThirtyTwoBitsGivesTheLowestNumber)
-{
-    QList<QString> elements;
-    QList<int> counts;
-    formulaWith({{u"C"_s, -3e9}}).negativeElementCounts(&elements, &counts);
-    EXPECT_EQ(elements, QList<QString>({u"C"_s}));
-    EXPECT_EQ(counts, QList<int>({std::numeric_limits<int>::min()}));
 }
 
 } // namespace
