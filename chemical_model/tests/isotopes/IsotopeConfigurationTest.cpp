@@ -1,5 +1,7 @@
+#include "FormulaByIsoSpec.h"
 #include "MessageRecorder.h"
-#include "OpenFactory.h"
+#include "RandomMolecules.h"
+#include "TestFormulas.h"
 #include "TestPrinters.h"
 #include <IsotopeConfiguration.h>
 
@@ -12,6 +14,7 @@
 #include <stdexcept>
 
 using namespace Qt::StringLiterals;
+using namespace randomMolecules;
 
 namespace {
 
@@ -99,18 +102,13 @@ void expectRows(const QString& text, const QString& symbol, const QList<Expected
 /// The mass of an isotope of the natural table, counted from the lightest.
 double naturalMass(const QString& symbol, qsizetype isotope)
 {
-    const OpenFactory factory;
-    return factory.isotopes[factory.isotopesBySymbol.value(symbol)[isotope]].mass;
-}
-
-TEST(IsotopeConfiguration, PercentagesOfAnySizeAreScaled)
-{
-    expectRows(u"C13:1e9"_s, u"C"_s, {{6, 1, u"carbon"_s, 13.0033548352, 1.0}});
+    return naturalFactory().element(symbol, 1).masses[isotope];
 }
 
 TEST(IsotopeConfiguration, ReplacesTheRowsOfAnElement)
 {
-    expectRows(u"C13:1"_s, u"C"_s, {{6, 1, u"carbon"_s, 13.0033548352, 1.0}});
+    for (const QString& text : {u"C13:1"_s, u"C13:1e9"_s}) // percentages of any size are scaled
+        expectRows(text, u"C"_s, {{6, 1, u"carbon"_s, 13.0033548352, 1.0}});
     expectRows(u"C12:0.5 C13:0.5"_s, u"C"_s,
                {{6, 0, u"carbon"_s, 12.0, 0.5}, {6, 1, u"carbon"_s, 13.0033548352, 0.5}});
     expectRows(u"C12:99 C13:1"_s, u"C"_s,
@@ -192,24 +190,11 @@ TEST(IsotopeConfiguration, LabelledMassesHaveTheBitsOfAGenerator)
          {u"C13:99 C12:1"_s, u"N15:0.3 N14:0.7 H2:0.9"_s, u"S34:1 S33:1 S32:1"_s}) {
         const OpenFactory factory(text);
         for (const QString& symbol : factory.isotopesBySymbol.keys()) {
-            for (const int count : {1, 7, 40}) {
-                double mono = 0.0;
-                double average = 0.0;
-                factory.calculateMassesForElementCountArrays({symbol}, {count}, &mono, &average);
-                const MassPair expected = massesByIso({factory.element(symbol, count)});
-                EXPECT_TRUE(isMassOfIsoSpec(mono, expected.mono));
-                EXPECT_TRUE(isMassOfIsoSpec(average, expected.average));
-            }
+            for (const double count : {1.0, 7.0, 40.0})
+                expectMassesOfIsoSpec(formulaWith({{symbol, count}}), factory, massesByIso);
         }
-        const QList<IsoSpecElement> elements = {
-            factory.element(u"C"_s, 20), factory.element(u"H"_s, 31), factory.element(u"N"_s, 5),
-            factory.element(u"S"_s, 2)};
-        double mono = 0.0;
-        double average = 0.0;
-        factory.calculateMassesForElementCountArrays({u"C"_s, u"H"_s, u"N"_s, u"S"_s},
-                                                     {20, 31, 5, 2}, &mono, &average);
-        EXPECT_TRUE(isMassOfIsoSpec(mono, massesByGenerator(elements).mono));
-        EXPECT_TRUE(isMassOfIsoSpec(average, massesByGenerator(elements).average));
+        expectMassesOfIsoSpec(formulaWith({{u"C"_s, 20}, {u"H"_s, 31}, {u"N"_s, 5}, {u"S"_s, 2}}),
+                              factory, massesByGenerator);
     }
 }
 
@@ -243,15 +228,6 @@ TEST(IsotopeConfiguration, LoneSurrogatesMakeNoEntry)
     const QString surrogate = QChar(0xd800);
     EXPECT_TRUE(OpenFactory(u"C13"_s + surrogate + u":1"_s).buildingBlocks.isEmpty());
     EXPECT_THROW(OpenFactory(u"C12:1 C13:1:"_s + surrogate), std::invalid_argument);
-}
-
-TEST(IsotopeConfiguration, LabelledEnvelopeFollows)
-{
-    const OpenFactory factory(u"C13:1"_s);
-    QList<QPointF> envelope;
-    factory.generateIsotopeEnvelope(factory.constructMolecule(u"C1"_s), 1, &envelope, false);
-    ASSERT_EQ(envelope.size(), 1);
-    EXPECT_EQ(envelope[0].x(), 13.0033548352 - factory.electron.monoMass());
 }
 
 TEST(IsotopeConfiguration, TextThatCannotBeReadLeavesAnEmptyFactoryWithNaturalIsotopes)
@@ -395,6 +371,18 @@ TEST(IsotopeConfiguration, LongTextsAreReadInLinearTime)
     EXPECT_EQ(factory.isotopesBySymbol.value(u"C"_s).size(), entries + 1);
     EXPECT_EQ(factory.isotopes.last().mass, 28 * 1.0026 + 12.0);
     EXPECT_EQ(factory.isotopes.last().abundance, 1.0 / (entries + 1));
+}
+
+RC_GTEST_PROP(IsotopeConfigurationLaws, CarbonThirteenAddsOneNeutronForEachCarbon, ())
+{
+    static const OpenFactory labelled(u"C13:1"_s);
+    const QString formula = anyFormulaText();
+    const chem::Molecule natural = molecule(formula);
+    const chem::Molecule heavy = labelled.constructMolecule(formula);
+    const int carbons = natural.formula().elementCount(u"C"_s);
+    RC_ASSERT(
+        isNear(heavy.monoMass() - natural.monoMass(), carbons * (13.0033548352 - 12.0), 1e-9));
+    RC_ASSERT(heavy.formula().elementCountMap() == natural.formula().elementCountMap());
 }
 
 } // namespace

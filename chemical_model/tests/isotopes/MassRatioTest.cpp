@@ -47,31 +47,23 @@ TEST(MassRatio, EstimatesFollowTheRatioOfTheComposition)
     EXPECT_EQ(fromAverage(averagine, 1000.0).averageMass(), 1000.0);
 }
 
-TEST(MassRatio, FormulaOfNothingGivesNoEstimate)
+// Two rows of abundance 1 make an electron's average mass twice its monoisotopic mass, so taking
+// 1000 of them from hydrogen leaves 0.459 Da monoisotopic and -0.089 Da average: a ratio below 0.
+TEST(MassRatio, FormulaWithoutAPositiveRatioGivesNoEstimate)
 {
-    for (const QString& formula : {u""_s, u"Xx5"_s, u"C0"_s, u"C-1"_s, u"C1O-1"_s}) {
+    for (const QString& formula : {u""_s, u"Xx5"_s, u"C0"_s, u"C-1"_s, u"C1O-1"_s, u"HE-1000"_s}) {
         SCOPED_TRACE(formula.toStdString());
         EXPECT_EQ(fromMono(formula, 1000.0).monoMass(), 1000.0);
         EXPECT_EQ(fromMono(formula, 1000.0).averageMass(), 0.0);
         EXPECT_EQ(fromAverage(formula, 1000.0).averageMass(), 1000.0);
         EXPECT_EQ(fromAverage(formula, 1000.0).monoMass(), 0.0);
     }
-    EXPECT_TRUE(fromMono(QString(), 1000.0).formula().isEmpty());
 }
 
 TEST(MassRatio, ElementWithOneIsotopeHasEqualMasses)
 {
     EXPECT_EQ(fromMono(u"F"_s, 500.0).averageMass(), 500.0);
     EXPECT_EQ(fromAverage(u"F3"_s, 500.0).monoMass(), 500.0);
-}
-
-TEST(MassRatio, FormulaStaysAsItIsWritten)
-{
-    for (const double mass : {1000.0, 2000.0}) {
-        EXPECT_EQ(fromMono(averagine, mass).formula().elementCountMap(),
-                  chem::ChemicalFactory::parseChemicalFormula(averagine).elementCountMap());
-    }
-    EXPECT_EQ(fromMono(u"CH2"_s, 1000.0).formula().toString(), u"C1H2"_s);
 }
 
 TEST(MassRatio, MassOfZeroStaysZero)
@@ -92,8 +84,6 @@ RC_GTEST_PROP(MassRatioLaws, EstimateThereAndBackGivesTheMass, ())
     RC_ASSERT(std::abs(fromAverage(averagine, average).monoMass() - mass) < 1e-9 * mass);
 }
 
-// Two rows of abundance 1 make an electron's average mass twice its monoisotopic mass, so taking
-// 1000 of them from hydrogen leaves 0.459 Da monoisotopic and -0.089 Da average: a ratio below 0.
 // No mass times no end of atoms is no number, and that is no ratio.
 TEST(MassRatio, EndlessCountOfAnUnknownElementGivesNoEstimate)
 {
@@ -106,17 +96,9 @@ TEST(MassRatio, EndlessCountOfAnUnknownElementGivesNoEstimate)
     EXPECT_GT(fromAverage(u"CXx7"_s, 100.0).monoMass(), 99.0);
 }
 
-TEST(MassRatio, NegativeRatioGivesNoEstimate)
-{
-    EXPECT_EQ(fromMono(u"HE-1000"_s, 1000.0).averageMass(), 0.0);
-    EXPECT_EQ(fromMono(u"HE-1000"_s, 1000.0).monoMass(), 1000.0);
-    EXPECT_EQ(fromAverage(u"HE-1000"_s, 1000.0).monoMass(), 0.0);
-    EXPECT_EQ(fromAverage(u"HE-1000"_s, 1000.0).averageMass(), 1000.0);
-}
-
 TEST(MassRatio, BothWaysKeepTheFormulaEvenIfItWeighsNothing)
 {
-    for (const QString& formula : {averagine, u"Xx5"_s, u"C0"_s, u"C1O-1"_s}) {
+    for (const QString& formula : {averagine, u"CH2"_s, u""_s, u"Xx5"_s, u"C0"_s, u"C1O-1"_s}) {
         const auto parsed = chem::ChemicalFactory::parseChemicalFormula(formula);
         EXPECT_EQ(fromAverage(formula, 1000.0).formula().elementCountMap(),
                   parsed.elementCountMap());
