@@ -11,7 +11,7 @@ using manyThreads::atOnceOnFresh;
 
 namespace {
 
-TEST(Threads, FirstUseOfTheDefaultFactoryFromAllAtOnce)
+TEST(ConstFunctionsThreads, FirstUseOfTheDefaultFactoryFromAllAtOnce)
 {
     // Each test is a process of its own, so this is the first use.
     atOnce([] {
@@ -74,7 +74,7 @@ struct Complexes
         factory->constructLinearOligoComplex(u"rA*CGT"_s);
 };
 
-TEST(Threads, ReadersOfOneFreshFactory)
+TEST(ConstFunctionsThreads, ReadersOfOneFreshFactory)
 {
     atOnceOnFresh(
         manyThreads::longRounds, [] { return Complexes(); },
@@ -100,7 +100,7 @@ TEST(Threads, ReadersOfOneFreshFactory)
         });
 }
 
-TEST(Threads, FragmentsAndEnvelopesOfOneFreshFactory)
+TEST(ConstFunctionsThreads, FragmentsAndEnvelopesOfOneFreshFactory)
 {
     atOnceOnFresh(
         manyThreads::longRounds, [] { return Complexes(); },
@@ -119,7 +119,7 @@ TEST(Threads, FragmentsAndEnvelopesOfOneFreshFactory)
         });
 }
 
-TEST(Threads, OddAlphabetsAreReadByAllAtOnce)
+TEST(ConstFunctionsThreads, OddAlphabetsAreReadByAllAtOnce)
 {
     const auto makeFactory = [] {
         const auto factory = chem::ChemicalFactory::construct(QString());
@@ -132,7 +132,7 @@ TEST(Threads, OddAlphabetsAreReadByAllAtOnce)
     });
 }
 
-TEST(Threads, SharedEntitiesAreReadAndCopied)
+TEST(ConstFunctionsThreads, SharedEntitiesAreReadAndCopied)
 {
     const auto makeProtein = [] {
         const chem::Chain chain = chem::constructPeptideChain(
@@ -158,7 +158,7 @@ TEST(Threads, SharedEntitiesAreReadAndCopied)
     });
 }
 
-TEST(Threads, BuildersAndRebuiltFormulas)
+TEST(ConstFunctionsThreads, BuildersAndRebuiltFormulas)
 {
     const auto factory = chem::defaultChemicalFactory();
     const auto makeBlank = [] {
@@ -177,7 +177,7 @@ TEST(Threads, BuildersAndRebuiltFormulas)
     });
 }
 
-TEST(Threads, FormulasThatShareAMapAreWrittenApart)
+TEST(ConstFunctionsThreads, FormulasThatShareAMapAreWrittenApart)
 {
     const auto makeFormula = [] {
         return chem::ChemicalFactory::parseChemicalFormula(u"C6H12O6"_s);
@@ -191,7 +191,7 @@ TEST(Threads, FormulasThatShareAMapAreWrittenApart)
     });
 }
 
-TEST(Threads, LabelledFactoriesAreMadeByAllAtOnce)
+TEST(ConstFunctionsThreads, LabelledFactoriesAreMadeByAllAtOnce)
 {
     // The expressions that read the text are compiled by whoever comes first.
     atOnce([] {
