@@ -1,3 +1,4 @@
+#include "RandomProteins.h"
 #include "SmallMolecules.h"
 #include "TestPrinters.h"
 
@@ -552,6 +553,38 @@ TEST(ChainFragmenter, KeepsItsDefinitionsWhenItIsCopiedOrMovedFrom)
     EXPECT_EQ(describe(copy.transform(molecule)), expected);
     EXPECT_EQ(describe(moved.transform(molecule)), expected);
     EXPECT_EQ(describe(step.transform(molecule)), expected);
+}
+
+RC_GTEST_PROP(ChainFragmenterLaws, PiecesOfAChainWeighTheChain, ())
+{
+    const chem::MoleculeEntity protein = randomProteins::anyProtein();
+    const chem::Chain chain = protein.chains().first();
+    const int size = static_cast<int>(chain.residues().size());
+    const int cut = *rc::gen::inRange(0, size + 1);
+    const chem::MoleculeEntity nothing = 0;
+    const auto pieceOf = [&](int start, int end) {
+        return chem::ChainFragmenter({{nothing, {QString(), 0, start, end}, nothing}})
+            .transform(protein);
+    };
+    const chem::MoleculeEntity left = pieceOf(0, cut);
+    const chem::MoleculeEntity right = pieceOf(cut, size);
+    const chem::MoleculeEntity whole = moleculeOf({chain});
+    RC_ASSERT(left.averageMass() + right.averageMass() == whole.averageMass());
+    RC_ASSERT(left.monoMass() + right.monoMass() == whole.monoMass());
+    RC_ASSERT(QString(left.sequence() + right.sequence()) == whole.sequence());
+}
+
+RC_GTEST_PROP(ChainFragmenterLaws, WholeChainCutOutIsTheChain, ())
+{
+    const chem::MoleculeEntity protein = randomProteins::anyProtein();
+    const QList<chem::Chain> chains = protein.chains();
+    const int index = *rc::gen::inRange(0, static_cast<int>(chains.size()));
+    const int size = static_cast<int>(chains[index].residues().size());
+    const chem::MoleculeEntity nothing = nullptr;
+    const chem::MoleculeEntity piece =
+        chem::ChainFragmenter({{nothing, {QString(), index, 0, size}, nothing}}).transform(protein);
+    RC_ASSERT(piece.averageMass() == moleculeOf({chains[index]}).averageMass());
+    RC_ASSERT(piece.sequence() == moleculeOf({chains[index]}).sequence());
 }
 
 } // namespace

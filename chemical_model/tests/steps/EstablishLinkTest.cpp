@@ -1,3 +1,4 @@
+#include "RandomProteins.h"
 #include "SmallMolecules.h"
 #include "TestPrinters.h"
 
@@ -186,6 +187,20 @@ TEST(EstablishLink, CopiesAndMovesApplyTheSameLink)
     EXPECT_EQ(describe(copy.transform(molecule)), expected);
     EXPECT_EQ(describe(assigned.transform(molecule)), expected);
     EXPECT_EQ(describe(moved.transform(molecule)), expected);
+}
+
+RC_GTEST_PROP(EstablishLinkLaws, LinkAddsItsBridgeAndChangesNoResidue, ())
+{
+    const chem::MoleculeEntity protein = randomProteins::anyProtein();
+    const chem::MoleculeEntity bridge = randomProteins::anyGroup();
+    const chem::Link::Connection connection = {{0, *rc::gen::inRange(0, 5)},
+                                               {0, *rc::gen::inRange(0, 5)}};
+    const chem::MoleculeEntity linked = chem::EstablishLink(bridge, connection).transform(protein);
+    RC_ASSERT(linked.averageMass() == protein.averageMass() + bridge.averageMass());
+    RC_ASSERT(linked.monoMass() == protein.monoMass() + bridge.monoMass());
+    RC_ASSERT(linked.chains() == protein.chains());
+    RC_ASSERT(linked.links().size() == protein.links().size() + 1);
+    RC_ASSERT(linked.links().last().connection() == connection);
 }
 
 } // namespace

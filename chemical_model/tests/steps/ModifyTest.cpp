@@ -1,3 +1,4 @@
+#include "RandomProteins.h"
 #include "SmallMolecules.h"
 #include "TestPrinters.h"
 
@@ -521,6 +522,32 @@ TEST(Modify, CopiesAndMovesApplyTheSameModification)
     const Unmodify takeMoved(std::move(take));
     for (const Unmodify* step : {&takeCopy, &std::as_const(takeAssigned), &takeMoved})
         EXPECT_EQ(describe(step->transform(modified)), describe(restored));
+}
+
+RC_GTEST_PROP(ModifyLaws, PlaceOfAModificationDoesNotChangeTheWeight, ())
+{
+    const chem::MoleculeEntity protein = randomProteins::anyProtein();
+    const chem::MoleculeEntity added = randomProteins::anyGroup();
+    const int size = static_cast<int>(protein.chains().first().residues().size());
+    const Position place = {0, *rc::gen::inRange(0, size)};
+    const chem::MoleculeEntity onResidue =
+        chem::Modify(Modification(added, {place})).transform(protein);
+    const chem::MoleculeEntity anywhere = chem::Modify(added).transform(protein);
+    RC_ASSERT(onResidue.averageMass() == anywhere.averageMass());
+    RC_ASSERT(onResidue.monoMass() == anywhere.monoMass());
+    RC_ASSERT(onResidue.formula().elementCountMap() == anywhere.formula().elementCountMap());
+    RC_ASSERT(onResidue.averageMass() == protein.averageMass() + added.averageMass());
+}
+
+RC_GTEST_PROP(ModifyLaws, OrderOfTwoModificationsDoesNotChangeTheWeight, ())
+{
+    const chem::MoleculeEntity protein = randomProteins::anyProtein();
+    const chem::Modify one(randomProteins::anyGroup());
+    const chem::Modify other(randomProteins::anyGroup());
+    const chem::MoleculeEntity oneFirst = other.transform(one.transform(protein));
+    const chem::MoleculeEntity otherFirst = one.transform(other.transform(protein));
+    RC_ASSERT(oneFirst == otherFirst);
+    RC_ASSERT(oneFirst.averageMass() == otherFirst.averageMass());
 }
 
 } // namespace

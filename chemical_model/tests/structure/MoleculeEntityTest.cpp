@@ -1,3 +1,4 @@
+#include "RandomProteins.h"
 #include "TestFormulas.h"
 #include "TestPrinters.h"
 #include <ChemicalModel.h>
@@ -436,6 +437,22 @@ TEST(MoleculeEntity, SeveralChainsAreLaidOutAsOneText)
     StructuredMolecule strand = ofCodes(MoleculeType::OligoNucleotide, {u"A"_s});
     strand.chains += ofCodes(MoleculeType::OligoNucleotide, {u"T"_s}).chains;
     EXPECT_TRUE(MoleculeEntity(strand).formula().isEmpty()); // outside the grammar
+}
+
+RC_GTEST_PROP(MoleculeEntityLaws, EqualityOfMoleculesIsMutual, ())
+{
+    const MoleculeEntity one = randomProteins::anyGroup();
+    const MoleculeEntity other = randomProteins::anyGroup();
+    RC_ASSERT((one == other) == (other == one));
+    RC_ASSERT(one == one);
+}
+
+RC_GTEST_PROP(MoleculeEntityLaws, NameOfAGroupDoesNotMakeItAnotherOne, ())
+{
+    const MoleculeEntity one = randomProteins::anyGroup();
+    const MoleculeEntity renamed = chem::NamedMolecule(
+        chem::Molecule(one.formula(), one.averageMass(), one.monoMass()), u"other"_s, u"o"_s);
+    RC_ASSERT(one == renamed);
 }
 
 } // namespace

@@ -4,6 +4,7 @@
 #include <ChemicalModel.h>
 
 #include <gtest/gtest.h>
+#include <rapidcheck/gtest.h>
 
 #include <algorithm>
 #include <cmath>
@@ -309,6 +310,42 @@ TEST(ObservedMassEntity, RelativeTolerancesAreMultipliedBeforeTheyAreDivided)
     EXPECT_NE(0.3 * 825.75 / 1000000.0, 0.3 * (825.75 / 1000000.0)); // else any order would do
     EXPECT_EQ(chem::absoluteMassToleranceDelta(825.75, within(0.3, 2)), 0.3 * 825.75 / 100.0);
     EXPECT_NE(0.3 * 825.75 / 100.0, 0.3 * (825.75 / 100.0));
+}
+
+RC_GTEST_PROP(ObservedMassEntityLaws, MatchesAreTheMeasurementsWithinTheTolerance, ())
+{
+    const double model = *rc::gen::inRange(1, 400) / 4.0;
+    const double tolerance = *rc::gen::inRange(0, 80) / 4.0;
+    auto masses = *rc::gen::container<std::vector<double>>(
+        rc::gen::map(rc::gen::inRange(0, 480), [](int quarters) { return quarters / 4.0; }));
+    std::sort(masses.begin(), masses.end());
+
+    chem::MatchingParameters parameters;
+    parameters.massTolerance = {tolerance, 0};
+    const auto matches = chem::match(
+        model, QList<chem::ObservedMassEntity>(masses.cbegin(), masses.cend()), parameters);
+    std::vector<double> matched;
+    for (const chem::Match& match : matches)
+        matched.push_back(match.observedMass.mass());
+    std::erase_if(masses, [&](double mass) { return std::abs(mass - model) > tolerance; });
+    RC_ASSERT(matched == masses);
+}
+
+RC_GTEST_PROP(ObservedMassEntityLaws, WiderToleranceLosesNoMatch, ())
+{
+    const MoleculeEntity model = *rc::gen::inRange(1, 1000000) / 977.0;
+    QList<chem::ObservedMassEntity> observed;
+    double mass = 0.0;
+    for (int i = *rc::gen::inRange(0, 60); i > 0; --i)
+        observed.append(mass += *rc::gen::inRange(0, 100000) / 991.0);
+    const int unit = *rc::gen::inRange(0, 3);
+    const double width = *rc::gen::inRange(0, 100000) / 100.0;
+    chem::MatchingParameters narrow;
+    narrow.massTolerance = {width, unit};
+    chem::MatchingParameters wide;
+    wide.massTolerance = {width * 2, unit};
+    RC_ASSERT(chem::match(model, observed, narrow).size() <=
+              chem::match(model, observed, wide).size());
 }
 
 } // namespace

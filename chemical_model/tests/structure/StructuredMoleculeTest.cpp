@@ -1,3 +1,4 @@
+#include "RandomProteins.h"
 #include "TestFormulas.h"
 #include "TestPrinters.h"
 #include <ChemicalModel.h>
@@ -305,6 +306,26 @@ TEST(StructuredMolecule, NumbersOfLinksHaveAllTheirDigits)
     const QList<Link> links(12, Link(1, {{0, 0}, {9, 9}}));
     EXPECT_EQ(textOf({chain({residue(u"A"_s)})}, links),
               u"A[*1][*2][*3][*4][*5][*6][*7][*8][*9][*10][*11][*12]"_s);
+}
+
+RC_GTEST_PROP(StructuredMoleculeLaws, OneOfTwoDifferentModificationsSortsFirst, ())
+{
+    const Modification one = randomProteins::anyModification();
+    const Modification other = randomProteins::anyModification();
+    RC_ASSERT(!(one < one));
+    RC_ASSERT((one < other) + (other < one) + (one == other) == 1);
+}
+
+RC_GTEST_PROP(StructuredMoleculeLaws, ModificationsCanBeSorted, ())
+{
+    QList<Modification> modifications;
+    for (int i = *rc::gen::inRange(0, 12); i > 0; --i)
+        modifications.append(randomProteins::anyModification());
+    std::sort(modifications.begin(), modifications.end());
+    for (qsizetype i = 0; i < modifications.size(); ++i) {
+        for (qsizetype j = i; j < modifications.size(); ++j)
+            RC_ASSERT(!(modifications[j] < modifications[i]));
+    }
 }
 
 } // namespace
