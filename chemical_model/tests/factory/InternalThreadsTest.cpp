@@ -41,7 +41,7 @@ TEST(ThreadsPerThread, MakesOneCopyForEachThread)
     }
 }
 
-TEST(ThreadsPerThread, ThreadsBeyondTheCopiesTakeTurns)
+TEST(ThreadsPerThread, ThreadsBeyondTheCopiesShareThem)
 {
     constexpr int manyMoreThreads = 80;
     const chem::PerThread<QString> copies;
