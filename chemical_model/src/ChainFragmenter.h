@@ -27,7 +27,8 @@ struct ZEL_CHEMICAL_MODEL_EXPORT ChainFragmentDef
 ///
 /// Throws nothing. A range that reaches outside its chain takes the residues that exist; a
 /// definition whose chain does not exist gives a chain of its terminals alone, without texts and of
-/// type Unknown. The cost is linear in the residues taken, and in links times pieces.
+/// type Unknown. The cost is linear in the residues taken, in links times pieces, and in the
+/// molecule's modifications and history.
 ///
 /// \code
 /// const MoleculeEntity blank = nullptr;

@@ -23,7 +23,7 @@ namespace chem {
 ///
 /// A factory owns everything that depends on which isotopes are assumed: the table itself, small
 /// standard molecules, and the dictionaries of building blocks (amino acids, nucleobases, sugars,
-/// ...). Masses are in daltons and come from IsoSpec++, to the bit.
+/// ...). Masses are in daltons: on every platform those of IsoSpec++ on x86-64, to the bit.
 ///
 /// \code
 /// const auto factory = defaultChemicalFactory();
@@ -100,19 +100,17 @@ public:
     /// fails. Characters that are no letter, digit, sign or full stop are deleted first, so
     /// "H(-1)" and "H - 1" are H-1. A token starts at each upper-case letter and what stands before
     /// the first is dropped; its symbol is the letter and all letters behind it; a missing number
-    /// counts as 1 and one that cannot be read as 0. Repeats add up. The cost is linear in the
-    /// text.
+    /// counts as 1 and one that cannot be read as 0. Repeats add up. Linear in the text.
     static ChemicalFormula parseChemicalFormula(const QString& text);
 
-    /// Makes the molecule of a formula text. Elements that the table does not have stay in the
-    /// formula and weigh nothing. Counts are cut toward zero for the masses, and those that do not
-    /// fit 32 bits weigh nothing. Throws `std::invalid_argument` for an element whose abundances
-    /// are refused, see construct().
+    /// Makes the molecule of a formula text. Elements that the table lacks stay in the formula and
+    /// weigh nothing. Counts are cut toward zero for the masses, and those beyond 32 bits weigh
+    /// nothing. Throws `std::invalid_argument` for refused abundances, see construct().
     Molecule constructMolecule(const QString& formula) const;
 
     /// Applies a formula text `count` times: what the text gains is added and what it loses is
     /// subtracted, as in "O1H-2". A negative `count` inverts the modification. Counts of the text
-    /// are good to six significant digits.
+    /// are good to six significant digits. Throws as constructMolecule() does.
     Molecule modifyMolecule(const Molecule& molecule, const QString& modification, int count) const;
 
     /// Computes both masses of a formula, gains minus losses, and always writes them. Mind the
@@ -132,7 +130,7 @@ public:
     /// Estimates the monoisotopic mass that belongs to `averageMass` for a molecule composed like
     /// `formula`, both in daltons. The result holds that formula, the given mass and the estimate:
     /// 0.0 if the monoisotopic masses of the formula sum to zero or less, or its ratio of masses is
-    /// not above zero. Counts are not cut: fractions and losses take part.
+    /// not above zero. Fractions and losses take part. Throws as constructMolecule() does.
     Molecule moleculeBasedOnAverageMass(const QString& formula, double averageMass) const;
 
     /// Estimates the average mass that belongs to `monoMass`, likewise.
@@ -167,8 +165,8 @@ public:
     /// Stores a building block under `code`, replacing one that is there. The readers know it at
     /// once; copies of the factory that were taken earlier do not. A dictionary that is missing is
     /// created. Any text is accepted as a formula: unknown elements weigh nothing, and refused
-    /// abundances throw, see construct(). The sugar and the linkage of nucleotides that name none
-    /// stay as they are. No other thread may use this factory meanwhile.
+    /// abundances throw, see construct(). Whatever is thrown leaves the factory as it was. The
+    /// default sugar and linkage stay as they are. No other thread may use this factory meanwhile.
     void setBuildingBlock(BuildingBlockType type, const QString& code, const QString& name,
                           const QString& formula);
 
@@ -204,8 +202,8 @@ public:
     /// \name Oligonucleotides
     /// @{
 
-    /// The expression that a whole oligonucleotide text must match, made from the dictionaries of
-    /// the moment. Captures 1, 2 and 6 are the 5' mark, the body and the 3' mark.
+    /// The expression that a whole oligonucleotide text must match, from the dictionaries of the
+    /// moment; not valid for keys such as "z-a". Captures 1, 2 and 6 are 5' mark, body and 3' mark.
     QRegularExpression generateFullOligoRegex() const;
 
     /// The expression of one nucleotide in the body, likewise. Captures 1, 3, 4 and 5 are ribose,
@@ -233,7 +231,7 @@ public:
     /// Lays a text out as a complex; blanks are ignored. Null if it is outside the grammar.
     QSharedPointer<MoleculeComplex> constructLinearOligoComplex(const QString& sequence) const;
 
-    /// Lays them out as a complex with its a, aB, b, c, d, w, x, y and z sites. Never null.
+    /// Lays nucleotides out, none null, with their a, aB, b, c, d, w, x, y and z sites. Never null.
     QSharedPointer<MoleculeComplex>
     constructLinearOligoComplex(const QList<QSharedPointer<const Nucleotide>>& nucleotides,
                                 const NamedMolecule& fivePrime,
@@ -272,8 +270,9 @@ public:
     /// @{
 
     /// Appends every fragment ion of `complex` with its full molecule and weak links into the
-    /// complex, which must outlive their use. At each step the left ions of one position come
-    /// first, then the right ions of the mirrored position.
+    /// complex, which must outlive their use: at each step the left ions of one position, then the
+    /// right ions of the mirrored one. In an edited complex a null residue weighs nothing and gives
+    /// a null link, and a null site gives no ion.
     void generateLinearFragments(const MoleculeComplex& complex,
                                  QList<QSharedPointer<Fragment>>* fragments) const;
 
@@ -329,7 +328,7 @@ protected:
     /// @}
 
 private:
-    /// What isotopes and dictionaries come to.
+    /// What follows from isotopes and dictionaries.
     struct ZEL_CHEMICAL_MODEL_NO_EXPORT Prepared;
     std::shared_ptr<const Prepared> m_prepared; ///< Null before init() and after a move.
 };

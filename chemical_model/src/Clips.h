@@ -88,13 +88,15 @@ private:
 
 /// Lists the clips of a molecule: for each chain the whole chain without its terminals and its
 /// trims or cuts, each as a molecule of one chain named "fragment" with a history entry that points
-/// back.
+/// back. They come chain by chain; by depth, trims of both ends follow behind those of one end of
+/// all chains.
 ///
 /// Clips are neither sorted nor made unique, and no terminal groups are added. The first range of a
 /// chain that is cut by residue rules holds the chain's first terminal. A chain with a residue
 /// whose code is not one character long gives only that range. The factory is not used and may be
-/// null. Throws nothing. The cost is linear in the residues of all clips; createClipAll()
-/// gives one clip fewer than twice the residues of a chain.
+/// null. Throws nothing. Each clip costs its residues, and all links, modifications and history
+/// entries of the molecule; createClipAll() gives one clip fewer than twice the residues of a
+/// chain. Any number of threads may clip one molecule at once.
 ///
 /// \code
 /// // Behind lysine and arginine, but not before proline.

@@ -10,7 +10,8 @@ namespace chem {
 ///
 /// The totals rise by the entity's formula and masses. The stored link holds just these, as a plain
 /// Molecule, so its name and code are gone; the history entry keeps the entity as given. Nothing is
-/// tested: places may lie outside, and a link made twice counts twice.
+/// tested: positions may lie outside, and a link made twice counts twice. Throws nothing. No step
+/// takes a link away, but a ChainFragmenter drops those that leave its pieces.
 ///
 /// \code
 /// const EstablishLink disulfide(factory->modifyMolecule({}, u"H-2"_s, 1), {{0, 3}, {0, 14}});

@@ -97,7 +97,7 @@ public:
     QString description() const;
 
     const QList<Chain> chains() const; ///< The chains of a structured molecule.
-    /// Its own modifications. A step puts one with a single place on its residue instead.
+    /// Its own modifications. A step puts one with a single position on its residue instead.
     const QList<Modification> modifications() const;
     const QList<Link> links() const;                           ///< Its links.
     const QList<TransformationEntity> transformations() const; ///< Its history, oldest step first.

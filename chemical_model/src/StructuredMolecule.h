@@ -92,8 +92,8 @@ private:
     Connection m_connection;
 };
 
-/// A group on a molecule, with the places where it may sit: one if the place is known, several if
-/// it is open, none if nothing is known.
+/// A group on a molecule, with the positions where it may sit: one if the position is known,
+/// several if it is open, none if nothing is known.
 ///
 /// \code
 /// const MoleculeEntity phospho = factory->constructMolecule(u"HPO3"_s);
@@ -104,10 +104,10 @@ private:
 class ZEL_CHEMICAL_MODEL_EXPORT Modification
 {
 public:
-    /// Makes a modification of no mass without a place.
+    /// Makes a modification of no mass without a position.
     Modification();
 
-    /// Makes a modification that adds `entity` to its molecule, once, however many places it names.
+    /// Makes a modification that adds `entity` once, however many positions it has.
     Modification(MoleculeEntity entity, const QList<std::pair<int, int>>& possibleChainLocations);
 
     MoleculeEntity entity() const { return m_entity; } ///< The group that is added.
@@ -123,13 +123,14 @@ public:
     double monoMass() const;               ///< The group's monoisotopic mass in daltons.
     const ChemicalFormula formula() const; ///< The group's composition.
 
-    /// Compares the groups, then the places in their order.
+    /// Compares the groups, then the positions in their order.
     bool operator==(const Modification& other) const;
 
-    /// Orders by average mass, monoisotopic mass, printed formula and places. Masses that agree to
-    /// 12 digits count as equal, so the order is not transitive across a run of near-equal masses.
-    /// Formulas compare by UTF-16 code unit, places as sequences of pairs. A mass that is not a
-    /// number is neither less nor greater. For callers: nothing in the library sorts by it.
+    /// Orders by average mass, monoisotopic mass, printed formula and positions. Masses that agree
+    /// to 12 digits count as equal, so the order is not transitive across a run of near-equal
+    /// masses. Formulas compare by UTF-16 code unit, positions as sequences of pairs. A mass that
+    /// is not a number is neither less nor greater. For callers: nothing in the library sorts by
+    /// it.
     bool operator<(const Modification& other) const;
 
 private:
@@ -150,7 +151,7 @@ struct ZEL_CHEMICAL_MODEL_EXPORT StructuredMolecule
     double averageMass = 0.0;                  ///< The total average mass.
     QList<Chain> chains;                       ///< The chains.
     QList<Link> links;                         ///< The links between residues.
-    QList<Modification> modifications; ///< Its own modifications, with any number of places.
+    QList<Modification> modifications; ///< Its own modifications, with any number of positions.
     QString name;                      ///< The readable name.
     QString code;                      ///< The short label.
     QString description;               ///< Stays empty; nothing reads it.

@@ -17,6 +17,32 @@ bool isRealCount(double count)
     return count >= 0.0 && static_cast<double>(truncateToInt(count)) - count >= 0.0;
 }
 
+/// The two halves of a difference formula, by the sign of their counts.
+enum class Half { Gains, Losses };
+
+/// Calls `visit` with the symbol and the magnitude of each entry of one half, in the order of the
+/// map.
+template <typename Visit>
+void forEachOf(Half half, const QMap<QString, double>& counts, const Visit& visit)
+{
+    for (auto entry = counts.cbegin(); entry != counts.cend(); ++entry) {
+        const double magnitude = half == Half::Gains ? entry.value() : -entry.value();
+        if (magnitude > 0.0)
+            visit(entry.key(), magnitude);
+    }
+}
+
+void writeCounts(const QMap<QString, double>& all, Half half, QList<QString>* elements,
+                 QList<int>* counts)
+{
+    elements->clear();
+    counts->clear();
+    forEachOf(half, all, [elements, counts](const QString& symbol, double magnitude) {
+        elements->append(symbol);
+        counts->append(truncateToInt(magnitude));
+    });
+}
+
 } // namespace
 
 ChemicalFormula::ChemicalFormula(QMap<QString, double>& elementCountMap)
@@ -41,60 +67,12 @@ int ChemicalFormula::elementCount(const QString& element) const
 
 void ChemicalFormula::positiveElementCounts(QList<QString>* elements, QList<int>* counts) const
 {
-    elements->clear();
-    counts->clear();
-    for (auto entry = m_elementCountMap.cbegin(); entry != m_elementCountMap.cend(); ++entry) {
-        if (entry.value() > 0.0) {
-            elements->append(entry.key());
-            counts->append(truncateToInt(entry.value()));
-        }
-    }
+    writeCounts(m_elementCountMap, Half::Gains, elements, counts);
 }
 
 void ChemicalFormula::negativeElementCounts(QList<QString>* elements, QList<int>* counts) const
 {
-    elements->clear();
-    counts->clear();
-    for (auto entry = m_elementCountMap.cbegin(); entry != m_elementCountMap.cend(); ++entry) {
-        if (entry.value() < 0.0) {
-            elements->append(entry.key());
-            counts->append(truncateToInt(-entry.value()));
-        }
-    }
-}
-
-void ChemicalFormula::operator+=(const ChemicalFormula& other)
-{
-    const QMap<QString, double> addends = other.m_elementCountMap; // other may be this formula
-    for (auto addend = addends.cbegin(); addend != addends.cend(); ++addend)
-        m_elementCountMap[addend.key()] += addend.value();
-}
-
-void ChemicalFormula::operator-=(const ChemicalFormula& other)
-{
-    const QMap<QString, double> subtrahends = other.m_elementCountMap; // other may be this formula
-    for (auto subtrahend = subtrahends.cbegin(); subtrahend != subtrahends.cend(); ++subtrahend)
-        m_elementCountMap[subtrahend.key()] -= subtrahend.value();
-}
-
-void ChemicalFormula::operator*=(int factor)
-{
-    for (double& count : m_elementCountMap)
-        count *= factor;
-}
-
-ChemicalFormula ChemicalFormula::operator+(const ChemicalFormula& other) const
-{
-    ChemicalFormula sum = *this;
-    sum += other;
-    return sum;
-}
-
-ChemicalFormula ChemicalFormula::operator-(const ChemicalFormula& other) const
-{
-    ChemicalFormula difference = *this;
-    difference -= other;
-    return difference;
+    writeCounts(m_elementCountMap, Half::Losses, elements, counts);
 }
 
 // Writing. The forms differ in order, filter and number format on purpose: people read Hill order,
@@ -128,6 +106,16 @@ QString trailingElement(const QString& symbol, double count)
     if (nearlyEqual(count, 1.0))
         return symbol;
     return symbol + (count < 0.0 ? inParentheses(count) : sixDigits(count));
+}
+
+/// The entries of one half, each with its number.
+QString entriesText(const QMap<QString, double>& counts, Half half)
+{
+    QString text;
+    forEachOf(half, counts, [&text](const QString& symbol, double magnitude) {
+        text += symbol + sixDigits(magnitude);
+    });
+    return text;
 }
 
 } // namespace
@@ -173,22 +161,46 @@ QString ChemicalFormula::toThermoFormulaString() const
 
 QString ChemicalFormula::positiveFormulaString() const
 {
-    QString text;
-    for (auto entry = m_elementCountMap.cbegin(); entry != m_elementCountMap.cend(); ++entry) {
-        if (entry.value() > 0.0)
-            text += entry.key() + sixDigits(entry.value());
-    }
-    return text;
+    return entriesText(m_elementCountMap, Half::Gains);
 }
 
 QString ChemicalFormula::negativeFormulaString() const
 {
-    QString text;
-    for (auto entry = m_elementCountMap.cbegin(); entry != m_elementCountMap.cend(); ++entry) {
-        if (entry.value() < 0.0)
-            text += entry.key() + sixDigits(-entry.value());
-    }
-    return text;
+    return entriesText(m_elementCountMap, Half::Losses);
+}
+
+void ChemicalFormula::operator+=(const ChemicalFormula& other)
+{
+    const QMap<QString, double> addends = other.m_elementCountMap; // other may be this formula
+    for (auto addend = addends.cbegin(); addend != addends.cend(); ++addend)
+        m_elementCountMap[addend.key()] += addend.value();
+}
+
+void ChemicalFormula::operator-=(const ChemicalFormula& other)
+{
+    const QMap<QString, double> subtrahends = other.m_elementCountMap; // other may be this formula
+    for (auto subtrahend = subtrahends.cbegin(); subtrahend != subtrahends.cend(); ++subtrahend)
+        m_elementCountMap[subtrahend.key()] -= subtrahend.value();
+}
+
+void ChemicalFormula::operator*=(int factor)
+{
+    for (double& count : m_elementCountMap)
+        count *= factor;
+}
+
+ChemicalFormula ChemicalFormula::operator+(const ChemicalFormula& other) const
+{
+    ChemicalFormula sum = *this;
+    sum += other;
+    return sum;
+}
+
+ChemicalFormula ChemicalFormula::operator-(const ChemicalFormula& other) const
+{
+    ChemicalFormula difference = *this;
+    difference -= other;
+    return difference;
 }
 
 } // namespace chem

@@ -83,7 +83,7 @@ void sortBySymbol(Tokens* tokens)
 
 /// Sums the counts of each symbol. One search for each element of a map would cost more than all
 /// else.
-ChemicalFormula sumOf(const Tokens& sorted)
+ChemicalFormula formulaOf(const Tokens& sorted)
 {
     std::map<QString, double> counts;
     for (auto token = sorted.cbegin(); token != sorted.cend();) {
@@ -105,7 +105,7 @@ ChemicalFormula readChemicalFormula(const QString& text)
     const QString compact = isCompact ? text : withoutSeparators(text);
     Tokens tokens = readTokens(compact);
     sortBySymbol(&tokens);
-    return sumOf(tokens);
+    return formulaOf(tokens);
 }
 
 } // namespace chem

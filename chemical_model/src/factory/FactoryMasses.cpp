@@ -6,8 +6,6 @@
 #include "isotopes/MassRatio.h"
 #include "support/Logging.h"
 
-#include <QDebug>
-
 namespace chem {
 
 ChemicalFormula ChemicalFactory::parseChemicalFormula(const QString& text)
@@ -48,8 +46,9 @@ zel::Error outcome(const FormulaMasses& masses)
 
 } // namespace
 
-// The two calculators write their outputs in opposite orders: one variable for both ends with what
-// each writes last.
+// The two calculators write their outputs in opposite orders. A caller who hands one variable in as
+// both outputs gets what is written last: the average mass from the first, the monoisotopic mass
+// from the second.
 
 zel::Error ChemicalFactory::calculateMassesForFormula(const ChemicalFormula& formula,
                                                       double* monoMass, double* averageMass) const

@@ -1,5 +1,6 @@
 #include "ChemicalFactory.h"
 #include "factory/PreparedFactory.h"
+#include "sequences/IonTypes.h"
 #include "sequences/RichFragments.h"
 
 namespace chem {

@@ -51,25 +51,24 @@ void ChemicalFactory::Prepared::writeIsotopes(const IsotopeTable& table, Chemica
 
 void ChemicalFactory::Prepared::fillBuildingBlocks(ChemicalFactory* factory)
 {
-    const auto fill = [factory](BuildingBlockType type) {
+    // What a nucleotide does not name has no code, which tells it from what is written.
+    const auto unwritten = [factory](const StandardBlock& block) {
+        return NamedMolecule(factory->constructMolecule(block.formula), block.name, QString());
+    };
+    for (const BuildingBlockType type :
+         {SugarBlock, AminoAcidBlock, NucleobaseBlock, RiboseBlock, PhosphateBlock,
+          FivePrimeTerminalBlock, ThreePrimeTerminalBlock}) {
+        if (type == RiboseBlock)
+            factory->defaultRibose = unwritten(standardRibose());
+        if (type == PhosphateBlock)
+            factory->defaultPhosphate = unwritten(standardPhosphate());
         QMap<QString, NamedMolecule> blocks;
         for (const StandardBlock& block : standardBlocks(type)) {
             const Molecule molecule = factory->constructMolecule(block.formula);
             blocks.insert(block.key, NamedMolecule(molecule, block.name, block.code));
         }
         factory->buildingBlocks.insert(type, blocks);
-    };
-    fill(SugarBlock);
-    fill(AminoAcidBlock);
-    fill(NucleobaseBlock);
-    factory->defaultRibose = NamedMolecule(factory->constructMolecule(u"C5O2H7"_s),
-                                           u"2'-deoxyribose (DNA)"_s, QString());
-    fill(RiboseBlock);
-    factory->defaultPhosphate =
-        NamedMolecule(factory->constructMolecule(u"HPO3"_s), u"phosphodiester"_s, QString());
-    fill(PhosphateBlock);
-    fill(FivePrimeTerminalBlock);
-    fill(ThreePrimeTerminalBlock);
+    }
 }
 
 void ChemicalFactory::Prepared::fillConstants(ChemicalFactory* factory)

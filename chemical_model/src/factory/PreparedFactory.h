@@ -13,8 +13,11 @@
 
 namespace chem {
 
-/// What a factory's isotopes and dictionaries come to, and what fills and changes them. Copies of
-/// the factory share it until one of them is changed.
+/// What follows from a factory's isotopes and dictionaries, and what fills and changes them. Copies
+/// of the factory share it until one of them is changed.
+///
+/// The functions that work on a factory are static members of this nested type because only these
+/// reach its protected members without one more declaration in the public header.
 struct ChemicalFactory::Prepared
 {
     /// What follows from the isotopes alone.

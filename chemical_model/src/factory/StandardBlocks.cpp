@@ -68,7 +68,7 @@ Rows riboseRows()
 {
     return {
         {u"r"_s, u"r"_s, u"2'-hydroxy (RNA)"_s, u"C5O3H7"_s},
-        {u"d"_s, u"d"_s, u"2'-deoxyribose (DNA)"_s, u"C5O2H7"_s},
+        standardRibose(),
         {u"m"_s, u"m"_s, u"2'-O-methyl"_s, u"C6O3H9"_s},
         {u"e"_s, u"e"_s, u"2'-O-methoxyethyl"_s, u"C5O1H7C3H6O3"_s},
         {u"+"_s, u"+"_s, u"2',4'-methylene bridge (LNA)"_s, u"C5O2H7CO"_s},
@@ -80,7 +80,7 @@ Rows phosphateRows()
 {
     return {
         {u"*"_s, u"*"_s, u"phosphorothioate"_s, u"HPO2S"_s},
-        {u"."_s, u"."_s, u"phosphodiester"_s, u"HPO3"_s},
+        standardPhosphate(),
     };
 }
 
@@ -103,6 +103,16 @@ Rows threePrimeTerminalRows()
 }
 
 } // namespace
+
+StandardBlock standardRibose()
+{
+    return {u"d"_s, u"d"_s, u"2'-deoxyribose (DNA)"_s, u"C5O2H7"_s};
+}
+
+StandardBlock standardPhosphate()
+{
+    return {u"."_s, u"."_s, u"phosphodiester"_s, u"HPO3"_s};
+}
 
 std::vector<StandardBlock> standardBlocks(ChemicalFactory::BuildingBlockType type)
 {

@@ -21,4 +21,10 @@ struct StandardBlock
 // No QList: without memory, Qt 6.4 makes it from braces by writing to the null pointer.
 std::vector<StandardBlock> standardBlocks(ChemicalFactory::BuildingBlockType type);
 
+/// The sugar of a nucleotide that names none, which can be written as well.
+StandardBlock standardRibose();
+
+/// The linkage of a nucleotide that names none, likewise.
+StandardBlock standardPhosphate();
+
 } // namespace chem

@@ -3,8 +3,6 @@
 #include "support/Logging.h"
 #include "support/TruncateToInt.h"
 
-#include <QDebug>
-
 #include <limits>
 #include <utility>
 

@@ -19,6 +19,7 @@ constexpr double probabilityThreshold = 1e-7;
 constexpr qsizetype expectedPoints = 100;
 constexpr qsizetype expectedElements = 16;
 constexpr qsizetype usualIsotopes = 4; ///< Of an element of biomolecules, at most.
+// IsoSpec++'s own first sizes for the tables of each element, which grow as needed.
 constexpr int marginalTableSize = 1000;
 constexpr int marginalHashSize = 1000;
 
@@ -56,20 +57,26 @@ IsoArrays isoArrays(const ChemicalFormula& formula, const IsotopeTable& isotopes
     return arrays;
 }
 
+/// The nearest whole number of daltons.
+int nominalMass(double mass)
+{
+    return truncateToInt(mass + 0.5);
+}
+
 /// Sums the configurations into one point for each nominal mass, counted from that of the lightest
 /// peak: `x` as probability times mass, `y` as probability.
 void sumByNominalMass(IsoSpec::IsoThresholdGenerator* generator, QList<QPointF>* envelope)
 {
     const double lightestMass = generator->getLightestPeakMass();
-    const double offset = lightestMass - truncateToInt(lightestMass + 0.5);
-    const qint64 base = truncateToInt(lightestMass - offset + 0.5);
+    const double offset = lightestMass - nominalMass(lightestMass);
+    const qint64 base = nominalMass(lightestMass - offset);
     envelope->reserve(expectedPoints);
     QPointF* points = envelope->data();
     qint64 size = 0;
     while (generator->advanceToNextConfiguration()) {
         const double mass = generator->mass();
         const double probability = generator->prob();
-        const qint64 bin = truncateToInt(mass - offset + 0.5) - base;
+        const qint64 bin = nominalMass(mass - offset) - base;
         if (bin < 0)
             continue;
         if (bin >= size) {

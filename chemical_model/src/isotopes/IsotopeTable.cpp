@@ -22,6 +22,11 @@ namespace {
 constexpr double neutronStep = 1.0026;
 /// How close a known isotope must be to the expected mass to be taken for it, in daltons.
 constexpr double massWindow = 0.2;
+/// The electron's mass in daltons, 5.48579909e-4 by CODATA, to the eight decimals that results have
+/// always had.
+constexpr double electronMass = 0.00054858;
+/// An electron is no atom.
+constexpr int electronAtomicNumber = -1;
 
 /// The mass of a known isotope near `expected`, or else that mass itself.
 double knownMassNear(double expected, const QList<double>& masses)
@@ -45,7 +50,7 @@ IsotopeTable::IsotopeTable()
                            QString::fromLatin1(IsoSpec::elem_table_symbol[i]),
                            IsoSpec::elem_table_mass[i], IsoSpec::elem_table_probability[i]});
     }
-    m_isotopes.append({-1, 0, u"Electron"_s, u"E"_s, 0.00054858, 1.0});
+    m_isotopes.append({electronAtomicNumber, 0, u"Electron"_s, u"E"_s, electronMass, 1.0});
     sortIntoElements();
 }
 
@@ -69,8 +74,9 @@ bool IsotopeTable::replaceIsotopes(const QString& text)
         const double base = knownMasses.first();
         const int extraNeutrons = truncateToInt(entry.massNumber - std::round(base));
         const double mass = knownMassNear(extraNeutrons * neutronStep + base, knownMasses);
+        // Atomic number and name are those of the old rows.
         replacements[entry.symbol].append(
-            {-1, extraNeutrons, entry.symbol, entry.symbol, mass, entry.abundance});
+            {0, extraNeutrons, QString(), entry.symbol, mass, entry.abundance});
     }
 
     for (auto entry = replacements.cbegin(); entry != replacements.cend(); ++entry)

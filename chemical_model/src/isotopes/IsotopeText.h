@@ -12,7 +12,7 @@ struct IsotopeEntry
 {
     QString symbol;
     int massNumber = 0;
-    double abundance = 0.0; ///< As written: a fraction or a percentage.
+    double abundance = 0.0; ///< As written: a fraction or a percentage, see normalize().
 };
 
 /// Reads an isotope text, such as "C13:0.99 C12:0.01": entries separated by white space. Nothing if

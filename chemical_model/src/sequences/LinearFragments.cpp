@@ -1,18 +1,12 @@
 #include "LinearFragments.h"
 
 #include "LinearComplex.h"
-#include "sequences/IonSide.h"
+#include "sequences/EditedComplex.h"
+#include "sequences/IonTypes.h"
 
 namespace chem {
 
 namespace {
-
-using Sites = QList<QSharedPointer<FragmentationSite>>;
-
-// The lists of a complex are public: one that a caller has edited may hold null pointers, which add
-// nothing, and fewer lists of sites than residues. Its pointers let residues and sites be written,
-// so whatever reads one takes it as const: a text that is read as a non-const one makes a copy of
-// itself first, inside the complex that other threads are reading.
 
 QChar letterOf(const ComplexResidue* residue)
 {
@@ -31,7 +25,7 @@ void addMasses(const ComplexResidue* residue, SimpleFragment* fragment)
         addMasses(static_cast<const Molecule&>(*residue), fragment);
 }
 
-/// The ion that breaks off at `site`, given what its side of the chain comes to.
+/// The ion that breaks off at `site`, given the sum of its side of the chain.
 SimpleFragment ionAt(const FragmentationSite& site, const SimpleFragment& side)
 {
     SimpleFragment ion = side;
@@ -44,7 +38,7 @@ SimpleFragment ionAt(const FragmentationSite& site, const SimpleFragment& side)
 qsizetype siteNumber(const MoleculeComplex& complex)
 {
     qsizetype number = 0;
-    for (const Sites& sites : complex.sites)
+    for (const auto& sites : complex.sites)
         number += sites.size();
     return number;
 }
@@ -74,7 +68,6 @@ void generateLinearFragments(const MoleculeComplex& complex, QList<SimpleFragmen
     SimpleFragment left;
     SimpleFragment right;
     const QString letters = lettersOf(complex);
-    const Sites noSites;
     addMasses(complex.residues.first().data(), &left);
     addMasses(complex.residues.last().data(), &right);
 
@@ -88,8 +81,7 @@ void generateLinearFragments(const MoleculeComplex& complex, QList<SimpleFragmen
         right.sequence = letters.sliced(rightStart);
         right.position = static_cast<int>(rightStart);
 
-        const Sites& sites = k + 1 < complex.sites.size() ? complex.sites[k + 1] : noSites;
-        for (const auto& shared : sites) {
+        for (const auto& shared : sitesAt(complex, k + 1)) {
             const FragmentationSite* const site = shared.data();
             if (site && isLeftIon(site->type))
                 *next++ = ionAt(*site, left);

@@ -34,7 +34,13 @@ OligoAlphabets alphabetsOf(const OligoBlocks& blocks);
 /// The expression of one nucleotide: ribose, base or number, phosphates.
 QString oligoUnitExpression(const OligoAlphabets& alphabets);
 
+/// The groups that it captures; one more holds base and number alike.
+enum OligoUnitGroup { RiboseGroup = 1, BaseGroup = 3, NumberGroup = 4, PhosphatesGroup = 5 };
+
 /// The expression of a whole text: 5' mark, nucleotides, 3' mark.
 QString oligoFullExpression(const OligoAlphabets& alphabets);
+
+/// The groups that it captures; others hold parts of the last nucleotide.
+enum OligoFullGroup { FivePrimeGroup = 1, BodyGroup = 2, ThreePrimeGroup = 6 };
 
 } // namespace chem

@@ -13,10 +13,16 @@ namespace {
 /// Some 2 MB of them.
 constexpr std::size_t mostPrepared = 2000;
 
+/// The name of a number in place of a base.
+QString numberName()
+{
+    return u"~~~"_s;
+}
+
 NamedMolecule massAsBase(QStringView number)
 {
     const double mass = number.toDouble();
-    return NamedMolecule(Molecule(ChemicalFormula(), mass, mass), u"~~~"_s, number.toString());
+    return NamedMolecule(Molecule(ChemicalFormula(), mass, mass), numberName(), number.toString());
 }
 
 /// The text of a letter by its number; none for number 0, which stands for what is not written.
@@ -32,6 +38,11 @@ std::size_t lettersIn(const LetterTable& table)
 }
 
 } // namespace
+
+bool isNumber(const Nucleotide& nucleotide)
+{
+    return nucleotide.nucleobase.name == numberName();
+}
 
 OligoNucleotides::OligoNucleotides(const OligoBlocks& blocks, const OligoSites& sites)
     : m_riboses(blocks.riboses)
@@ -100,19 +111,25 @@ void OligoNucleotides::prepare(const OligoSites& sites)
     m_breaks.reserve(bases * m_linkages); // addresses are kept
     m_prepared.reserve(riboses * bases * m_linkages);
     for (std::size_t ribose = 0; ribose < riboses; ++ribose) {
-        for (std::size_t base = 1; base <= bases; ++base) {
-            for (std::size_t linkage = 0; linkage < m_linkages; ++linkage) {
-                const bool isNone = linkage == m_linkages - 1;
-                OligoUnit unit;
-                unit.ribose = letterView(m_riboses, ribose);
-                unit.base = letterView(m_nucleobases, base);
-                unit.phosphates = letterView(m_phosphates, isNone ? 0 : linkage);
-                const Nucleotide nucleotide = make(unit, isNone);
-                if (ribose == 0)
-                    m_breaks.push_back(sites.breaksOf(nucleotide.nucleobase, nucleotide.phosphate));
-                m_prepared.push_back({nucleotide, &m_breaks[placeOf(0, base, linkage)]});
-            }
-        }
+        for (std::size_t base = 1; base <= bases; ++base)
+            prepareLinkages(ribose, base, sites);
+    }
+}
+
+/// Prepares one sugar and base with each linkage.
+void OligoNucleotides::prepareLinkages(std::size_t ribose, std::size_t base,
+                                       const OligoSites& sites)
+{
+    for (std::size_t linkage = 0; linkage < m_linkages; ++linkage) {
+        const bool isNone = linkage == m_linkages - 1;
+        OligoUnit unit;
+        unit.ribose = letterView(m_riboses, ribose);
+        unit.base = letterView(m_nucleobases, base);
+        unit.phosphates = letterView(m_phosphates, isNone ? 0 : linkage);
+        const Nucleotide nucleotide = make(unit, isNone);
+        if (ribose == 0)
+            m_breaks.push_back(sites.breaksOf(nucleotide.nucleobase, nucleotide.phosphate));
+        m_prepared.push_back({nucleotide, &m_breaks[placeOf(0, base, linkage)]});
     }
 }
 

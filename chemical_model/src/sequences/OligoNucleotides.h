@@ -11,6 +11,9 @@ namespace chem {
 
 struct OligoUnit;
 
+/// Whether a number, a bare mass, stands in place of the base.
+bool isNumber(const Nucleotide& nucleotide);
+
 /// Makes the nucleotides and terminals that oligonucleotide text names.
 ///
 /// A nucleotide costs some formula arithmetic, so those that the dictionaries can spell are made
@@ -43,7 +46,8 @@ public:
 
 private:
     void prepare(const OligoSites& sites);
-    std::size_t placeOf(std::size_t ribose, std::size_t base, std::size_t phosphate) const;
+    void prepareLinkages(std::size_t ribose, std::size_t base, const OligoSites& sites);
+    std::size_t placeOf(std::size_t ribose, std::size_t base, std::size_t linkage) const;
     NamedMolecule linkageOf(QStringView marks) const;
 
     LetterTable m_riboses;

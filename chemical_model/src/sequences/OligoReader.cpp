@@ -13,9 +13,15 @@ using namespace Qt::StringLiterals;
 namespace chem {
 
 /// A text that is in the grammar, read. It holds the text itself, which the marks point into: the
-/// caller's may lie in one of the outputs, such as the name of a terminal.
+/// caller's may lie in one of the outputs, such as the name of a terminal. A copy would point into
+/// the one that it was copied from, so it can only be moved.
 struct OligoText
 {
+    OligoText() = default;
+    OligoText(OligoText&&) = default;
+    OligoText& operator=(OligoText&&) = default;
+    Q_DISABLE_COPY(OligoText)
+
     QString text;
     QStringView fivePrimeMark;
     QStringView threePrimeMark;
@@ -31,12 +37,6 @@ struct OligoText
 };
 
 namespace {
-
-/// Whether the base is a bare mass.
-bool isNumber(const Nucleotide& nucleotide)
-{
-    return nucleotide.nucleobase.name == "~~~"_L1;
-}
 
 bool isBareNumber(const OligoText& text)
 {
@@ -102,10 +102,10 @@ std::optional<OligoText> OligoReader::read(const QString& text) const
     result.threePrimeMark = split->threePrimeMark;
 
     const OligoUnits units = m_scanner.units(split->body);
+    result.endsInNumber = !units.isEmpty() && !units.back().number.isEmpty();
     result.nucleotides.reserve(static_cast<std::size_t>(units.size()));
     for (const OligoUnit& unit : units) {
         const bool isLast = &unit == &units.back();
-        result.endsInNumber = !unit.number.isEmpty();
         if (isLast && result.endsInNumber)
             unlinkLast(&result);
         if (const auto* const prepared = m_nucleotides.find(unit, isLast))

@@ -13,7 +13,7 @@ namespace {
 
 /// What a character can be in a text, one bit each; one character may be several things. The last
 /// digit run of a number, which it must have, is told from the digits before its full stop.
-enum Role : quint16 {
+enum Role : OligoRoles {
     FivePrimeMark = 1 << 0,
     Ribose = 1 << 1,
     Nucleobase = 1 << 2,
@@ -25,19 +25,18 @@ enum Role : quint16 {
     ThreePrimeMark = 1 << 8,
     End = 1 << 9 ///< No character: the end of the text.
 };
-using RoleSet = quint16;
 
 constexpr std::size_t roleCount = 10;
 
-constexpr RoleSet behindSign = LeadingDigit | FullStop | FinalDigit;
-constexpr RoleSet behindRibose = Nucleobase | Sign | behindSign;
-constexpr RoleSet unitStart = Ribose | behindRibose;
-constexpr RoleSet unitEnd = Nucleobase | FinalDigit | Phosphate;
-constexpr RoleSet behindUnit = Phosphate | unitStart | ThreePrimeMark | End;
-constexpr RoleSet textStart = FivePrimeMark | unitStart;
+constexpr OligoRoles behindSign = LeadingDigit | FullStop | FinalDigit;
+constexpr OligoRoles behindRibose = Nucleobase | Sign | behindSign;
+constexpr OligoRoles unitStart = Ribose | behindRibose;
+constexpr OligoRoles unitEnd = Nucleobase | FinalDigit | Phosphate;
+constexpr OligoRoles behindUnit = Phosphate | unitStart | ThreePrimeMark | End;
+constexpr OligoRoles textStart = FivePrimeMark | unitStart;
 
 /// What may come behind each role, in the order of the bits.
-constexpr std::array<RoleSet, roleCount> successors = {
+constexpr std::array<OligoRoles, roleCount> successors = {
     unitStart, // FivePrimeMark
     behindRibose,
     behindUnit, // Nucleobase
@@ -51,19 +50,19 @@ constexpr std::array<RoleSet, roleCount> successors = {
 };
 
 /// For each set of roles, what may come behind any of them.
-constexpr std::array<RoleSet, 1 << roleCount> makeSuccessorsOfSets()
+constexpr std::array<OligoRoles, 1 << roleCount> makeSuccessorsOfSets()
 {
-    std::array<RoleSet, 1 << roleCount> table{};
+    std::array<OligoRoles, 1 << roleCount> table{};
     for (std::size_t set = 0; set < table.size(); ++set) {
         for (std::size_t role = 0; role < roleCount; ++role) {
             if (set >> role & 1)
-                table[set] = RoleSet(table[set] | successors[role]);
+                table[set] = OligoRoles(table[set] | successors[role]);
         }
     }
     return table;
 }
 
-constexpr std::array<RoleSet, 1 << roleCount> successorsOfSets = makeSuccessorsOfSets();
+constexpr std::array<OligoRoles, 1 << roleCount> successorsOfSets = makeSuccessorsOfSets();
 
 bool isBracket(QChar character)
 {
@@ -186,11 +185,9 @@ bool OligoScanner::fillRoles(const OligoAlphabets& alphabets)
     return !hasAmbiguousMarks(alphabets);
 }
 
-void OligoScanner::addRole(QChar character, Roles role)
+void OligoScanner::addRole(QChar character, OligoRoles role)
 {
-    Roles& roles = character.unicode() < asciiSize ? m_asciiRoles[character.unicode()]
-                                                   : m_otherRoles[character];
-    roles = Roles(roles | role);
+    m_roles.insert(character, OligoRoles(m_roles.value(character) | role));
 }
 
 /// Whether a character can be a mark and part of the nucleotide next to it: then the expressions
@@ -198,17 +195,12 @@ void OligoScanner::addRole(QChar character, Roles role)
 bool OligoScanner::hasAmbiguousMarks(const OligoAlphabets& alphabets) const
 {
     const auto isAmbiguous = [this](QChar character) {
-        const Roles roles = rolesOf(character);
+        const OligoRoles roles = m_roles.value(character);
         return ((roles & FivePrimeMark) && (roles & unitStart)) ||
                ((roles & ThreePrimeMark) && (roles & unitEnd));
     };
     const QString marks = alphabets.fivePrimeMarks + alphabets.threePrimeMarks;
     return std::any_of(marks.cbegin(), marks.cend(), isAmbiguous);
-}
-
-OligoScanner::Roles OligoScanner::rolesBeyondAscii(QChar character) const
-{
-    return m_otherRoles.value(character);
 }
 
 /// Follows all ways through the text at once: what may come next, given what might have come before
@@ -217,9 +209,9 @@ bool OligoScanner::matches(QStringView text) const
 {
     if (!m_isPlain)
         return m_fullExpression && m_fullExpression->match(asString(text)).hasMatch();
-    Roles next = textStart;
+    OligoRoles next = textStart;
     for (const QChar character : withoutFinalLineFeed(text))
-        next = successorsOfSets[next & rolesOf(character)];
+        next = successorsOfSets[next & m_roles.value(character)];
     return next & End;
 }
 
@@ -231,13 +223,14 @@ std::optional<OligoScanner::Parts> OligoScanner::split(QStringView text) const
         const QRegularExpressionMatch match = m_fullExpression->match(asString(text));
         if (!match.hasMatch())
             return std::nullopt;
-        return Parts{match.capturedView(1), match.capturedView(2), match.capturedView(6)};
+        return Parts{match.capturedView(FivePrimeGroup), match.capturedView(BodyGroup),
+                     match.capturedView(ThreePrimeGroup)};
     }
     if (!matches(text))
         return std::nullopt;
     const QStringView whole = withoutFinalLineFeed(text);
-    const qsizetype bodyStart = rolesOf(whole.front()) & FivePrimeMark ? 1 : 0;
-    const qsizetype bodyEnd = whole.size() - (rolesOf(whole.back()) & ThreePrimeMark ? 1 : 0);
+    const qsizetype bodyStart = m_roles.value(whole.front()) & FivePrimeMark ? 1 : 0;
+    const qsizetype bodyEnd = whole.size() - (m_roles.value(whole.back()) & ThreePrimeMark ? 1 : 0);
     return Parts{whole.first(bodyStart), whole.sliced(bodyStart, bodyEnd - bodyStart),
                  whole.sliced(bodyEnd)};
 }
@@ -249,7 +242,7 @@ OligoUnits OligoScanner::units(QStringView body) const
     OligoUnits units;
     for (qsizetype position = 0; position < body.size();) {
         std::optional<OligoUnit> unit;
-        if (rolesOf(body[position]) & Ribose)
+        if (m_roles.value(body[position]) & Ribose)
             unit = unitAt(body, position, position + 1);
         if (!unit)
             unit = unitAt(body, position, position);
@@ -266,12 +259,12 @@ std::optional<OligoUnit> OligoScanner::unitAt(QStringView body, qsizetype start,
 {
     if (core == body.size())
         return std::nullopt;
-    const bool hasBase = rolesOf(body[core]) & Nucleobase;
+    const bool hasBase = m_roles.value(body[core]) & Nucleobase;
     const qsizetype coreEnd = hasBase ? core + 1 : behindNumber(body, core);
     if (coreEnd == core)
         return std::nullopt;
     qsizetype end = coreEnd;
-    while (end < body.size() && (rolesOf(body[end]) & Phosphate))
+    while (end < body.size() && (m_roles.value(body[end]) & Phosphate))
         ++end;
 
     OligoUnit unit;
@@ -290,8 +283,9 @@ OligoUnits OligoScanner::unitsByEngine(QStringView body) const
     QRegularExpressionMatchIterator matches = m_unitExpression->globalMatch(asString(body));
     while (matches.hasNext()) {
         const QRegularExpressionMatch match = matches.next();
-        units.push_back({match.capturedView(0), match.capturedView(1), match.capturedView(3),
-                         match.capturedView(4), match.capturedView(5)});
+        units.push_back({match.capturedView(), match.capturedView(RiboseGroup),
+                         match.capturedView(BaseGroup), match.capturedView(NumberGroup),
+                         match.capturedView(PhosphatesGroup)});
     }
     return units;
 }

@@ -1,14 +1,13 @@
 #pragma once
 
 #include "sequences/OligoGrammar.h"
+#include "support/CharacterTable.h"
 
-#include <QHash>
 #include <QRegularExpression>
 #include <QString>
 #include <QStringView>
 #include <QVarLengthArray>
 
-#include <array>
 #include <optional>
 
 namespace chem {
@@ -22,6 +21,9 @@ struct OligoUnit
     QStringView number;     ///< The number in place of a base, or empty.
     QStringView phosphates; ///< The marks behind the base, any number.
 };
+
+/// What a character can be in a text, one bit for each role.
+using OligoRoles = quint16;
 
 /// The nucleotides of a body. Those of a usual strand need no allocation.
 using OligoUnits = QVarLengthArray<OligoUnit, 32>;
@@ -70,25 +72,14 @@ public:
     OligoUnits units(QStringView body) const;
 
 private:
-    using Roles = quint16;
-
     bool fillRoles(const OligoAlphabets& alphabets);
-    void addRole(QChar character, Roles role);
+    void addRole(QChar character, OligoRoles role);
     bool hasAmbiguousMarks(const OligoAlphabets& alphabets) const;
-    Roles rolesOf(QChar character) const
-    {
-        return character.unicode() < asciiSize ? m_asciiRoles[character.unicode()]
-                                               : rolesBeyondAscii(character);
-    }
-    Roles rolesBeyondAscii(QChar character) const;
     std::optional<OligoUnit> unitAt(QStringView body, qsizetype start, qsizetype core) const;
     OligoUnits unitsByEngine(QStringView body) const;
 
-    static constexpr std::size_t asciiSize = 128;
-
     bool m_isPlain = false; ///< Whether the roles tell all, and else the expressions.
-    std::array<Roles, asciiSize> m_asciiRoles{};
-    QHash<QChar, Roles> m_otherRoles;
+    CharacterTable<OligoRoles> m_roles;
     std::optional<QRegularExpression> m_fullExpression; ///< Nothing if it is not valid.
     std::optional<QRegularExpression> m_unitExpression; ///< Likewise.
 };

@@ -63,6 +63,8 @@ QSharedPointer<MoleculeComplex> PeptideReader::complex(const QString& sequence) 
     QList<QSharedPointer<ComplexResidue>> residues;
     residues.reserve(size);
 
+    // Both ends come before the residues, and all are added to zero: this order gives the total its
+    // bits.
     MoleculeSum total;
     total.add(m_nTerminal);
     total.add(m_cTerminal);

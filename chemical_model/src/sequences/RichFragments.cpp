@@ -1,22 +1,13 @@
 #include "sequences/RichFragments.h"
 
-#include "sequences/IonSide.h"
-
-#include <array>
-
-using namespace Qt::StringLiterals;
+#include "sequences/EditedComplex.h"
+#include "sequences/IonTypes.h"
 
 namespace chem {
 
-// The lists of a complex are public: one that a caller has edited may hold null pointers, which add
-// nothing, and fewer lists of sites than residues. Residues and sites are taken as const, so that
-// nothing in a complex that other threads read is written.
-
 namespace {
 
-using Sites = QList<QSharedPointer<FragmentationSite>>;
-
-/// One end of a chain as it grows inwards: what it comes to and the residues that it holds.
+/// One end of a chain as it grows inwards: the residues that it holds and their sum.
 struct ChainEnd
 {
     Molecule molecule;
@@ -32,15 +23,6 @@ struct ChainEnd
 
 } // namespace
 
-QString fragmentLabel(FragmentType type)
-{
-    static const std::array<QString, 13> labels = {u"a"_s, u"a."_s, u"b"_s, u"c"_s, u"c."_s,
-                                                   u"d"_s, u"aB"_s, u"w"_s, u"x"_s, u"x."_s,
-                                                   u"y"_s, u"z"_s,  u"z."_s};
-    const bool hasLabel = isLeftIon(type) || isRightIon(type);
-    return hasLabel ? labels[static_cast<std::size_t>(type)] : u"unknown"_s;
-}
-
 void appendFragments(const MoleculeComplex& complex, QList<QSharedPointer<Fragment>>* fragments)
 {
     const qsizetype size = complex.residues.size();
@@ -49,8 +31,7 @@ void appendFragments(const MoleculeComplex& complex, QList<QSharedPointer<Fragme
     ChainEnd left;
     ChainEnd right;
     const auto appendIons = [&](qsizetype position, auto isWanted, const ChainEnd& end) {
-        const Sites sites = complex.sites.value(position);
-        for (const auto& shared : sites) {
+        for (const auto& shared : sitesAt(complex, position)) {
             const FragmentationSite* const site = shared.data();
             if (!site || !isWanted(site->type))
                 continue;

@@ -2,6 +2,8 @@
 
 #include "core/MoleculeSum.h"
 #include "steps/TransformationHistory.h"
+#include "structure/ResiduePosition.h"
+#include "structure/StructuredCopy.h"
 #include "structure/Totals.h"
 
 #include <algorithm>
@@ -29,7 +31,7 @@ bool isPlaced(const MoleculeEntity& terminal)
 /// The chain that a piece is cut from; one without residues where there is no such chain.
 Chain parentChain(const QList<Chain>& chains, int index)
 {
-    if (index >= 0 && index < chains.size())
+    if (hasIndex(chains, index))
         return chains[index];
     return Chain(QString(), QString(), {}, MoleculeType::Unknown, ParentChainLocus());
 }
@@ -57,17 +59,17 @@ Chain cutPiece(const QList<Chain>& chains, const ChainFragmentDef& definition, M
     return Chain(parent.name(), parent.code(), residues, parent.type(), locus);
 }
 
-bool holds(const Chain& piece, const std::pair<int, int>& position)
+bool holds(const Chain& piece, const ResiduePosition& position)
 {
     const ParentChainLocus& locus = piece.parentLocus();
     return locus.chain == position.first && locus.start <= position.second &&
            position.second < locus.end;
 }
 
-/// Where a position of the parent lies in a piece. One place is counted for a start terminal even
-/// if there is none, which readers of such a link allow for.
-std::pair<int, int> positionInPiece(const QList<Chain>& pieces, qsizetype piece,
-                                    const std::pair<int, int>& position)
+/// Where a residue of the parent stands in a piece. A start terminal is counted even if there is
+/// none, which readers of such a link allow for.
+ResiduePosition positionInPiece(const QList<Chain>& pieces, qsizetype piece,
+                                const ResiduePosition& position)
 {
     const qint64 residue = qint64(position.second) - pieces[piece].parentLocus().start + 1;
     return {static_cast<int>(piece), static_cast<int>(residue)};

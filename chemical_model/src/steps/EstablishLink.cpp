@@ -1,6 +1,7 @@
 #include "EstablishLink.h"
 
 #include "steps/TransformationHistory.h"
+#include "structure/StructuredCopy.h"
 #include "structure/Totals.h"
 
 #include <utility>

@@ -2,6 +2,8 @@
 
 #include "StructuredBuilders.h"
 #include "steps/TransformationHistory.h"
+#include "structure/ResiduePosition.h"
+#include "structure/StructuredCopy.h"
 #include "structure/Totals.h"
 
 #include <optional>
@@ -11,9 +13,7 @@ namespace chem {
 
 namespace {
 
-using Location = std::pair<int, int>;
-
-/// The messages of a step whose place cannot exist.
+/// The messages of a step whose position cannot exist.
 struct BoundsMessages
 {
     const char* chain;
@@ -27,49 +27,39 @@ constexpr BoundsMessages unmodifyMessages = {
     "Attemt to remove modification from non-existing residue"};
 constexpr const char* missingModificationMessage = "Could not remove specified modification";
 
-template <typename T>
-bool hasIndex(const QList<T>& list, int index)
-{
-    return index >= 0 && index < list.size();
-}
-
-bool exists(const QList<Chain>& chains, const Location& location)
-{
-    return hasIndex(chains, location.first) &&
-           hasIndex(chains[location.first].residues(), location.second);
-}
-
-/// Throws if there are fewer chains, or fewer residues, than the place says. An index equal to the
-/// count and a negative one are let through, as programs that rely on these messages expect.
-void checkBounds(const QList<Chain>& chains, const Location& location,
+/// Throws if there are fewer chains, or fewer residues, than the position says. An index equal to
+/// the count and a negative one are let through, as programs that rely on these messages expect.
+void checkBounds(const QList<Chain>& chains, const ResiduePosition& position,
                  const BoundsMessages& messages)
 {
-    if (chains.size() < location.first)
+    if (chains.size() < position.first)
         throw messages.chain;
-    if (hasIndex(chains, location.first) &&
-        chains[location.first].residues().size() < location.second)
+    if (hasIndex(chains, position.first) &&
+        chains[position.first].residues().size() < position.second)
         throw messages.residue;
 }
 
-/// The one place where the modification goes, or nothing if it stays with the molecule as a whole.
-std::optional<Location> placeOnResidue(const Modification& modification, const QList<Chain>& chains,
-                                       const BoundsMessages& messages)
+/// The one residue that the modification goes onto, or nothing if it stays with the molecule as a
+/// whole.
+std::optional<ResiduePosition> residueOf(const Modification& modification,
+                                         const QList<Chain>& chains, const BoundsMessages& messages)
 {
     if (modification.possibleChainLocations().size() != 1)
         return std::nullopt;
-    const Location location = modification.possibleChainLocations().first();
-    checkBounds(chains, location, messages);
-    return exists(chains, location) ? std::optional(location) : std::nullopt;
+    const ResiduePosition position = modification.possibleChainLocations().first();
+    checkBounds(chains, position, messages);
+    return exists(chains, position) ? std::optional(position) : std::nullopt;
 }
 
-/// Applies `step` to the residue at an existing place. Its chain loses its parent locus: with a
-/// changed residue it is no longer a piece of the chain that it was cut from.
-void transformResidue(QList<Chain>* chains, const Location& location, const Transformation& step)
+/// Applies `step` to an existing residue. Its chain loses its parent locus: with a changed residue
+/// it is no longer a piece of the chain that it was cut from.
+void transformResidue(QList<Chain>* chains, const ResiduePosition& position,
+                      const Transformation& step)
 {
-    const Chain& chain = std::as_const(*chains)[location.first];
+    const Chain& chain = std::as_const(*chains)[position.first];
     QList<MoleculeEntity> residues = chain.residues();
-    residues[location.second] = step.transform(std::as_const(residues)[location.second]);
-    chains->replace(location.first,
+    residues[position.second] = step.transform(std::as_const(residues)[position.second]);
+    chains->replace(position.first,
                     Chain(chain.name(), chain.code(), residues, chain.type(), ParentChainLocus()));
 }
 
@@ -89,8 +79,8 @@ MoleculeEntity Modify::transform(MoleculeEntity molecule) const
 {
     StructuredMolecule result = structuredCopy(molecule);
     const MoleculeEntity group = m_modification.entity();
-    if (const auto place = placeOnResidue(m_modification, result.chains, modifyMessages))
-        transformResidue(&result.chains, *place, Modify(group));
+    if (const auto position = residueOf(m_modification, result.chains, modifyMessages))
+        transformResidue(&result.chains, *position, Modify(group));
     else
         result.modifications.append(m_modification);
 
@@ -112,8 +102,8 @@ MoleculeEntity Unmodify::transform(MoleculeEntity molecule) const
 {
     StructuredMolecule result = structuredCopy(molecule);
     const MoleculeEntity group = m_modification.entity();
-    if (const auto place = placeOnResidue(m_modification, result.chains, unmodifyMessages))
-        transformResidue(&result.chains, *place, Unmodify(Modification(group, {})));
+    if (const auto position = residueOf(m_modification, result.chains, unmodifyMessages))
+        transformResidue(&result.chains, *position, Unmodify(Modification(group, {})));
     else if (!result.modifications.removeOne(m_modification))
         throw missingModificationMessage;
 
@@ -127,7 +117,7 @@ TransformationType Unmodify::type() const
 }
 
 MoleculeEntity modifyMolecule(MoleculeEntity molecule, MoleculeEntity modification,
-                              const std::pair<int, int>& location)
+                              const ResiduePosition& location)
 {
     QList<Chain> chains = molecule.chains();
     QList<Modification> modifications = molecule.modifications();

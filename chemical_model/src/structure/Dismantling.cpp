@@ -27,7 +27,7 @@ void dismantleNest(Nest&& nest) noexcept
         try {
             waitingNests->append(std::move(nest));
         } catch (const std::bad_alloc&) {
-            return; // no memory to wait in: it is destroyed at once, on the stack
+            // No memory to wait in: it is destroyed at once, on the stack.
         }
         return;
     }

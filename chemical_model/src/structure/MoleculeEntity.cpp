@@ -179,20 +179,18 @@ MoleculeEntity::~MoleculeEntity() = default;
 
 namespace {
 
-struct Masses
+/// Both masses of a formula by the default factory, in daltons.
+struct DefaultMasses
 {
+    explicit DefaultMasses(const ChemicalFormula& formula)
+    {
+        if (!formula.isEmpty())
+            defaultChemicalFactory()->calculateMassesForFormula(formula, &mono, &average);
+    }
+
     double mono = 0.0;
     double average = 0.0;
 };
-
-Masses massesOf(const ChemicalFormula& formula)
-{
-    Masses masses;
-    if (!formula.isEmpty()) {
-        defaultChemicalFactory()->calculateMassesForFormula(formula, &masses.mono, &masses.average);
-    }
-    return masses;
-}
 
 /// Equal maps print equally, so the texts are only made for maps that differ.
 bool printEqually(const ChemicalFormula& a, const ChemicalFormula& b)
@@ -205,13 +203,13 @@ bool printEqually(const ChemicalFormula& a, const ChemicalFormula& b)
 double MoleculeEntity::averageMass() const
 {
     const double stored = m_concept->averageMass();
-    return stored != 0.0 ? stored : massesOf(formula()).average;
+    return stored != 0.0 ? stored : DefaultMasses(formula()).average;
 }
 
 double MoleculeEntity::monoMass() const
 {
     const double stored = m_concept->monoMass();
-    return stored != 0.0 ? stored : massesOf(formula()).mono;
+    return stored != 0.0 ? stored : DefaultMasses(formula()).mono;
 }
 
 const ChemicalFormula MoleculeEntity::formula() const

@@ -2,10 +2,9 @@
 
 #include "ChemicalFactory.h"
 #include "StructuredMolecule.h"
+#include "structure/ResiduePosition.h"
 
 #include <QHash>
-
-#include <utility>
 
 using namespace Qt::StringLiterals;
 
@@ -14,7 +13,7 @@ namespace chem {
 namespace {
 
 /// Link numbers, counted from 1, by the residue positions that they touch.
-using LinkNumbers = QHash<std::pair<int, int>, QList<qsizetype>>;
+using LinkNumbers = QHash<ResiduePosition, QList<qsizetype>>;
 
 LinkNumbers numberLinks(const QList<Link>& links)
 {
@@ -37,8 +36,8 @@ void appendModifications(const QList<Modification>& modifications, QString* text
         *text += "[]"_L1;
 }
 
-void appendResidue(const MoleculeEntity& residue, const QList<qsizetype>& linkNumbers,
-                   QString* text)
+void appendResidueText(const MoleculeEntity& residue, const QList<qsizetype>& linkNumbers,
+                       QString* text)
 {
     *text += residue.code();
     appendModifications(residue.modifications(), text);
@@ -58,7 +57,7 @@ QString sequenceText(const StructuredMolecule& molecule)
             text += ChemicalFactory::ChainDelimeter;
         int residueIndex = 0;
         for (const MoleculeEntity& residue : chain.residues()) {
-            appendResidue(residue, linkNumbers.value({chainIndex, residueIndex}), &text);
+            appendResidueText(residue, linkNumbers.value({chainIndex, residueIndex}), &text);
             ++residueIndex;
         }
         ++chainIndex;

@@ -12,8 +12,8 @@ namespace chem {
 
 namespace {
 
-/// What a chain's residues come to, summed on their own.
-Molecule sumOf(const Chain& chain)
+/// A chain's residues, summed on their own.
+Molecule sumOfResidues(const Chain& chain)
 {
     MoleculeSum sum;
     for (const MoleculeEntity& residue : chain.residues())
@@ -112,7 +112,7 @@ MoleculeEntity constructStructuredMolecule(const QString& name, const QString& c
 {
     MoleculeSum sum;
     for (const Chain& chain : chains)
-        sum.add(sumOf(chain));
+        sum.add(sumOfResidues(chain));
     for (const Link& link : links)
         sum.add(totalsOf(link.entity()));
     for (const Modification& modification : modifications)

@@ -8,7 +8,7 @@ namespace chem {
 
 namespace {
 
-bool isSamePlace(const ParentChainLocus& a, const ParentChainLocus& b)
+bool isSameLocus(const ParentChainLocus& a, const ParentChainLocus& b)
 {
     return a.label == b.label && a.chain == b.chain && a.start == b.start && a.end == b.end;
 }
@@ -29,7 +29,7 @@ bool Chain::operator==(const Chain& other) const
 {
     return m_residues == other.m_residues // at once for lists that share their storage
            && m_name == other.m_name && m_type == other.m_type &&
-           isSamePlace(m_parentLocus, other.m_parentLocus);
+           isSameLocus(m_parentLocus, other.m_parentLocus);
 }
 
 Link::Link()

@@ -16,8 +16,11 @@ std::size_t numberOfThisThread();
 /// count on one formula slow each other down below the speed of a single one, so what one thread
 /// hands out must share nothing with what another hands out.
 ///
-/// The number of copies is bounded; threads beyond it take turns, which costs time and nothing
-/// else. A copy lives as long as this object.
+/// The number of copies is bounded, and a thread uses the one at its number modulo that bound. So
+/// two threads can use one copy at the same time, where there are many threads or many have ended:
+/// that costs time and nothing else. Numbers are not given back when a thread ends, as that takes
+/// an object of the thread, and glibc ends the process if it gets no memory to register one. A copy
+/// lives as long as this object.
 template <typename T>
 class PerThread
 {

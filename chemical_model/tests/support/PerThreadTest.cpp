@@ -70,7 +70,7 @@ TEST(PerThread, MakesOneCopyForEachThread)
     }
 }
 
-TEST(PerThread, ThreadsBeyondTheCopiesTakeTurns)
+TEST(PerThread, ThreadsBeyondTheCopiesShareThem)
 {
     constexpr int manyMoreThreads = 80;
     const chem::PerThread<QString> copies;

@@ -1,4 +1,4 @@
-#include "steps/TransformationHistory.h"
+#include "structure/StructuredCopy.h"
 
 #include "structure/Totals.h"
 

@@ -2,12 +2,14 @@
 
 #include "FragmentType.h"
 
-#include <QtGlobal>
+#include <QString>
 
 namespace chem {
 
-/// How many ions break off at a residue, at most.
+/// How many sites a residue has, at most. At each of them one ion breaks off.
 constexpr qsizetype sitesPerResidue = 10;
+
+// The stable numbers of the types put those of the left end first, then those of the right end.
 
 /// Whether an ion of this type holds the left end of its chain.
 constexpr bool isLeftIon(FragmentType type)
@@ -20,5 +22,8 @@ constexpr bool isRightIon(FragmentType type)
 {
     return type >= FragmentType::W && type <= FragmentType::Zdot;
 }
+
+/// The label of an ion type, such as "b" or "z."; "unknown" for types without one.
+QString fragmentLabel(FragmentType type);
 
 } // namespace chem
