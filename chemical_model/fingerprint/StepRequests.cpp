@@ -14,21 +14,11 @@ constexpr int stepCount = 8;
 constexpr qsizetype mostLinks = 32; // pieces that overlap multiply the links
 constexpr int modifyCount = 600;
 
-ChainFragmentDef anyPiece(Choices* choices)
-{
-    const MoleculeEntity start = anyGroup(choices);
-    const auto [chain, first] = anyPosition(choices);
-    const int end = first + choices->from(-1, 6);
-    const MoleculeEntity last = anyGroup(choices);
-    return {start, {u"piece"_s, chain, first, end}, last};
-}
-
 QList<ChainFragmentDef> anyPieces(Choices* choices)
 {
-    QList<ChainFragmentDef> pieces;
-    for (int count = choices->from(0, 3); count > 0; --count)
-        pieces.append(anyPiece(choices));
-    return pieces;
+    AnyParts parts(choices);
+    return anyStructure::listOf(choices->from(0, 3),
+                                [&parts] { return anyStructure::piece(&parts); });
 }
 
 /// A modification that the molecule has, if there is one, so that it can be taken off.

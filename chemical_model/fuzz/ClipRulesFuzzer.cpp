@@ -1,16 +1,19 @@
+#include "AnyClips.h"
 #include "ByteReader.h"
-#include <ChemicalModel.h>
+#include "RequireSame.h"
+#include "SumOfParts.h"
 
 #include <algorithm>
 #include <array>
 
 /// \file
 /// A byte string is a molecule of one or two chains and options to clip it. Ranges by depth are
-/// compared with the trims that leave a residue, ranges by plain letters with a search through the
-/// text, and any other rule with what holds for all cuts. Expressions are put together from units:
+/// compared with the trims that leave a residue, ranges by rules that have a matcher with what that
+/// finds, and any other rule with what holds for all cuts. Expressions are put together from units:
 /// the engine is no code of ours, and a nested repetition can keep it busy for as long as it likes.
 
 using namespace chem;
+using clipRanges::Range;
 
 namespace {
 
@@ -55,18 +58,8 @@ Chain anyChain(ByteReader* bytes)
                  ParentChainLocus());
 }
 
-struct Range
+QList<Range> checkedRanges(const MoleculeEntity& molecule, const ClipOptions& options)
 {
-    int chain;
-    int start;
-    int end;
-
-    bool operator==(const Range&) const = default;
-};
-
-QList<Range> clipRanges(const MoleculeEntity& molecule, const ClipOptions& options)
-{
-    QList<Range> ranges;
     const QList<Chain> parents = molecule.chains();
     const QList<MoleculeEntity> clips = generateClips(molecule, nullptr, options);
     for (const MoleculeEntity& clip : clips) {
@@ -77,42 +70,24 @@ QList<Range> clipRanges(const MoleculeEntity& molecule, const ClipOptions& optio
         require(chains.first().residues() ==
                     parents[locus.chain].residues().mid(locus.start, count),
                 "a clip has the residues of its range");
-        double averageMass = 0.0;
-        for (const MoleculeEntity& residue : chains.first().residues())
-            averageMass += residue.averageMass();
-        require(clip.averageMass() == averageMass, "a clip weighs what its residues do");
+        require(hasTotalsOfItsParts(clip), "a clip has the mass of its residues");
         require(clip.transformations().size() == 1, "a clip has one step");
-        ranges.append({locus.chain, locus.start, locus.end});
     }
-    return ranges;
+    return clipRanges::rangesOf(clips);
 }
 
 void clipByDepth(ByteReader* bytes, const MoleculeEntity& molecule)
 {
-    std::array<int, 4> depths = {};
-    std::ranges::generate(depths, [bytes] { return bytes->aroundRange(24); });
-    const auto [startSingle, endSingle, startDouble, endDouble] = depths;
-
-    QList<Range> expected;
+    clipRanges::Depths depths = {};
+    for (int* depth :
+         {&depths.startSingle, &depths.endSingle, &depths.startDouble, &depths.endDouble})
+        *depth = bytes->aroundRange(24);
+    QList<int> residueCounts;
     const QList<Chain> chains = molecule.chains();
-    for (int chain = 0; chain < chains.size(); ++chain) {
-        const int residues = static_cast<int>(chains[chain].residues().size()) - 2;
-        expected.append({chain, 1, residues + 1});
-        for (int off = 1; off < residues && off <= startSingle; ++off)
-            expected.append({chain, off + 1, residues + 1});
-        for (int off = 1; off < residues && off <= endSingle; ++off)
-            expected.append({chain, 1, residues + 1 - off});
-    }
-    for (int chain = 0; chain < chains.size(); ++chain) {
-        const int residues = static_cast<int>(chains[chain].residues().size()) - 2;
-        for (int left = 1; left < residues && left <= startDouble; ++left) {
-            for (int right = 1; left + right < residues && right <= endDouble; ++right)
-                expected.append({chain, left + 1, residues + 1 - right});
-        }
-    }
-    const auto options =
-        ClipOptions::createClipByDepth(startSingle, endSingle, startDouble, endDouble);
-    require(clipRanges(molecule, options) == expected, "trims leave a residue");
+    for (const Chain& chain : chains)
+        residueCounts.append(static_cast<int>(chain.residues().size()) - 2);
+    requireSame(checkedRanges(molecule, depths.options()), clipRanges::trims(residueCounts, depths),
+                "trims leave a residue");
 }
 
 /// The codes between the ends; `readable` tells whether each is one unit of valid text.
@@ -131,31 +106,20 @@ QString letters(const Chain& chain, bool* readable)
     return text;
 }
 
-/// The cuts of a rule of plain letters, found by searching the text.
-QList<Range> plainCuts(const QString& text, const QString& before, const QString& after, int chain,
-                       int last)
+/// The cuts of a rule of plain letters.
+QList<Range> plainCuts(const QString& text, const QString& before, const QString& after, int chain)
 {
-    QList<Range> ranges;
-    const QString& searched = before.isEmpty() ? after : before;
-    if (searched.isEmpty())
-        return ranges;
-    for (qsizetype at = text.indexOf(searched); at >= 0;
-         at = text.indexOf(searched, at + searched.size())) {
-        const int cut = static_cast<int>(before.isEmpty() ? at : at + before.size());
-        if (!before.isEmpty() && !text.mid(cut).startsWith(after))
-            continue;
-        if (cut != 0)
-            ranges.append({chain, 1, cut + 1});
-        if (cut != text.size())
-            ranges.append({chain, cut + 1, last});
-    }
-    return ranges;
+    if (!before.isEmpty())
+        return clipRanges::cuts({clipRanges::plainText(before), true, after}, text, chain);
+    if (!after.isEmpty())
+        return clipRanges::cuts({clipRanges::plainText(after), false, {}}, text, chain);
+    return {};
 }
 
 void checkRule(const MoleculeEntity& molecule, const Text& before, const Text& after)
 {
     const auto options = ClipOptions::createClipByResidue({before.text}, {after.text});
-    const QList<Range> ranges = clipRanges(molecule, options);
+    const QList<Range> ranges = checkedRanges(molecule, options);
     const QList<Chain> chains = molecule.chains();
     QList<Range> expected;
     bool allReadable = true;
@@ -166,16 +130,25 @@ void checkRule(const MoleculeEntity& molecule, const Text& before, const Text& a
         const QString text = letters(chains[chain], &readable);
         allReadable = allReadable && readable;
         expected.append({chain, 0, last});
-        expected += plainCuts(text, before.text, after.text, chain, last);
+        expected += plainCuts(text, before.text, after.text, chain);
     }
     if (allReadable && before.isPlain && after.isPlain)
-        require(ranges == expected, "plain letters cut where they stand");
+        requireSame(ranges, expected, "plain letters cut where they stand");
     for (const Range& range : ranges) {
         const int last = static_cast<int>(chains[range.chain].residues().size()) - 1;
         const bool isFirst = range.start == 0 && range.end == last;
         require(isFirst || range.start == 1 || range.end == last, "a cut has two sides");
         require(range.end <= std::max(last, 1), "a cut lies in the chain");
     }
+}
+
+/// Rules whose cuts matchers find as well.
+void checkMatchers(ByteReader* bytes)
+{
+    const QStringList texts = anyClips::anyTexts(bytes);
+    const anyClips::Rules rules = anyClips::anyRules(bytes);
+    requireSame(checkedRanges(anyClips::moleculeOfTexts(texts), rules.options()),
+                anyClips::rangesByMatchers(rules, texts), "cuts lie where the matchers find them");
 }
 
 void noMessages(QtMsgType, const QMessageLogContext&, const QString& text)
@@ -205,5 +178,6 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
         const Text before = anyText(&bytes);
         checkRule(molecule, before, anyText(&bytes));
     }
+    checkMatchers(&bytes);
     return 0;
 }

@@ -1,7 +1,6 @@
-#include "Require.h"
+#include "ByteReader.h"
+#include "FragmentLists.h"
 #include "sequences/OligoScanner.h"
-#include <ChemicalFactory.h>
-#include <LinearFragments.h>
 
 #include <QRegularExpression>
 #include <QStringList>
@@ -36,37 +35,20 @@ const QStringList& alphabetPieces()
     return pieces;
 }
 
-/// Hands out the input byte by byte, and zeros behind its end.
-class Bytes
+QString readAlphabet(ByteReader* bytes)
 {
-public:
-    Bytes(const std::uint8_t* data, std::size_t size)
-        : m_next(data)
-        , m_end(data + size)
-    {
-    }
-
-    bool isEmpty() const { return m_next == m_end; }
-    qsizetype next() { return isEmpty() ? 0 : *m_next++; }
-
-private:
-    const std::uint8_t* m_next;
-    const std::uint8_t* m_end;
-};
-
-QString readAlphabet(Bytes* bytes)
-{
+    const int pieces = static_cast<int>(alphabetPieces().size());
     QString alphabet;
-    for (qsizetype count = bytes->next() % 4; count > 0; --count)
-        alphabet += alphabetPieces()[bytes->next() % alphabetPieces().size()];
+    for (int count = bytes->below(4); count > 0; --count)
+        alphabet += alphabetPieces()[bytes->below(pieces)];
     return alphabet;
 }
 
-QString readText(const QString& characters, Bytes* bytes)
+QString readText(const QString& characters, ByteReader* bytes)
 {
     QString text;
-    while (!bytes->isEmpty())
-        text += characters[bytes->next() % characters.size()];
+    while (!bytes->atEnd())
+        text += characters[bytes->below(static_cast<int>(characters.size()))];
     return text;
 }
 
@@ -89,7 +71,7 @@ void requireSameUnits(const OligoScanner& scanner, const OligoAlphabets& alphabe
 }
 
 /// The scanner must tell what the expressions tell, for any alphabets.
-void compareWithExpressions(Bytes bytes)
+void compareWithExpressions(ByteReader bytes)
 {
     OligoAlphabets alphabets;
     for (QString* alphabet : {&alphabets.fivePrimeMarks, &alphabets.riboses, &alphabets.nucleobases,
@@ -118,7 +100,7 @@ void compareWithExpressions(Bytes bytes)
 }
 
 /// All entries must agree about one text of the usual letters.
-void readUsualText(Bytes bytes)
+void readUsualText(ByteReader bytes)
 {
     const auto factory = chem::defaultChemicalFactory();
     const QString text = readText(u"ACGQTUACGTrdmef+-.*0123456789[]{}\n X"_s, &bytes);
@@ -136,9 +118,7 @@ void readUsualText(Bytes bytes)
     if (!complex)
         return;
     const qsizetype size = complex->residues.size() - 2;
-    QList<chem::SimpleFragment> fragments;
-    chem::generateLinearFragments(*complex, fragments);
-    require(fragments.size() == 8 * size + std::max<qsizetype>(0, size - 2),
+    require(flatFragments(*complex).size() == 8 * size + std::max<qsizetype>(0, size - 2),
             "eight ions for each nucleotide and a-B inside");
 }
 
@@ -146,7 +126,7 @@ void readUsualText(Bytes bytes)
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
 {
-    const Bytes bytes(data, size);
+    const ByteReader bytes(data, size);
     compareWithExpressions(bytes);
     readUsualText(bytes);
     return 0;

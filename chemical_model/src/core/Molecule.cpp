@@ -44,10 +44,11 @@ Molecule Molecule::operator-(const Molecule& other) const
     return difference;
 }
 
-NamedMolecule::NamedMolecule(const Molecule& molecule, const QString& name_, const QString& code_)
+NamedMolecule::NamedMolecule(const Molecule& molecule, const QString& readableName,
+                             const QString& label)
     : Molecule(molecule)
-    , code(code_)
-    , name(name_)
+    , code(label)
+    , name(readableName)
 {
 }
 

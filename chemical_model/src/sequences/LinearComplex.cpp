@@ -7,55 +7,56 @@ AminoAcid::AminoAcid(const NamedMolecule& residue)
 {
 }
 
-Nucleotide::Nucleotide(const NamedMolecule& nucleobase_, const NamedMolecule& ribose_,
-                       const NamedMolecule& phosphate_, const QString& name_, const QString& code_)
-    : NamedMolecule(nucleobase_, name_, code_)
-    , nucleobase(nucleobase_)
-    , ribose(ribose_)
-    , phosphate(phosphate_)
+Nucleotide::Nucleotide(const NamedMolecule& base, const NamedMolecule& sugar,
+                       const NamedMolecule& linkage, const QString& readableName,
+                       const QString& label)
+    : NamedMolecule(base, readableName, label)
+    , nucleobase(base)
+    , ribose(sugar)
+    , phosphate(linkage)
 {
     *this += ribose + phosphate;
 }
 
-ComplexResidue::ComplexResidue(const NamedMolecule& residue, int position_)
+ComplexResidue::ComplexResidue(const NamedMolecule& residue, int place)
     : NamedMolecule(residue)
-    , position(position_)
+    , position(place)
 {
 }
 
-ComplexResidue::ComplexResidue(const Molecule& molecule, const QString& name_, const QString& code_,
-                               int position_)
-    : NamedMolecule(molecule, name_, code_)
-    , position(position_)
+ComplexResidue::ComplexResidue(const Molecule& molecule, const QString& readableName,
+                               const QString& label, int place)
+    : NamedMolecule(molecule, readableName, label)
+    , position(place)
 {
 }
 
-FragmentationSite::FragmentationSite(FragmentType type_, const Molecule& gained,
-                                     const Molecule& lost_)
-    : delta(gained - lost_)
-    , type(type_)
-    , lost(lost_)
+FragmentationSite::FragmentationSite(FragmentType ionType, const Molecule& gained,
+                                     const Molecule& loss)
+    : delta(gained - loss)
+    , type(ionType)
+    , lost(loss)
 {
 }
 
 MoleculeComplex::MoleculeComplex(const Molecule& total,
-                                 const QList<QSharedPointer<ComplexResidue>>& residues_,
-                                 const QList<QList<QSharedPointer<FragmentationSite>>>& sites_)
+                                 const QList<QSharedPointer<ComplexResidue>>& allResidues,
+                                 const QList<QList<QSharedPointer<FragmentationSite>>>& allSites)
     : NamedMolecule(total, QString(), QString())
-    , residues(residues_)
-    , sites(sites_)
+    , residues(allResidues)
+    , sites(allSites)
 {
 }
 
-Fragment::Fragment(const Molecule& molecule, const QString& typeLabel_,
-                   const QList<QWeakPointer<ComplexResidue>>& residues_,
-                   const QList<QWeakPointer<FragmentationSite>>& sites_,
-                   const MoleculeComplex* parentComplex_)
+Fragment::Fragment(const Molecule& molecule, const QString& ionLabel,
+                   const QList<QWeakPointer<ComplexResidue>>& ionResidues,
+                   const QList<QWeakPointer<FragmentationSite>>& ionSites,
+                   const MoleculeComplex* parent)
     : Molecule(molecule)
-    , typeLabel(typeLabel_)
-    , residues(residues_)
-    , sites(sites_)
-    , parentComplex(parentComplex_)
+    , typeLabel(ionLabel)
+    , residues(ionResidues)
+    , sites(ionSites)
+    , parentComplex(parent)
 {
 }
 

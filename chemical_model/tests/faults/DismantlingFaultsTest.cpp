@@ -1,5 +1,5 @@
 #include "ChildProcess.h"
-#include <ChemicalModel.h>
+#include "DeepNests.h"
 
 #include <gtest/gtest.h>
 
@@ -21,15 +21,6 @@ MoleculeEntity wideNest(int width, int depth)
     for (int i = 0; i < width; ++i)
         molecule.modifications.append(Modification(wideNest(width, depth - 1), {}));
     return molecule;
-}
-
-/// Modifications inside one another.
-MoleculeEntity deepNest(int depth)
-{
-    MoleculeEntity nest = 1.0;
-    for (int level = 0; level < depth; ++level)
-        nest = Modification(nest, {});
-    return nest;
 }
 
 /// Releases a value while there is no memory at all.
@@ -56,22 +47,12 @@ TEST(DismantlingFaults, WideNestsAreReleasedWithoutMemory)
     expectRelease([] { return wideNest(30, 3); });
 }
 
-TEST(DismantlingFaults, DeepNestsAreReleasedWithoutMemoryOnANormalStack)
+TEST(DismantlingFaults, DeepNestsOfEachKindAreReleasedWithoutMemoryOnANormalStack)
 {
-    expectRelease([] { return deepNest(200000); });
-}
-
-TEST(DismantlingFaults, DeepHistoriesAreReleasedWithoutMemoryOnANormalStack)
-{
-    expectRelease([] {
-        MoleculeEntity molecule = 1.0;
-        for (int level = 0; level < 200000; ++level) {
-            chem::StructuredMolecule next;
-            next.transformations.append(chem::TransformationEntity(chem::Modify(0), molecule));
-            molecule = std::move(next);
-        }
-        return molecule;
-    });
+    for (const deepNests::Nesting& nesting : deepNests::nestings) {
+        SCOPED_TRACE(nesting.name);
+        expectRelease([&nesting] { return deepNests::nestedIn(nesting); });
+    }
 }
 
 } // namespace

@@ -29,17 +29,17 @@ Ending endingOf(Attempt* attempt, std::size_t n, Shortage shortage)
     return hasRunOut() ? Ending::DidWithout : Ending::NeededNoMore;
 }
 
-/// The walk through the allocations of one call, as the child process does it.
-class Walk
+/// The allocations of one call refused one after another, as the child process does it.
+class Trial
 {
 public:
-    Walk(Afterwards afterwards, const MakeAttempt& make, Shortage shortage, Report* report)
+    Trial(Afterwards afterwards, const MakeAttempt& make, Shortage shortage, Report* report)
         : m_afterwards(afterwards)
         , m_make(make)
         , m_shortage(shortage)
         , m_report(report)
-        , m_before(make()->description())
-        , m_success(successfulDescription())
+        , m_before(make()->observed())
+        , m_success(fieldsOfSuccess())
     {
         warmUp();
     }
@@ -58,17 +58,18 @@ public:
             if (complaint.empty() && !isDone)
                 ++m_report->point;
         }
-        if (complaint.empty() && successfulDescription() != m_success)
-            complaint = "a later call gives another result";
+        if (complaint.empty() && fieldsOfSuccess() != m_success)
+            complaint = "a later call gives another result\n" +
+                        fields::differences(fieldsOfSuccess(), m_success);
         return complaint;
     }
 
 private:
-    std::string successfulDescription() const
+    fields::Fields fieldsOfSuccess() const
     {
         const std::unique_ptr<Attempt> attempt = m_make();
         attempt->call();
-        return attempt->description();
+        return attempt->observed();
     }
 
     /// Lets everything be made that is made once in a process.
@@ -77,7 +78,7 @@ private:
         Usage before;
         do {
             before = usage();
-            successfulDescription();
+            fieldsOfSuccess();
         } while (usage().blocks != before.blocks);
     }
 
@@ -88,7 +89,7 @@ private:
         const Ending ending = endingOf(attempt.get(), m_report->point, m_shortage);
         if (ending == Ending::NeededNoMore)
             return true;
-        const std::string left = attempt->description();
+        const fields::Fields left = attempt->observed();
         if (ending == Ending::DidWithout)
             checkResult(left, complaint);
         else
@@ -96,14 +97,16 @@ private:
         return false;
     }
 
-    void checkRest(const std::string& left, std::string* complaint)
+    void checkRest(const fields::Fields& left, std::string* complaint)
     {
         ++m_report->thrown;
         if (m_afterwards == Afterwards::OldOrNew && left != m_before && left != m_success)
-            *complaint = "neither old nor new: " + left;
+            *complaint = "neither old nor new, unlike the old one in\n" +
+                         fields::differences(left, m_before) + "and the new one in\n" +
+                         fields::differences(left, m_success);
     }
 
-    void checkResult(const std::string& result, std::string* complaint)
+    void checkResult(const fields::Fields& result, std::string* complaint)
     {
         if (result == m_success)
             ++m_report->didWithout;
@@ -111,7 +114,7 @@ private:
             ++m_report->misled;
         else
             *complaint = "another result without an exception, refused in\n" +
-                         textOf(refusedCalls()) + result + "\ninstead of\n" + m_success;
+                         textOf(refusedCalls()) + fields::differences(result, m_success);
     }
 
     void checkLeak(std::size_t blocks, std::string* complaint)
@@ -128,8 +131,8 @@ private:
     const MakeAttempt& m_make;
     Shortage m_shortage;
     Report* m_report;
-    std::string m_before;
-    std::string m_success;
+    fields::Fields m_before;
+    fields::Fields m_success;
 };
 
 void printCounts(const Report& report, const std::map<std::string, int>& crashes)
@@ -145,14 +148,14 @@ void printCounts(const Report& report, const std::map<std::string, int>& crashes
     std::cout << '\n';
 }
 
-void walk(Afterwards afterwards, const MakeAttempt& make, Shortage shortage)
+void refuseEach(Afterwards afterwards, const MakeAttempt& make, Shortage shortage)
 {
     const SharedReport report;
     std::map<std::string, int> crashes;
     report->point = 1;
     while (true) {
         const ChildEnding ending = runInChild(
-            report.get(), [&] { return Walk(afterwards, make, shortage, report.get()).run(); });
+            report.get(), [&] { return Trial(afterwards, make, shortage, report.get()).run(); });
         if (ending == ChildEnding::Good)
             break;
         const std::string way = ending == ChildEnding::Crashed ? knownWayOut(*report) : "";
@@ -170,7 +173,7 @@ void walk(Afterwards afterwards, const MakeAttempt& make, Shortage shortage)
 void failAtEveryAllocation(Afterwards afterwards, const MakeAttempt& make)
 {
     for (const Shortage shortage : {Shortage::Once, Shortage::Lasting})
-        ASSERT_NO_FATAL_FAILURE(walk(afterwards, make, shortage));
+        ASSERT_NO_FATAL_FAILURE(refuseEach(afterwards, make, shortage));
 }
 
 } // namespace faults

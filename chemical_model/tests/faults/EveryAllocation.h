@@ -1,10 +1,9 @@
 #pragma once
 
-#include "Describe.h"
+#include "FaultFields.h"
 
 #include <functional>
 #include <memory>
-#include <string>
 #include <utility>
 
 namespace faults {
@@ -26,7 +25,7 @@ public:
 
     virtual void call() = 0;
     /// All that can be observed of inputs and outputs.
-    virtual std::string description() const = 0;
+    virtual fields::Fields observed() const = 0;
 };
 
 /// How to make an attempt anew.
@@ -42,7 +41,7 @@ using MakeAttempt = std::function<std::unique_ptr<Attempt>()>;
 /// are known, and fail the test where they are not.
 void failAtEveryAllocation(Afterwards afterwards, const MakeAttempt& make);
 
-/// An attempt at `call` with a value that `make` gives and describe() can read.
+/// An attempt at `call` with a value that `make` gives and that addField() can read.
 template <typename Make, typename Call>
 class ValueAttempt final : public Attempt
 {
@@ -54,7 +53,7 @@ public:
     }
 
     void call() override { m_call(m_value); }
-    std::string description() const override { return describe(m_value); }
+    fields::Fields observed() const override { return fields::fieldsOf(m_value); }
 
 private:
     std::invoke_result_t<Make> m_value;

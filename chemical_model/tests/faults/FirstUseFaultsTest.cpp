@@ -1,5 +1,5 @@
 #include "ChildProcess.h"
-#include "Describe.h"
+#include "FaultFields.h"
 #include "WaysOut.h"
 
 #include <gtest/gtest.h>
@@ -10,11 +10,14 @@ namespace {
 
 using namespace Qt::StringLiterals;
 using namespace faults;
+using fields::differences;
+using fields::Fields;
+using fields::fieldsOf;
 
 // What is made once in a process may fail to be made. Then a later use must make it. Each test
 // needs a process in which nothing has been used yet, so these come first in the program.
 
-using Use = std::function<std::string()>;
+using Use = std::function<Fields()>;
 
 /// One use without memory from the n-th allocation on and one with memory, in a fresh process.
 std::string useTwice(std::size_t n, const Use& use, Report* report)
@@ -28,18 +31,17 @@ std::string useTwice(std::size_t n, const Use& use, Report* report)
         }
     }
     report->didWithout = hasRunOut() ? 0 : 1;
-    const std::string first = use();
-    return first == use() ? "" : "two uses differ";
+    const Fields first = use();
+    return differences(first, use());
 }
 
-void expectSecondUseToWork(const Use& use, const std::string& expected)
+void expectSecondUseToWork(const Use& use, const Fields& expected)
 {
     const SharedReport report;
     for (report->point = 1; report->didWithout == 0; ++report->point) {
         const ChildEnding ending = runInChild(report.get(), [&] {
             const std::string complaint = useTwice(report->point, use, report.get());
-            return complaint.empty() && use() != expected ? "a later use gives " + use()
-                                                          : complaint;
+            return complaint + differences(use(), expected);
         });
         const bool isKnown = ending == ChildEnding::Crashed && !knownWayOut(*report).empty();
         ASSERT_TRUE(ending == ChildEnding::Good || isKnown)
@@ -51,7 +53,7 @@ void expectSecondUseToWork(const Use& use, const std::string& expected)
 
 /// Fails at every allocation in turn until the use succeeds, in one process: what failed is made
 /// anew each time.
-std::string useUntilMade(const Use& use, const std::string& expected, Report* report)
+std::string useUntilMade(const Use& use, const Fields& expected, Report* report)
 {
     for (bool isMade = false; !isMade; ++report->point) {
         const OutOfMemory outOfMemory(report->point, Shortage::Lasting);
@@ -62,16 +64,16 @@ std::string useUntilMade(const Use& use, const std::string& expected, Report* re
             ++report->thrown;
         }
     }
-    return use() == expected ? "" : "another result: " + use();
+    return differences(use(), expected);
 }
 
 TEST(FirstUseFaults, DefaultFactoryIsMadeByALaterCall)
 {
     const Use use = [] {
-        return describe(chem::defaultChemicalFactory()->constructMolecule(u"C6"_s));
+        return fieldsOf(chem::defaultChemicalFactory()->constructMolecule(u"C6"_s));
     };
-    const std::string expected =
-        describe(chem::ChemicalFactory::construct(QString())->constructMolecule(u"C6"_s));
+    const Fields expected =
+        fieldsOf(chem::ChemicalFactory::construct(QString())->constructMolecule(u"C6"_s));
     const SharedReport report;
     report->point = 1;
     ChildEnding ending;
@@ -88,8 +90,8 @@ TEST(FirstUseFaults, DefaultFactoryIsMadeByALaterCall)
 TEST(FirstUseFaults, LabelsOfIonsAreMadeByALaterCall)
 {
     expectSecondUseToWork(
-        [] { return describe(chem::ChemicalFactory::typeToString(chem::FragmentType::Zdot)); },
-        describe(u"z."_s));
+        [] { return fieldsOf(chem::ChemicalFactory::typeToString(chem::FragmentType::Zdot)); },
+        fieldsOf(u"z."_s));
 }
 
 } // namespace

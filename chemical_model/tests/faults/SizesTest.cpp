@@ -1,5 +1,5 @@
 #include "ChildProcess.h"
-#include <ChemicalModel.h>
+#include "DeepNests.h"
 
 #include <gtest/gtest.h>
 
@@ -14,10 +14,8 @@ using namespace Qt::StringLiterals;
 using namespace faults;
 
 using chem::Chain;
-using chem::Link;
 using chem::Modification;
 using chem::MoleculeEntity;
-using chem::StructuredMolecule;
 
 // The address sanitizer keeps what is freed for a while and a frame for each allocation, and code
 // that is not optimised is twenty times slower: both check a tenth of these sizes, so that the
@@ -92,47 +90,16 @@ void expectOnNormalStack(const std::function<void()>& work)
     EXPECT_EQ(ending, ChildEnding::Good) << complaintOf(*report);
 }
 
-/// A molecule whose parts nest in turn: a chain holds a molecule with a link, which holds one with
-/// a modification, which holds one with a history.
-MoleculeEntity mixedNest(int depth)
-{
-    MoleculeEntity inner = 1.0;
-    for (int level = 0; level < depth; ++level) {
-        StructuredMolecule outer;
-        if (level % 4 == 0)
-            outer.transformations = {chem::TransformationEntity(chem::Modify(0), inner)};
-        else if (level % 4 == 1)
-            outer.modifications = {Modification(Modification(inner, {}), {})};
-        else if (level % 4 == 2)
-            outer.links = {Link(inner, {})};
-        else
-            outer.chains = {Chain({}, {}, {inner}, chem::MoleculeType::Unknown, {})};
-        inner = std::move(outer);
-    }
-    return inner;
-}
-
 TEST(Sizes, NestsOfAllKindsInTurnAreReleasedOnANormalStack)
 {
-    expectOnNormalStack([] { expectLinear("mixed nest, depth", 200'000, mixedNest); });
-}
-
-/// A molecule after `depth` steps, each with a history of its own step alone.
-MoleculeEntity deepHistory(int depth)
-{
-    MoleculeEntity molecule = 1.0;
-    for (int level = 0; level < depth; ++level) {
-        StructuredMolecule next;
-        next.transformations = {
-            chem::TransformationEntity(chem::Modify(Modification(0, {{0, 1}})), molecule)};
-        molecule = std::move(next);
-    }
-    return molecule;
+    expectOnNormalStack(
+        [] { expectLinear("mixed nest, depth", deepNests::greatDepth, deepNests::mixedNest); });
 }
 
 TEST(Sizes, HistoriesOfOneEntryALevelAreReleasedOnANormalStack)
 {
-    expectOnNormalStack([] { expectLinear("history, depth", 200'000, deepHistory); });
+    expectOnNormalStack(
+        [] { expectLinear("history, depth", deepNests::greatDepth, deepNests::deepHistory); });
 }
 
 QString peptideText(int residues)

@@ -2,8 +2,7 @@
 
 #include <ChemicalModel.h>
 
-#include <bit>
-#include <cstdint>
+#include <string>
 
 /// \file
 /// Small molecules for the tests of the steps and clips. Their masses are multiples of powers of
@@ -28,6 +27,17 @@ inline chem::NamedMolecule namedGroup(const QString& name, const QString& code,
                                       const QString& formulaText, double averageMass)
 {
     return {group(formulaText, averageMass), name, code};
+}
+
+inline chem::Molecule methylene()
+{
+    return group(QStringLiteral("CH2"), 14.0);
+}
+
+inline chem::NamedMolecule phosphorylation()
+{
+    return namedGroup(QStringLiteral("phosphorylation"), QStringLiteral("p"),
+                      QStringLiteral("HPO3"), 80.0);
 }
 
 inline chem::AminoAcid aminoAcid(const QString& code, const QString& formulaText,
@@ -85,62 +95,23 @@ inline chem::MoleculeEntity proteinOf(const QString& letters)
     return moleculeOf({letterChain(letters)});
 }
 
-inline QString bits(double value)
+/// A protein with a modification of no place, one of two and a link.
+inline chem::MoleculeEntity proteinWithParts()
 {
-    return QString::number(std::bit_cast<std::uint64_t>(value), 16);
+    return moleculeOf({letterChain(QStringLiteral("ASKC"))},
+                      {chem::Modification(3.0, {}), chem::Modification(5.0, {{0, 1}, {0, 2}})},
+                      {chem::Link(2.0, {{0, 1}, {0, 3}})});
 }
 
-inline QString describe(const chem::ChemicalFormula& formula)
+/// A molecule whose stored totals are not those of its parts: 1000 and 999 daltons, C9.
+inline chem::StructuredMolecule withOddTotals(const QList<chem::Chain>& chains)
 {
-    QString text;
-    const QMap<QString, double>& counts = formula.elementCountMap();
-    for (auto count = counts.cbegin(); count != counts.cend(); ++count)
-        text += count.key() + u'=' + bits(count.value()) + u' ';
-    return text;
-}
-
-inline QString describe(const Position& position)
-{
-    return u'(' + QString::number(position.first) + u',' + QString::number(position.second) + u')';
-}
-
-inline QString describe(const chem::ParentChainLocus& locus)
-{
-    return locus.label + u':' + QString::number(locus.chain) + u':' + QString::number(locus.start) +
-           u':' + QString::number(locus.end);
-}
-
-/// All that can be asked of a molecule, as text, doubles by their bits. Of the history it takes the
-/// kinds of the steps: the molecules before them are described by their own.
-inline QString describe(const chem::MoleculeEntity& molecule)
-{
-    QString text = molecule.name() + u'|' + molecule.code() + u'|' + molecule.description() + u'|' +
-                   QString::number(static_cast<int>(molecule.type())) + u'|' +
-                   bits(molecule.averageMass()) + u'|' + bits(molecule.monoMass()) + u'|' +
-                   describe(molecule.formula()) + u'|' + molecule.sequence();
-    const QList<chem::Chain> chains = molecule.chains();
-    for (const chem::Chain& chain : chains) {
-        text += u"\n<" + chain.name() + u'|' + chain.code() + u'|' +
-                QString::number(static_cast<int>(chain.type())) + u'|' +
-                describe(chain.parentLocus()) + u">\n";
-        for (const chem::MoleculeEntity& residue : chain.residues())
-            text += u'{' + describe(residue) + u'}';
-    }
-    const QList<chem::Link> links = molecule.links();
-    for (const chem::Link& link : links) {
-        text += u"\nlink " + describe(link.connection().first) +
-                describe(link.connection().second) + describe(link.entity());
-    }
-    const QList<chem::Modification> modifications = molecule.modifications();
-    for (const chem::Modification& modification : modifications) {
-        text += u"\nmodification " + describe(modification.entity());
-        for (const Position& position : modification.possibleChainLocations())
-            text += describe(position);
-    }
-    const QList<chem::TransformationEntity> history = molecule.transformations();
-    for (const chem::TransformationEntity& entry : history)
-        text += u"\nstep " + QString::number(entry.type());
-    return text;
+    chem::StructuredMolecule molecule;
+    molecule.averageMass = 1000.0;
+    molecule.monoMass = 999.0;
+    molecule.formula = formula(QStringLiteral("C9"));
+    molecule.chains = chains;
+    return molecule;
 }
 
 /// The kinds of the steps in a molecule's history.
@@ -161,14 +132,24 @@ inline chem::MoleculeEntity stateBefore(const chem::MoleculeEntity& molecule, qs
 }
 
 /// The message that applying the step throws; empty if it throws none.
-inline QString thrownMessage(const chem::Transformation& step, const chem::MoleculeEntity& molecule)
+inline std::string thrownMessage(const chem::Transformation& step,
+                                 const chem::MoleculeEntity& molecule)
 {
     try {
         step.transform(molecule);
     } catch (const char* message) {
-        return QString::fromLatin1(message);
+        return message;
     }
-    return QString();
+    return {};
+}
+
+/// The molecule after these steps, made by its history from its start.
+inline chem::MoleculeEntity replayed(const QList<chem::TransformationEntity>& history,
+                                     chem::MoleculeEntity molecule)
+{
+    for (const chem::TransformationEntity& entry : history)
+        molecule = entry.transform(molecule);
+    return molecule;
 }
 
 inline chem::MoleculeEntity residueAt(const chem::MoleculeEntity& molecule, int chain, int residue)

@@ -1,8 +1,13 @@
+#include "AnySteps.h"
+#include "Differences.h"
 #include "RandomProteins.h"
+#include "RapidCheckChoices.h"
 #include "SmallMolecules.h"
+#include "StepMessages.h"
 #include "TestPrinters.h"
 
 #include <gtest/gtest.h>
+#include <rapidcheck/gtest.h>
 
 #include <limits>
 #include <type_traits>
@@ -12,6 +17,8 @@ using namespace smallMolecules;
 using chem::Modification;
 using chem::Modify;
 using chem::Unmodify;
+using fields::differences;
+using fields::fieldsOf;
 
 namespace {
 
@@ -26,24 +33,12 @@ static_assert(!std::is_constructible_v<Unmodify, chem::MoleculeEntity>);
 constexpr int lowest = std::numeric_limits<int>::min();
 constexpr int highest = std::numeric_limits<int>::max();
 
-const QString noChain = u"Attemt to put modification on non-existing chain"_s;
-const QString noResidue = u"Attemt to put modification on non-existing residue"_s;
-const QString noChainToTakeFrom = u"Attemt to remove modification from non-existing chain"_s;
-const QString noResidueToTakeFrom = u"Attemt to remove modification from non-existing residue"_s;
-const QString notFound = u"Could not remove specified modification"_s;
-
-chem::NamedMolecule phospho()
-{
-    return namedGroup(u"phosphorylation"_s, u"p"_s, u"HPO3"_s, 80.0);
-}
-
 Modification phosphoAt(const QList<Position>& places)
 {
-    return {phospho(), places};
+    return {phosphorylation(), places};
 }
 
 const QList<Position> twoPlaces = {{0, 1}, {0, 2}};
-const QList<Position> twoPlacesTurned = {{0, 2}, {0, 1}};
 
 TEST(Modify, AtOnePlaceGoesOntoTheResidueAlone)
 {
@@ -82,7 +77,7 @@ TEST(Modify, AtOnePlaceMakesTheResidueAStructuredMoleculeWithAHistory)
     EXPECT_EQ(residue.name(), u"residue S"_s);
     EXPECT_EQ(residue.code(), u"S"_s);
     EXPECT_EQ(historyTypes(residue), QList<int>({0}));
-    EXPECT_EQ(describe(stateBefore(residue, 0)), describe(aminoAcid(u'S')));
+    EXPECT_EQ(differences(stateBefore(residue, 0), chem::MoleculeEntity(aminoAcid(u'S'))), "");
     EXPECT_EQ(result.sequence(), u"AS[]K"_s);
 }
 
@@ -93,8 +88,7 @@ TEST(Modify, AtOnePlaceLeavesTheOtherResiduesAndChainsAlone)
     const chem::MoleculeEntity result = Modify(phosphoAt({{1, 1}})).transform(molecule);
     EXPECT_EQ(result.chains()[0], molecule.chains()[0]);
     for (int residue : {0, 2, 3})
-        EXPECT_EQ(describe(residueAt(result, 1, residue)),
-                  describe(residueAt(molecule, 1, residue)));
+        EXPECT_EQ(differences(residueAt(result, 1, residue), residueAt(molecule, 1, residue)), "");
     EXPECT_EQ(result.chains()[1].name(), u"second"_s);
     EXPECT_EQ(result.chains()[1].code(), u"c"_s);
     EXPECT_EQ(result.chains()[1].type(), chem::MoleculeType::Peptide);
@@ -113,15 +107,15 @@ TEST(Modify, AtOnePlaceTakesTheParentLocusOfItsChainAway)
         chem::ChainFragmenter({{0, {u"a"_s, 0, 1, 3}, 0}, {0, {u"b"_s, 0, 2, 4}, 0}})
             .transform(proteinOf(u"ASK"_s));
     const QList<chem::Chain> chains = Modify(phosphoAt({{0, 1}})).transform(pieces).chains();
-    EXPECT_EQ(describe(chains[0].parentLocus()), u":0:0:0"_s);
-    EXPECT_EQ(describe(chains[1].parentLocus()), u"b:0:2:4"_s);
+    EXPECT_EQ(differences(chains[0].parentLocus(), chem::ParentChainLocus()), "");
+    EXPECT_EQ(differences(chains[1].parentLocus(), chem::ParentChainLocus{u"b"_s, 0, 2, 4}), "");
 }
 
 TEST(Modify, WithoutAPlaceGoesIntoTheMoleculesOwnList)
 {
     const chem::MoleculeEntity molecule =
         moleculeOf({letterChain(u"ASK"_s)}, {Modification(3.0, {})});
-    const chem::MoleculeEntity result = Modify(phospho()).transform(molecule);
+    const chem::MoleculeEntity result = Modify(phosphorylation()).transform(molecule);
     EXPECT_EQ(result.modifications(), QList({Modification(3.0, {}), phosphoAt({})}));
     EXPECT_EQ(result.chains(), molecule.chains());
     EXPECT_EQ(result.averageMass(), molecule.averageMass() + 80.0);
@@ -133,8 +127,7 @@ TEST(Modify, AtOpenPlacesKeepsTheCandidatesAndTouchesNoResidue)
     const chem::MoleculeEntity molecule = proteinOf(u"ASK"_s);
     const chem::MoleculeEntity result = Modify(phosphoAt(twoPlaces)).transform(molecule);
     EXPECT_EQ(result.modifications(), QList({phosphoAt(twoPlaces)}));
-    EXPECT_EQ(describe(residueAt(result, 0, 1)), describe(residueAt(molecule, 0, 1)));
-    EXPECT_EQ(describe(residueAt(result, 0, 2)), describe(residueAt(molecule, 0, 2)));
+    EXPECT_EQ(differences(result.chains(), molecule.chains()), "");
     EXPECT_EQ(result.averageMass(), molecule.averageMass() + 80.0);
 }
 
@@ -145,28 +138,12 @@ TEST(Modify, AtOpenPlacesTestsNoBounds)
     EXPECT_EQ(result.modifications(), QList({modification}));
 }
 
-TEST(Modify, OfAnAminoAcidKeepsItsTypeAndTexts)
-{
-    const chem::MoleculeEntity result = Modify(phosphoAt({})).transform(aminoAcid(u'S'));
-    EXPECT_EQ(result.type(), chem::MoleculeType::AminoAcid);
-    EXPECT_EQ(result.name(), u"residue S"_s);
-    EXPECT_EQ(result.code(), u"S"_s);
-    EXPECT_EQ(result.modifications(), QList({phosphoAt({})}));
-    EXPECT_EQ(historyTypes(result), QList<int>({0}));
-    EXPECT_TRUE(result.chains().isEmpty());
-}
-
 TEST(Modify, AddsToTheTotalsAndDoesNotSumAgain)
 {
-    // Stored totals that do not belong to the parts: a new sum would lose them.
-    chem::StructuredMolecule odd;
-    odd.averageMass = 1000.0;
-    odd.monoMass = 999.0;
-    odd.formula = formula(u"C9"_s);
-    odd.chains = {letterChain(u"ASK"_s)};
     for (const Modification& modification : {phosphoAt({{0, 1}}), phosphoAt({})}) {
-        const chem::MoleculeEntity result = Modify(modification).transform(odd);
-        EXPECT_EQ(result.averageMass(), 1080.0);
+        const chem::MoleculeEntity result =
+            Modify(modification).transform(withOddTotals({letterChain(u"ASK"_s)}));
+        EXPECT_EQ(result.averageMass(), 1080.0); // a new sum would lose the stored totals
         EXPECT_EQ(result.monoMass(), 1039.0);
         EXPECT_EQ(result.formula().toString(), u"C9H1O3P"_s);
     }
@@ -194,22 +171,15 @@ TEST(Modify, StacksOnOneResidue)
     EXPECT_EQ(historyTypes(residue), QList<int>({0, 0}));
 }
 
-TEST(Modify, LeavesItsInputAlone)
-{
-    const chem::MoleculeEntity molecule = proteinOf(u"ASK"_s);
-    const QString before = describe(molecule);
-    const chem::MoleculeEntity result = Modify(phosphoAt({{0, 2}})).transform(molecule);
-    EXPECT_EQ(describe(molecule), before);
-    EXPECT_EQ(describe(stateBefore(result, 0)), before);
-}
-
 /// A place and what the two steps say to it, on a molecule of three chains of five residues each.
 struct PlaceCase
 {
     Position place;
-    QString modifyMessage;
-    QString unmodifyMessage;
+    const char* modifyMessage;
+    const char* unmodifyMessage;
 };
+
+using namespace stepMessages;
 
 const QList<PlaceCase> refusedPlaces = {
     {{4, 0}, noChain, noChainToTakeFrom},
@@ -228,34 +198,26 @@ chem::MoleculeEntity threeChains()
     return moleculeOf({letterChain(u"ASK"_s), letterChain(u"GGG"_s), letterChain(u"PPP"_s)});
 }
 
-TEST(Modify, NamesThePlaceThatCannotExist)
+TEST(Modify, AndUnmodifyNameThePlaceThatCannotExist)
 {
     const chem::MoleculeEntity molecule = threeChains();
-    const QString before = describe(molecule);
+    const fields::Fields before = fieldsOf(molecule);
     for (const PlaceCase& each : refusedPlaces) {
-        SCOPED_TRACE(describe(each.place).toStdString());
-        EXPECT_EQ(thrownMessage(Modify(phosphoAt({each.place})), molecule), each.modifyMessage);
-        EXPECT_EQ(describe(molecule), before);
+        const Modification modification = phosphoAt({each.place});
+        SCOPED_TRACE(testing::PrintToString(each.place));
+        EXPECT_EQ(thrownMessage(Modify(modification), molecule), each.modifyMessage);
+        EXPECT_EQ(thrownMessage(Unmodify(modification), molecule), each.unmodifyMessage);
     }
+    EXPECT_EQ(differences(molecule, before), "");
 }
 
-TEST(Unmodify, NamesThePlaceThatCannotExist)
+TEST(Modify, AndUnmodifyNameThePlaceOnAMoleculeWithoutChains)
 {
-    const chem::MoleculeEntity molecule = threeChains();
-    const QString before = describe(molecule);
-    for (const PlaceCase& each : refusedPlaces) {
-        SCOPED_TRACE(describe(each.place).toStdString());
-        EXPECT_EQ(thrownMessage(Unmodify(phosphoAt({each.place})), molecule), each.unmodifyMessage);
-        EXPECT_EQ(describe(molecule), before);
+    for (const chem::MoleculeEntity& molecule :
+         {moleculeOf({}), chem::MoleculeEntity(5.0), chem::MoleculeEntity(aminoAcid(u'K'))}) {
+        EXPECT_EQ(thrownMessage(Modify(phosphoAt({{1, 0}})), molecule), noChain);
+        EXPECT_EQ(thrownMessage(Unmodify(phosphoAt({{1, 0}})), molecule), noChainToTakeFrom);
     }
-}
-
-TEST(Modify, NamesThePlaceOnAMoleculeWithoutChains)
-{
-    EXPECT_EQ(thrownMessage(Modify(phosphoAt({{1, 0}})), moleculeOf({})), noChain);
-    EXPECT_EQ(thrownMessage(Modify(phosphoAt({{1, 0}})), 5.0), noChain);
-    EXPECT_EQ(thrownMessage(Unmodify(phosphoAt({{1, 0}})), moleculeOf({})), noChainToTakeFrom);
-    EXPECT_EQ(thrownMessage(Unmodify(phosphoAt({{1, 0}})), aminoAcid(u'K')), noChainToTakeFrom);
 }
 
 /// Places that the bounds test lets through although there is nothing.
@@ -267,7 +229,7 @@ TEST(Modify, AtAMissingPlaceStaysWithTheMolecule)
 {
     const chem::MoleculeEntity molecule = threeChains();
     for (const Position& place : missingPlaces) {
-        SCOPED_TRACE(describe(place).toStdString());
+        SCOPED_TRACE(testing::PrintToString(place));
         const chem::MoleculeEntity result = Modify(phosphoAt({place})).transform(molecule);
         EXPECT_EQ(result.modifications(), QList({phosphoAt({place})}));
         EXPECT_EQ(result.chains(), molecule.chains());
@@ -281,7 +243,7 @@ TEST(Unmodify, AtAMissingPlaceLooksInTheMoleculesOwnList)
 {
     const chem::MoleculeEntity molecule = threeChains();
     for (const Position& place : missingPlaces) {
-        SCOPED_TRACE(describe(place).toStdString());
+        SCOPED_TRACE(testing::PrintToString(place));
         const chem::MoleculeEntity modified = Modify(phosphoAt({place})).transform(molecule);
         const chem::MoleculeEntity result = Unmodify(phosphoAt({place})).transform(modified);
         EXPECT_TRUE(result.modifications().isEmpty());
@@ -299,8 +261,9 @@ TEST(ModifyMolecule, AtAMissingPlaceStaysWithTheMolecule)
     for (const PlaceCase& refusedByTheSteps : refusedPlaces)
         places.append(refusedByTheSteps.place);
     for (const Position& place : std::as_const(places)) {
-        SCOPED_TRACE(describe(place).toStdString());
-        const chem::MoleculeEntity result = chem::modifyMolecule(molecule, phospho(), place);
+        SCOPED_TRACE(testing::PrintToString(place));
+        const chem::MoleculeEntity result =
+            chem::modifyMolecule(molecule, phosphorylation(), place);
         EXPECT_EQ(result.modifications(), QList({phosphoAt({place})}));
         EXPECT_EQ(result.chains(), molecule.chains());
         EXPECT_EQ(result.averageMass(), molecule.averageMass() + 80.0);
@@ -354,10 +317,7 @@ TEST(Unmodify, SubtractsAndDoesNotRestore)
 
 TEST(Unmodify, SubtractsFromTotalsThatDoNotBelongToTheParts)
 {
-    chem::StructuredMolecule odd;
-    odd.averageMass = 1000.0;
-    odd.monoMass = 999.0;
-    odd.formula = formula(u"C9"_s);
+    chem::StructuredMolecule odd = withOddTotals({});
     odd.modifications = {phosphoAt({})};
     const chem::MoleculeEntity result = Unmodify(phosphoAt({})).transform(odd);
     EXPECT_EQ(result.averageMass(), 920.0);
@@ -379,52 +339,39 @@ TEST(Unmodify, TakesTheFirstOfTwoEqualEntries)
     EXPECT_EQ(result.averageMass(), molecule.averageMass() - 80.0);
 }
 
-TEST(Unmodify, FailsOnCandidatesInAnotherOrder)
+/// What a molecule has and what is looked for in vain.
+struct MissCase
 {
-    const chem::MoleculeEntity modified =
-        Modify(phosphoAt(twoPlaces)).transform(proteinOf(u"ASK"_s));
-    const QString before = describe(modified);
-    EXPECT_EQ(thrownMessage(Unmodify(phosphoAt(twoPlacesTurned)), modified), notFound);
-    EXPECT_EQ(describe(modified), before);
-    EXPECT_EQ(thrownMessage(Unmodify(phosphoAt(twoPlaces)), modified), QString());
-}
+    const char* why;
+    chem::MoleculeEntity molecule;
+    Modification missing;
+};
 
-TEST(Unmodify, FailsOnAResidueThatWasNeverModified)
+TEST(Unmodify, FailsOnWhatIsNotThere)
 {
-    const chem::MoleculeEntity molecule = proteinOf(u"ASK"_s);
-    const QString before = describe(molecule);
-    EXPECT_EQ(thrownMessage(Unmodify(phosphoAt({{0, 2}})), molecule), notFound);
-    EXPECT_EQ(describe(molecule), before);
-}
-
-TEST(Unmodify, FailsOnAnotherGroup)
-{
-    const chem::MoleculeEntity modified = Modify(phospho()).transform(proteinOf(u"ASK"_s));
-    EXPECT_EQ(thrownMessage(Unmodify(Modification(79.0, {})), modified), notFound);
-    EXPECT_EQ(thrownMessage(Unmodify(phosphoAt(twoPlaces)), modified), notFound);
-    EXPECT_EQ(thrownMessage(Unmodify(phosphoAt({})), 5.0), notFound);
-}
-
-TEST(Unmodify, WithoutAPlaceDoesNotReachAResidue)
-{
-    const chem::MoleculeEntity modified =
-        Modify(phosphoAt({{0, 2}})).transform(proteinOf(u"ASK"_s));
-    EXPECT_EQ(thrownMessage(Unmodify(phosphoAt({})), modified), notFound);
-}
-
-TEST(Unmodify, AtOnePlaceDoesNotReachTheMoleculesOwnList)
-{
-    // A builder takes such an entry as it stands; the step looks on the residue.
-    const chem::MoleculeEntity molecule =
-        moleculeOf({letterChain(u"ASK"_s)}, {phosphoAt({{0, 2}})});
-    EXPECT_EQ(thrownMessage(Unmodify(phosphoAt({{0, 2}})), molecule), notFound);
+    const auto with = [](const Modification& modification) {
+        return Modify(modification).transform(proteinOf(u"ASK"_s));
+    };
+    const QList<MissCase> cases = {
+        {"candidates in another order", with(phosphoAt({{0, 1}, {0, 2}})),
+         phosphoAt({{0, 2}, {0, 1}})},
+        {"a residue that was never modified", proteinOf(u"ASK"_s), phosphoAt({{0, 2}})},
+        {"another group", with(phosphoAt({})), Modification(79.0, {})},
+        {"other places", with(phosphoAt({})), phosphoAt(twoPlaces)},
+        {"a mass without modifications", 5.0, phosphoAt({})},
+        {"without a place none on a residue", with(phosphoAt({{0, 2}})), phosphoAt({})},
+        // A builder takes such an entry as it stands; the step looks on the residue.
+        {"at one place none of the molecule's own",
+         moleculeOf({letterChain(u"ASK"_s)}, {phosphoAt({{0, 2}})}), phosphoAt({{0, 2}})}};
+    for (const MissCase& each : cases)
+        EXPECT_EQ(thrownMessage(Unmodify(each.missing), each.molecule), notFound) << each.why;
 }
 
 TEST(Unmodify, ComparesGroupsByTheirChemistry)
 {
-    const chem::MoleculeEntity modified = Modify(phospho()).transform(proteinOf(u"ASK"_s));
+    const chem::MoleculeEntity modified = Modify(phosphorylation()).transform(proteinOf(u"ASK"_s));
     const chem::Molecule unnamed = group(u"O3HP"_s, 80.0);
-    EXPECT_EQ(thrownMessage(Unmodify(Modification(unnamed, {})), modified), QString());
+    EXPECT_EQ(thrownMessage(Unmodify(Modification(unnamed, {})), modified), "");
 }
 
 TEST(Unmodify, AtOnePlaceTakesTheParentLocusOfItsChainAway)
@@ -433,62 +380,26 @@ TEST(Unmodify, AtOnePlaceTakesTheParentLocusOfItsChainAway)
         Modify(phosphoAt({{0, 2}})).transform(proteinOf(u"ASK"_s));
     const chem::MoleculeEntity piece =
         chem::ChainFragmenter({{0, {u"a"_s, 0, 1, 4}, 0}}).transform(modified);
-    ASSERT_EQ(describe(piece.chains().first().parentLocus()), u"a:0:1:4"_s);
     const chem::Chain chain = Unmodify(phosphoAt({{0, 1}})).transform(piece).chains().first();
-    EXPECT_EQ(describe(chain.parentLocus()), u":0:0:0"_s);
+    EXPECT_EQ(differences(chain.parentLocus(), chem::ParentChainLocus()), "");
     EXPECT_EQ(chain.name(), u"chain"_s);
     EXPECT_EQ(chain.code(), u"c"_s);
     EXPECT_EQ(chain.type(), chem::MoleculeType::Peptide);
 }
 
-TEST(Unmodify, LeavesItsInputAlone)
+TEST(ModifyMolecule, GivesWhatModifyGivesWithoutAHistory)
 {
-    const chem::MoleculeEntity modified =
-        Modify(phosphoAt({{0, 2}})).transform(proteinOf(u"ASK"_s));
-    const QString before = describe(modified);
-    const chem::MoleculeEntity result = Unmodify(phosphoAt({{0, 2}})).transform(modified);
-    EXPECT_EQ(describe(modified), before);
-    EXPECT_EQ(describe(stateBefore(result, 1)), before);
-}
-
-TEST(ModifyMolecule, PutsTheGroupOnTheResidue)
-{
-    const chem::MoleculeEntity molecule = proteinOf(u"ASK"_s);
-    const chem::MoleculeEntity result = chem::modifyMolecule(molecule, phospho(), {0, 2});
-    const chem::MoleculeEntity residue = residueAt(result, 0, 2);
-    EXPECT_EQ(residue.modifications(), QList({phosphoAt({})}));
-    EXPECT_EQ(historyTypes(residue), QList<int>({0}));
-    EXPECT_TRUE(result.modifications().isEmpty());
-    EXPECT_EQ(result.averageMass(), molecule.averageMass() + 80.0);
-}
-
-TEST(ModifyMolecule, KeepsTextsTypeLinksAndModificationsAndDropsTheHistory)
-{
-    const chem::MoleculeEntity start =
-        moleculeOf({letterChain(u"ASK"_s, u"left"_s)}, {Modification(3.0, twoPlaces)},
-                   {chem::Link(2.0, {{0, 1}, {0, 3}})});
-    const chem::MoleculeEntity molecule = Modify(5.0).transform(start);
-    const chem::MoleculeEntity result = chem::modifyMolecule(molecule, phospho(), {0, 2});
-    EXPECT_EQ(result.name(), u"molecule"_s);
-    EXPECT_EQ(result.code(), u"M"_s);
-    EXPECT_EQ(result.type(), chem::MoleculeType::Protein);
-    EXPECT_EQ(result.description(), QString());
-    EXPECT_EQ(result.links(), molecule.links());
-    EXPECT_EQ(result.modifications(), molecule.modifications());
-    EXPECT_TRUE(result.transformations().isEmpty());
-    EXPECT_EQ(result.chains().first().name(), u"left"_s);
-    EXPECT_EQ(result.chains().first().code(), u"c"_s);
-    EXPECT_EQ(result.chains().first().type(), chem::MoleculeType::Peptide);
+    const chem::MoleculeEntity molecule = Modify(5.0).transform(proteinWithParts());
+    const chem::MoleculeEntity stepped = Modify(phosphoAt({{0, 2}})).transform(molecule);
+    const chem::MoleculeEntity expected =
+        moleculeOf(stepped.chains(), stepped.modifications(), stepped.links());
+    EXPECT_EQ(differences(chem::modifyMolecule(molecule, phosphorylation(), {0, 2}), expected), "");
 }
 
 TEST(ModifyMolecule, SumsAgain)
 {
-    chem::StructuredMolecule odd; // stored totals that do not belong to the parts
-    odd.averageMass = 1000.0;
-    odd.monoMass = 999.0;
-    odd.formula = formula(u"C9"_s);
-    odd.chains = {letterChain(u"S"_s)};
-    const chem::MoleculeEntity result = chem::modifyMolecule(odd, phospho(), {0, 1});
+    const chem::MoleculeEntity result =
+        chem::modifyMolecule(withOddTotals({letterChain(u"S"_s)}), phosphorylation(), {0, 1});
     EXPECT_EQ(result.averageMass(), 1.0 + aminoAcid(u'S').averageMass() + 80.0 + 17.0);
     EXPECT_EQ(result.formula().toString(), u"C2H6NO5P"_s);
 }
@@ -497,31 +408,66 @@ TEST(ModifyMolecule, TakesTheParentLocusOfItsChainAway)
 {
     const chem::MoleculeEntity piece =
         chem::ChainFragmenter({{0, {u"a"_s, 0, 1, 4}, 0}}).transform(proteinOf(u"ASK"_s));
-    const chem::Chain chain = chem::modifyMolecule(piece, phospho(), {0, 1}).chains().first();
-    EXPECT_EQ(describe(chain.parentLocus()), u":0:0:0"_s);
+    const chem::Chain chain =
+        chem::modifyMolecule(piece, phosphorylation(), {0, 1}).chains().first();
+    EXPECT_EQ(differences(chain.parentLocus(), chem::ParentChainLocus()), "");
 }
 
-TEST(Modify, CopiesAndMovesApplyTheSameModification)
+// Laws.
+
+RapidCheckChoices choices;
+
+Position anyPlace()
 {
-    const chem::MoleculeEntity molecule = proteinOf(u"ASK"_s);
-    Modify put(phosphoAt({{0, 2}}));
-    Unmodify take(phosphoAt({{0, 2}}));
-    const chem::MoleculeEntity modified = put.transform(molecule);
-    const chem::MoleculeEntity restored = take.transform(modified);
+    return anySteps::SmallParts(&choices).position();
+}
 
-    const Modify putCopy(put);
-    Modify putAssigned(0);
-    putAssigned = put;
-    const Modify putMoved(std::move(put));
-    for (const Modify* step : {&putCopy, &std::as_const(putAssigned), &putMoved})
-        EXPECT_EQ(describe(step->transform(molecule)), describe(modified));
+/// Whether the bounds test of the steps refuses this place.
+bool isRefused(const chem::MoleculeEntity& molecule, const Position& place)
+{
+    const QList<chem::Chain> chains = molecule.chains();
+    if (place.first > chains.size())
+        return true;
+    const bool chainExists = place.first >= 0 && place.first < chains.size();
+    return chainExists && place.second > chains[place.first].residues().size();
+}
 
-    const Unmodify takeCopy(take);
-    Unmodify takeAssigned{Modification()};
-    takeAssigned = take;
-    const Unmodify takeMoved(std::move(take));
-    for (const Unmodify* step : {&takeCopy, &std::as_const(takeAssigned), &takeMoved})
-        EXPECT_EQ(describe(step->transform(modified)), describe(restored));
+RC_GTEST_PROP(ModifyLaws, ModifyThrowsOnlyForOneRefusedPlace, ())
+{
+    const chem::MoleculeEntity molecule = anySteps::anyMolecule(&choices);
+    const Modification modification = anySteps::anyModification(&choices);
+    const QList<Position> places = modification.possibleChainLocations();
+    const bool refused = places.size() == 1 && isRefused(molecule, places.first());
+    RC_ASSERT(thrownMessage(Modify(modification), molecule).empty() == !refused);
+}
+
+RC_GTEST_PROP(ModifyLaws, UnmodifyTakesBackWhatModifyAdded, ())
+{
+    const chem::MoleculeEntity molecule = anySteps::anyMolecule(&choices);
+    const Modification modification = anySteps::anyModification(&choices);
+    RC_PRE(thrownMessage(Modify(modification), molecule).empty());
+
+    const chem::MoleculeEntity restored =
+        Unmodify(modification).transform(Modify(modification).transform(molecule));
+    RC_ASSERT(restored == molecule);
+    RC_ASSERT(restored.averageMass() == molecule.averageMass());
+    RC_ASSERT(differences(restored.modifications(), molecule.modifications()) == "");
+    RC_ASSERT(restored.sequence() == molecule.sequence());
+}
+
+RC_GTEST_PROP(ModifyLaws, ModifyMoleculeAgreesWithModifyOnTheMolecule, ())
+{
+    const chem::MoleculeEntity molecule = anySteps::anyMolecule(&choices);
+    const chem::MoleculeEntity added = anySteps::SmallParts(&choices).group();
+    const Position place = anyPlace();
+    RC_PRE(!isRefused(molecule, place));
+
+    const chem::MoleculeEntity rebuilt = chem::modifyMolecule(molecule, added, place);
+    const chem::MoleculeEntity stepped = Modify(Modification(added, {place})).transform(molecule);
+    RC_ASSERT(differences(rebuilt.chains(), stepped.chains()) == "");
+    RC_ASSERT(differences(rebuilt.modifications(), stepped.modifications()) == "");
+    RC_ASSERT(rebuilt == stepped);
+    RC_ASSERT(rebuilt.transformations().isEmpty());
 }
 
 RC_GTEST_PROP(ModifyLaws, PlaceOfAModificationDoesNotChangeTheWeight, ())

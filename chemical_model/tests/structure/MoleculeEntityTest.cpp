@@ -9,7 +9,6 @@
 #include <limits>
 #include <type_traits>
 #include <utility>
-#include <vector>
 
 using namespace Qt::StringLiterals;
 
@@ -49,55 +48,50 @@ StructuredMolecule structured()
     return molecule;
 }
 
+/// What an entity answers; what stands in no row is empty.
+struct Answers
+{
+    MoleculeEntity entity;
+    double averageMass = 0.0;
+    double monoMass = 0.0;
+    MoleculeType type = MoleculeType::Unknown;
+    QString formula = {};
+    QString sequence = {};
+    QString name = {};
+    QString code = {};
+    qsizetype parts = 0; ///< Chains, and as many modifications, links and entries of the history.
+};
+
 TEST(MoleculeEntity, AnswersEachQuestionForEachType)
 {
-    struct Row
-    {
-        const char* type;
-        MoleculeEntity entity;
-        double averageMass;
-        double monoMass;
-        MoleculeType moleculeType;
-        QString formula;
-        QString sequence;
-        QString name;
-        QString code;
-        QString description;
-        qsizetype chains;
-        qsizetype modifications;
-        qsizetype links;
-        qsizetype transformations;
-    };
     const NamedMolecule named(oxygen(), u"Oxygen"_s, u"O"_s);
-    const QString none;
-    const auto unknown = MoleculeType::Unknown;
-    const std::vector<Row> rows = {
-        {"nullptr", nullptr, 0, 0, unknown, none, none, none, none, none, 0, 0, 0, 0},
-        {"int", 7, 7, 7, unknown, none, none, none, none, none, 0, 0, 0, 0},
-        {"double", -2.5, -2.5, -2.5, unknown, none, none, none, none, none, 0, 0, 0, 0},
-        {"Modification", Modification(named, {{0, 1}}), 0, 0, unknown, none, none, none, none, none,
-         0, 0, 0, 0},
-        {"Molecule", oxygen(), 16.5, 16.25, unknown, u"O"_s, none, none, none, none, 0, 0, 0, 0},
-        {"NamedMolecule", named, 16.5, 16.25, unknown, u"O"_s, none, u"Oxygen"_s, u"O"_s, none, 0,
-         0, 0, 0},
-        {"AminoAcid", AminoAcid(named), 16.5, 16.25, MoleculeType::AminoAcid, u"O"_s, none,
-         u"Oxygen"_s, u"O"_s, none, 0, 0, 0, 0},
-        {"StructuredMolecule", structured(), 24.5, 24.25, MoleculeType::Protein, u"C2"_s,
-         u"R[*1][*1][]"_s, u"name"_s, u"code"_s, none, 1, 1, 1, 1}};
-    for (const Row& row : rows) {
-        SCOPED_TRACE(row.type);
-        EXPECT_EQ(row.entity.averageMass(), row.averageMass);
-        EXPECT_EQ(row.entity.monoMass(), row.monoMass);
-        EXPECT_EQ(row.entity.type(), row.moleculeType);
-        EXPECT_EQ(row.entity.formula().toString(), row.formula);
-        EXPECT_EQ(row.entity.sequence(), row.sequence);
-        EXPECT_EQ(row.entity.name(), row.name);
-        EXPECT_EQ(row.entity.code(), row.code);
-        EXPECT_EQ(row.entity.description(), row.description);
-        EXPECT_EQ(row.entity.chains().size(), row.chains);
-        EXPECT_EQ(row.entity.modifications().size(), row.modifications);
-        EXPECT_EQ(row.entity.links().size(), row.links);
-        EXPECT_EQ(row.entity.transformations().size(), row.transformations);
+    const QList<Answers> rows = {
+        {nullptr},
+        {0},
+        {0.0},
+        {7, 7, 7},
+        {-2.5, -2.5, -2.5},
+        {Modification(named, {{0, 1}})},
+        {oxygen(), 16.5, 16.25, MoleculeType::Unknown, u"O"_s},
+        {named, 16.5, 16.25, MoleculeType::Unknown, u"O"_s, {}, u"Oxygen"_s, u"O"_s},
+        {AminoAcid(named), 16.5, 16.25, MoleculeType::AminoAcid, u"O"_s, {}, u"Oxygen"_s, u"O"_s},
+        {structured(), 24.5, 24.25, MoleculeType::Protein, u"C2"_s, u"R[*1][*1][]"_s, u"name"_s,
+         u"code"_s, 1}};
+    for (qsizetype row = 0; row < rows.size(); ++row) {
+        SCOPED_TRACE(row);
+        const Answers& expected = rows[row];
+        EXPECT_EQ(expected.entity.averageMass(), expected.averageMass);
+        EXPECT_EQ(expected.entity.monoMass(), expected.monoMass);
+        EXPECT_EQ(expected.entity.type(), expected.type);
+        EXPECT_EQ(expected.entity.formula().toString(), expected.formula);
+        EXPECT_EQ(expected.entity.sequence(), expected.sequence);
+        EXPECT_EQ(expected.entity.name(), expected.name);
+        EXPECT_EQ(expected.entity.code(), expected.code);
+        EXPECT_EQ(expected.entity.description(), QString());
+        EXPECT_EQ(expected.entity.chains().size(), expected.parts);
+        EXPECT_EQ(expected.entity.modifications().size(), expected.parts);
+        EXPECT_EQ(expected.entity.links().size(), expected.parts);
+        EXPECT_EQ(expected.entity.transformations().size(), expected.parts);
     }
 }
 
@@ -115,34 +109,13 @@ TEST(MoleculeEntity, TakesItsEightTypesAndNoOther)
     static_assert(!isHeld<QString> && !isHeld<const char*> && !isHeld<Chain> && !isHeld<Link>);
     static_assert(!isHeld<ChemicalFormula> && !isHeld<chem::Nucleotide> && !isHeld<chem::Fragment>);
     static_assert(!std::is_default_constructible_v<MoleculeEntity>);
-}
-
-TEST(MoleculeEntity, CopiesShareAndMovesLeaveNothingBehind)
-{
-    MoleculeEntity original = oxygen();
-    const MoleculeEntity copy = original;
-    EXPECT_EQ(copy.averageMass(), 16.5);
-    MoleculeEntity moved = std::move(original);
-    EXPECT_EQ(moved.averageMass(), 16.5);
-    original = 3; // a moved-from entity can be assigned to
-    EXPECT_EQ(original.averageMass(), 3.0);
-    original = std::move(moved);
-    EXPECT_EQ(original.averageMass(), 16.5);
     static_assert(std::is_nothrow_move_constructible_v<MoleculeEntity>);
     static_assert(std::is_nothrow_move_assignable_v<MoleculeEntity>);
 }
 
-TEST(MoleculeEntity, BlankEntitiesAreEqual)
-{
-    EXPECT_TRUE(MoleculeEntity(0) == MoleculeEntity(nullptr));
-    EXPECT_TRUE(MoleculeEntity(0.0) == MoleculeEntity(nullptr));
-    EXPECT_TRUE(MoleculeEntity(-0.0) == MoleculeEntity(0));
-    EXPECT_TRUE(MoleculeEntity(5.0) == MoleculeEntity(5));
-}
-
 // Rebuilding.
 
-TEST(MoleculeEntity, MassOfZeroIsWorkedOutFromTheFormula)
+TEST(MoleculeEntity, MassOfZeroIsComputedFromTheFormula)
 {
     const auto water = chem::defaultChemicalFactory()->constructMolecule(u"H2O"_s);
     for (const double absent : {0.0, -0.0}) {
@@ -216,114 +189,74 @@ TEST(MoleculeEntity, FormulaOfZerosCountsAsAFormula)
 
 // Comparing.
 
-TEST(MoleculeEntity, ComparesChemistryAlone)
+/// Two entities and whether they are equal.
+struct Comparison
 {
-    EXPECT_TRUE(MoleculeEntity(oxygen()) ==
-                MoleculeEntity(AminoAcid(NamedMolecule(oxygen(), u"x"_s, u"y"_s))));
-    EXPECT_FALSE(MoleculeEntity(16.5) == MoleculeEntity(oxygen()));
-    EXPECT_FALSE(MoleculeEntity(Molecule(oxygen().formula(), 16.5, 16.0)) ==
-                 MoleculeEntity(oxygen()));
-    EXPECT_FALSE(MoleculeEntity(Molecule(oxygen().formula(), 16.0, 16.25)) ==
-                 MoleculeEntity(oxygen()));
-    EXPECT_FALSE(MoleculeEntity(Molecule(formulaWith({{u"N"_s, 1}}), 16.5, 16.25)) ==
-                 MoleculeEntity(oxygen()));
-}
+    const char* what;
+    MoleculeEntity one;
+    MoleculeEntity other;
+    bool isEqual;
+};
 
-TEST(MoleculeEntity, FormulasAreComparedAsTheyPrint)
+QList<Comparison> comparisons()
 {
-    const Molecule withZero(formulaWith({{u"C"_s, 0}, {u"O"_s, 1}}), 16.5, 16.25);
-    const Molecule rounded(formulaWith({{u"O"_s, 1 + 1e-13}}), 16.5, 16.25);
-    EXPECT_TRUE(MoleculeEntity(withZero) == MoleculeEntity(oxygen()));
-    EXPECT_TRUE(MoleculeEntity(rounded) == MoleculeEntity(oxygen()));
-}
-
-TEST(MoleculeEntity, MassesAreComparedToTwelveDigits)
-{
-    EXPECT_TRUE(MoleculeEntity(1000.0) == MoleculeEntity(1000.0000000005));
-    EXPECT_FALSE(MoleculeEntity(1000.0) == MoleculeEntity(1000.000000002));
-    EXPECT_TRUE(MoleculeEntity(0.5) == MoleculeEntity(0.5000000000005));
-    EXPECT_FALSE(MoleculeEntity(std::nan("")) == MoleculeEntity(std::nan("")));
+    const Molecule water = chem::defaultChemicalFactory()->constructMolecule(u"H2O"_s);
+    const Molecule withoutMasses(water.formula(), 0.0, 0.0);
+    const Molecule dipeptide = chem::defaultChemicalFactory()->constructMolecule(u"C5H10N2O3"_s);
+    const auto carbon = [](double count) {
+        return Molecule(formulaWith({{u"C"_s, count}}), 1.0, 1.0);
+    };
     const MoleculeEntity nan = std::nan("");
-    EXPECT_FALSE(nan == nan);
+    return {
+        {"blank ones", 0, nullptr, true},
+        {"a blank mass", 0.0, nullptr, true},
+        {"a blank mass below zero", -0.0, 0, true},
+        {"whole numbers of both types", 5.0, 5, true},
+        {"names do not matter", oxygen(), AminoAcid(NamedMolecule(oxygen(), u"x"_s, u"y"_s)), true},
+        {"formulas matter", 16.5, oxygen(), false},
+        {"monoisotopic masses", Molecule(oxygen().formula(), 16.5, 16.0), oxygen(), false},
+        {"average masses", Molecule(oxygen().formula(), 16.0, 16.25), oxygen(), false},
+        {"other elements", Molecule(formulaWith({{u"N"_s, 1}}), 16.5, 16.25), oxygen(), false},
+        {"entries of zero do not print",
+         Molecule(formulaWith({{u"C"_s, 0}, {u"O"_s, 1}}), 16.5, 16.25), oxygen(), true},
+        {"formulas as they print", carbon(1 + 1e-13), carbon(1), true},
+        {"six digits are printed", carbon(1234567), carbon(1234568), true}, // C1.23457e+06
+        {"masses to twelve digits", 1000.0, 1000.0000000005, true},
+        {"and no further", 1000.0, 1000.000000002, false},
+        {"small masses too", 0.5, 0.5000000000005, true},
+        {"a difference at the bound", 0, 1e-12, true},
+        {"and behind it", 0, 1.0000001e-12, false},
+        {"what is not a number", nan, nan, false},
+        {"rebuilt masses", withoutMasses, water, true},
+        {"rebuilt masses are not blank", withoutMasses, 0, false},
+        {"a rebuilt formula", ofCodes(MoleculeType::Peptide, {u"G"_s, u"A"_s}), dipeptide, true},
+    };
 }
 
-TEST(MoleculeEntity, MillionResiduesAreHeldAndReleased)
+TEST(MoleculeEntity, ComparesRebuiltMassesAndPrintedFormulasBothWays)
 {
-    const auto factory = chem::defaultChemicalFactory();
-    const QString text = u"ACDEFGHIKL"_s.repeated(100000);
-    const MoleculeEntity molecule = chem::constructStructuredMolecule(
-        u"long"_s, QString(),
-        {chem::constructPeptideChain(u"A"_s, QString(), text, factory.data())}, {}, {},
-        MoleculeType::Peptide);
-    const MoleculeEntity copy = molecule;
-    EXPECT_EQ(copy.sequence().size(), 1000000 + 5);
-}
-
-/// The molecule inside a new one, put there by `nest`.
-template <typename Nest>
-MoleculeEntity nested(int depth, Nest nest)
-{
-    MoleculeEntity inner = 1.0;
-    for (int level = 0; level < depth; ++level) {
-        StructuredMolecule outer;
-        nest(&outer, inner);
-        inner = std::move(outer);
+    for (const Comparison& each : comparisons()) {
+        EXPECT_EQ(each.one == each.other, each.isEqual) << each.what;
+        EXPECT_EQ(each.other == each.one, each.isEqual) << each.what;
     }
-    return inner;
 }
 
-constexpr int greatDepth = 200000;
-
-TEST(MoleculeEntity, DeepNestsAreReleasedOnANormalStack)
-{
-    nested(greatDepth, [](StructuredMolecule* outer, const MoleculeEntity& inner) {
-        outer->chains = {Chain(QString(), QString(), {inner}, MoleculeType::Unknown, {})};
-    });
-    nested(greatDepth, [](StructuredMolecule* outer, const MoleculeEntity& inner) {
-        outer->modifications = {Modification(inner, {})};
-    });
-    nested(greatDepth, [](StructuredMolecule* outer, const MoleculeEntity& inner) {
-        outer->links = {Link(inner, {})};
-    });
-    nested(greatDepth, [](StructuredMolecule* outer, const MoleculeEntity& inner) {
-        outer->transformations = {chem::TransformationEntity(chem::Modify(inner), 0)};
-    });
-    nested(greatDepth, [](StructuredMolecule* outer, const MoleculeEntity& inner) {
-        outer->transformations = {chem::TransformationEntity(chem::Modify(Modification()), inner)};
-    });
-    MoleculeEntity inner = 1.0;
-    for (int level = 0; level < greatDepth; ++level)
-        inner = Modification(inner, {});
-}
-
-TEST(MoleculeEntity, TakesOverWhatIsMovedIntoIt)
-{
-    QString name = u"a name"_s;
-    NamedMolecule named(oxygen(), name, QString());
-    const MoleculeEntity entity = std::move(named);
-    EXPECT_TRUE(named.name.isNull());
-    EXPECT_EQ(entity.name(), name);
-}
-
-TEST(MoleculeEntity, MovesAndAssignmentsReleaseWhatWasHeld)
+TEST(MoleculeEntity, TakesOverAndReleasesWhatIsMovedIntoIt)
 {
     QString name = u"a name"_s;
     name.detach();
-    MoleculeEntity first = NamedMolecule(oxygen(), name, QString());
-    EXPECT_FALSE(name.isDetached()); // the entity shares it
+    NamedMolecule named(oxygen(), name, QString());
+    MoleculeEntity first = std::move(named);
+    EXPECT_TRUE(named.name.isNull());
+    EXPECT_EQ(first.name(), name);
     MoleculeEntity second = std::move(first);
     second = 1; // had the source kept its share, the text would still be shared
     EXPECT_TRUE(name.isDetached());
 
-    first = NamedMolecule(oxygen(), name, QString());
+    first = NamedMolecule(oxygen(), name, QString()); // one that was moved from
+    EXPECT_FALSE(name.isDetached());
     second = std::move(first);
     second = 1;
-    EXPECT_TRUE(name.isDetached());
-    {
-        const MoleculeEntity last = NamedMolecule(oxygen(), name, QString());
-        const MoleculeEntity copy = last;
-        EXPECT_FALSE(name.isDetached());
-    }
     EXPECT_TRUE(name.isDetached());
 }
 
@@ -344,24 +277,6 @@ TEST(MoleculeEntity, CopiesShareOneValue)
     static_assert(sizeof(MoleculeEntity) == sizeof(std::shared_ptr<const void>));
 }
 
-TEST(MoleculeEntity, IsComparedByRebuiltMassesAndFormulas)
-{
-    const Molecule water = chem::defaultChemicalFactory()->constructMolecule(u"H2O"_s);
-    EXPECT_TRUE(MoleculeEntity(Molecule(water.formula(), 0.0, 0.0)) == MoleculeEntity(water));
-    EXPECT_TRUE(MoleculeEntity(water) == MoleculeEntity(Molecule(water.formula(), 0.0, 0.0)));
-    EXPECT_FALSE(MoleculeEntity(Molecule(water.formula(), 0.0, 0.0)) == MoleculeEntity(0));
-
-    const Molecule dipeptide = chem::defaultChemicalFactory()->constructMolecule(u"C5H10N2O3"_s);
-    const MoleculeEntity peptide = ofCodes(MoleculeType::Peptide, {u"G"_s, u"A"_s});
-    EXPECT_TRUE(peptide == MoleculeEntity(dipeptide));
-}
-
-TEST(MoleculeEntity, DifferenceAtTheBoundCountsAsEqual)
-{
-    EXPECT_TRUE(MoleculeEntity(0) == MoleculeEntity(1e-12));
-    EXPECT_FALSE(MoleculeEntity(0) == MoleculeEntity(1.0000001e-12));
-}
-
 TEST(MoleculeEntity, IsRebuiltByTheDefaultFactoryWhicheverMadeItsParts)
 {
     const auto other = chem::ChemicalFactory::construct(QString());
@@ -372,32 +287,6 @@ TEST(MoleculeEntity, IsRebuiltByTheDefaultFactoryWhicheverMadeItsParts)
     peptide.chains = {
         Chain(QString(), QString(), {chain.residues()[1]}, MoleculeType::Peptide, {})};
     EXPECT_EQ(MoleculeEntity(peptide).formula().toString(), u"C2H5NO2"_s);
-}
-
-TEST(MoleculeEntity, MissingTextsAreNull)
-{
-    for (const MoleculeEntity& entity :
-         {MoleculeEntity(nullptr), MoleculeEntity(0), MoleculeEntity(0.0),
-          MoleculeEntity(Modification()), MoleculeEntity(oxygen())}) {
-        EXPECT_TRUE(entity.name().isNull());
-        EXPECT_TRUE(entity.code().isNull());
-        EXPECT_TRUE(entity.description().isNull());
-        EXPECT_TRUE(entity.sequence().isNull());
-    }
-}
-
-TEST(MoleculeEntity, BlankNumbersAnswerLikeNothing)
-{
-    for (const MoleculeEntity& entity : {MoleculeEntity(0), MoleculeEntity(0.0)}) {
-        EXPECT_EQ(entity.averageMass(), 0.0);
-        EXPECT_EQ(entity.monoMass(), 0.0);
-        EXPECT_EQ(entity.type(), MoleculeType::Unknown);
-        EXPECT_TRUE(entity.formula().isEmpty());
-        EXPECT_TRUE(entity.chains().isEmpty());
-        EXPECT_TRUE(entity.modifications().isEmpty());
-        EXPECT_TRUE(entity.links().isEmpty());
-        EXPECT_TRUE(entity.transformations().isEmpty());
-    }
 }
 
 template <typename Result, typename Class>
@@ -418,20 +307,13 @@ TEST(MoleculeEntity, AnswersByValue)
     static_assert(answers<QString>(&MoleculeEntity::sequence));
 }
 
-TEST(MoleculeEntity, CountsThatPrintEquallyAreEqual)
-{
-    // Six digits are printed: both give C1.23457e+06.
-    EXPECT_TRUE(MoleculeEntity(Molecule(formulaWith({{u"C"_s, 1234567}}), 1.0, 1.0)) ==
-                MoleculeEntity(Molecule(formulaWith({{u"C"_s, 1234568}}), 1.0, 1.0)));
-}
-
 TEST(MoleculeEntity, SeveralChainsAreLaidOutAsOneText)
 {
     StructuredMolecule peptide = ofCodes(MoleculeType::Peptide, {u"G"_s});
     peptide.chains += ofCodes(MoleculeType::Peptide, {u"A"_s}).chains;
     peptide.modifications = {Modification(5.0, {})};
     EXPECT_EQ(MoleculeEntity(peptide).sequence(), u"G/A[]"_s);
-    // What is no residue weighs nothing, so there is one pair of ends.
+    // What is no residue has no mass, so there is one pair of ends.
     EXPECT_EQ(MoleculeEntity(peptide).formula().toString(), u"C5H10N2O3"_s);
 
     StructuredMolecule strand = ofCodes(MoleculeType::OligoNucleotide, {u"A"_s});

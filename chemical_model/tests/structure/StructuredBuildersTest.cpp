@@ -1,3 +1,5 @@
+#include "Differences.h"
+#include "SumOfParts.h"
 #include "TestFormulas.h"
 #include "TestPrinters.h"
 #include <ChemicalModel.h>
@@ -15,6 +17,7 @@ using chem::Modification;
 using chem::Molecule;
 using chem::MoleculeEntity;
 using chem::MoleculeType;
+using fields::differences;
 
 const chem::ChemicalFactory* factory()
 {
@@ -29,14 +32,6 @@ QStringList codesOf(const Chain& chain)
     return codes;
 }
 
-void expectDefaultLocus(const Chain& chain)
-{
-    EXPECT_TRUE(chain.parentLocus().label.isEmpty());
-    EXPECT_EQ(chain.parentLocus().chain, 0);
-    EXPECT_EQ(chain.parentLocus().start, 0);
-    EXPECT_EQ(chain.parentLocus().end, 0);
-}
-
 TEST(StructuredBuilders, PeptideChainHoldsTerminiAndAminoAcids)
 {
     const Chain chain = chem::constructPeptideChain(u"name"_s, u"code"_s, u"GxA"_s, factory());
@@ -49,7 +44,7 @@ TEST(StructuredBuilders, PeptideChainHoldsTerminiAndAminoAcids)
     EXPECT_EQ(chain.residues()[1].type(), MoleculeType::AminoAcid);
     EXPECT_EQ(chain.residues()[1].name(), u"Glycine"_s);
     EXPECT_EQ(chain.residues()[4].name(), u"CTerm"_s);
-    expectDefaultLocus(chain);
+    EXPECT_EQ(differences(chain.parentLocus(), chem::ParentChainLocus()), "");
 }
 
 TEST(StructuredBuilders, EmptyPeptideIsItsTermini)
@@ -69,7 +64,7 @@ TEST(StructuredBuilders, OligonucleotideChainHoldsThreePartsForEachNucleotide)
               0.0); // the last phosphate takes up a place all the same
     EXPECT_EQ(chain.residues()[0].name(), u"5'-OH"_s);
     EXPECT_EQ(chain.residues()[7].name(), u"3'-OH"_s);
-    expectDefaultLocus(chain);
+    EXPECT_EQ(differences(chain.parentLocus(), chem::ParentChainLocus()), "");
 }
 
 TEST(StructuredBuilders, RefusedOligonucleotideTextGivesTheDefaultEnds)
@@ -95,30 +90,40 @@ TEST(StructuredBuilders, OligonucleotideIsOneChainWithItsLabels)
     EXPECT_TRUE(strand.modifications().isEmpty());
 }
 
-TEST(StructuredBuilders, ProteinHasNoCodeAndNeedsNoFactory)
+TEST(StructuredBuilders, MoleculesHoldWhatWasGivenAndItsSum)
 {
-    const Chain chain = chem::constructPeptideChain(u"A"_s, u"A"_s, u"GA"_s, factory());
-    const MoleculeEntity protein =
-        chem::constructProteinFromChains(u"n"_s, {chain, chain}, {}, {}, nullptr);
-    EXPECT_EQ(protein.type(), MoleculeType::Protein);
-    EXPECT_EQ(protein.name(), u"n"_s);
-    EXPECT_TRUE(protein.code().isEmpty());
-    ASSERT_EQ(protein.chains().size(), 2); // equal names are kept apart
-    EXPECT_EQ(protein.chains()[1].type(), MoleculeType::Peptide);
-    EXPECT_TRUE(protein.transformations().isEmpty());
+    const Chain chain(u"A"_s, u"a"_s, {1.5}, MoleculeType::Sugar, {u"l"_s, 1, 2, 3});
+    chem::StructuredMolecule expected;
+    expected.chains = {chain, chain}; // equal names are kept apart
+    expected.modifications = {Modification(1.0, {{0, 0}}), Modification(2.0, {}), Modification()};
+    expected.links = {Link(3.0, {}), Link(-4.0, {}), Link()};
+    expected.averageMass = 5.0;
+    expected.monoMass = 5.0;
+    expected.name = u"n"_s;
+    for (const chem::ChemicalFactory* any : {factory(), {}}) {
+        expected.type = MoleculeType::Protein;
+        expected.code = QString();
+        EXPECT_EQ(differences(chem::constructProteinFromChains(u"n"_s, expected.chains,
+                                                               expected.modifications,
+                                                               expected.links, any),
+                              MoleculeEntity(expected)),
+                  "");
+    }
+    expected.type = MoleculeType::Sugar;
+    expected.code = u"c"_s;
+    EXPECT_EQ(differences(chem::constructStructuredMolecule(u"n"_s, u"c"_s, expected.chains,
+                                                            expected.modifications, expected.links,
+                                                            MoleculeType::Sugar),
+                          MoleculeEntity(expected)),
+              "");
 }
 
-TEST(StructuredBuilders, NothingWeighsNothing)
+TEST(StructuredBuilders, NothingHasNoMass)
 {
-    const MoleculeEntity none =
-        chem::constructStructuredMolecule(u"n"_s, u"c"_s, {}, {}, {}, MoleculeType::Unknown);
-    EXPECT_EQ(none.averageMass(), 0.0);
-    EXPECT_EQ(none.monoMass(), 0.0);
-    EXPECT_TRUE(none.formula().isEmpty());
-    EXPECT_EQ(none.name(), u"n"_s);
-    EXPECT_EQ(none.code(), u"c"_s);
-    EXPECT_EQ(none.type(), MoleculeType::Unknown);
-    EXPECT_TRUE(none.description().isEmpty());
+    EXPECT_EQ(differences(chem::constructStructuredMolecule(QString(), QString(), {}, {}, {},
+                                                            MoleculeType::Unknown),
+                          MoleculeEntity(nullptr)),
+              "");
 }
 
 TEST(StructuredBuilders, PlacesOutsideAreAcceptedAndCountOnce)
@@ -163,41 +168,14 @@ RC_GTEST_PROP(BuilderLaws, TotalsAreSummedInTheirFixedOrder, ())
     for (const MoleculeEntity& entity : anyEntities())
         modifications.append(Modification(entity, {}));
 
-    chem::ChemicalFormula formula;
-    double average = 0.0;
-    double mono = 0.0;
-    for (const Chain& chain : chains) {
-        chem::ChemicalFormula chainFormula;
-        double chainAverage = 0.0;
-        double chainMono = 0.0;
-        for (const MoleculeEntity& residue : chain.residues())
-            chainFormula += residue.formula();
-        for (const MoleculeEntity& residue : chain.residues())
-            chainAverage += residue.averageMass();
-        for (const MoleculeEntity& residue : chain.residues())
-            chainMono += residue.monoMass();
-        formula += chainFormula;
-        average += chainAverage;
-        mono += chainMono;
-    }
-    for (const Link& link : links) {
-        average += link.entity().averageMass();
-        mono += link.entity().monoMass();
-        formula += link.entity().formula();
-    }
-    for (const Modification& modification : modifications) {
-        average += modification.averageMass();
-        mono += modification.monoMass();
-        formula += modification.formula();
-    }
-
     const MoleculeEntity built = chem::constructStructuredMolecule(
         QString(), QString(), chains, modifications, links, MoleculeType::Protein);
-    RC_ASSERT(built.formula().elementCountMap() == formula.elementCountMap());
-    if (average != 0.0)
-        RC_ASSERT(built.averageMass() == average);
-    if (mono != 0.0)
-        RC_ASSERT(built.monoMass() == mono);
+    const Sum sum = sumOfParts(chains, links, modifications);
+    RC_ASSERT(built.formula().elementCountMap() == sum.counts);
+    if (sum.averageMass != 0.0)
+        RC_ASSERT(built.averageMass() == sum.averageMass);
+    if (sum.monoMass != 0.0)
+        RC_ASSERT(built.monoMass() == sum.monoMass);
 }
 
 RC_GTEST_PROP(BuilderLaws, ChainAndComplexOfAPeptideWeighTheSame, ())
@@ -213,20 +191,6 @@ RC_GTEST_PROP(BuilderLaws, ChainAndComplexOfAPeptideWeighTheSame, ())
     const auto complex = factory()->constructLinearPeptideComplex(sequence);
     RC_ASSERT(peptide.formula().toString() == complex->formula().toString());
     RC_ASSERT(std::abs(peptide.monoMass() - complex->monoMass()) < 1e-9 * complex->monoMass());
-}
-
-TEST(StructuredBuilders, ProteinCountsItsModificationsAndLinks)
-{
-    const Chain chain(u"A"_s, QString(), {1.5, 2.5}, MoleculeType::Peptide, {});
-    const MoleculeEntity protein = chem::constructProteinFromChains(
-        u"n"_s, {chain}, {Modification(10.0, {{0, 1}})}, {Link(-2.0, {{0, 0}, {0, 1}})}, factory());
-    EXPECT_EQ(protein.averageMass(), 12.0);
-    EXPECT_EQ(protein.monoMass(), 12.0);
-    ASSERT_EQ(protein.modifications().size(), 1);
-    EXPECT_TRUE(protein.modifications()[0] == Modification(10.0, {{0, 1}}));
-    ASSERT_EQ(protein.links().size(), 1);
-    EXPECT_TRUE(protein.links()[0] == Link(-2.0, {{0, 0}, {0, 1}}));
-    EXPECT_TRUE(protein.chains()[0] == chain);
 }
 
 TEST(StructuredBuilders, RefusedOligonucleotideTextStillGivesALabelledChain)
@@ -262,32 +226,6 @@ TEST(StructuredBuilders, ChainsKeepTheResiduesOfTheirBuilding)
     EXPECT_EQ(chain.residues()[1].name(), u"Glycine"_s);
     EXPECT_EQ(chem::constructPeptideChain(u"n"_s, u"c"_s, u"G"_s, own.data()).residues()[1].name(),
               u"other"_s);
-}
-
-TEST(StructuredBuilders, AllFieldsOfAMoleculeAreWhatWasGiven)
-{
-    const Chain chain(u"A"_s, u"a"_s, {1.5}, MoleculeType::Sugar, {u"l"_s, 1, 2, 3});
-    const MoleculeEntity molecule = chem::constructStructuredMolecule(
-        u"n"_s, u"c"_s, {chain, chain}, {Modification(1.0, {{0, 0}}), Modification(2.0, {})},
-        {Link(3.0, {}), Link(4.0, {})}, MoleculeType::Sugar);
-    EXPECT_EQ(molecule.type(), MoleculeType::Sugar);
-    EXPECT_TRUE(molecule.chains() == QList<Chain>({chain, chain}));
-    EXPECT_TRUE(molecule.modifications() ==
-                QList<Modification>({Modification(1.0, {{0, 0}}), Modification(2.0, {})}));
-    EXPECT_TRUE(molecule.links() == QList<Link>({Link(3.0, {}), Link(4.0, {})}));
-    EXPECT_EQ(molecule.chains()[1].code(), u"a"_s);
-    EXPECT_TRUE(molecule.transformations().isEmpty());
-}
-
-TEST(StructuredBuilders, BlankModificationsAndLinksAreKeptAndWeighNothing)
-{
-    const MoleculeEntity molecule = chem::constructStructuredMolecule(
-        QString(), QString(), {}, {Modification()}, {Link()}, MoleculeType::Protein);
-    EXPECT_EQ(molecule.averageMass(), 0.0);
-    EXPECT_TRUE(molecule.formula().isEmpty());
-    EXPECT_EQ(molecule.modifications().size(), 1);
-    EXPECT_EQ(molecule.links().size(), 1);
-    EXPECT_EQ(molecule.sequence(), u"[]"_s);
 }
 
 } // namespace
