@@ -19,6 +19,9 @@
 
 namespace chem {
 
+/// \addtogroup factory
+/// @{
+
 /// Reads text and makes molecules from it, with masses from one isotope table.
 ///
 /// A factory owns everything that depends on which isotopes are assumed: the table itself, small
@@ -158,35 +161,6 @@ public:
                                      bool protonate) const;
 
     /// @}
-    /// \name Building blocks
-    /// @{
-
-    /// The kind with this label, matched exactly; NoBlock (12) for any other text.
-    static BuildingBlockType buildingBlockType(const QString& label);
-
-    /// Stores a building block under `code`, replacing one that is there. The readers know it at
-    /// once; copies of the factory that were taken earlier do not. A dictionary that is missing is
-    /// created. Any text is accepted as a formula: unknown elements weigh nothing, and refused
-    /// abundances throw, see construct(). The sugar and the linkage of nucleotides that name none
-    /// stay as they are. No other thread may use this factory meanwhile.
-    void setBuildingBlock(BuildingBlockType type, const QString& code, const QString& name,
-                          const QString& formula);
-
-    /// Writes the two ends of a peptide: hydrogen, named "NTerm" with code "H-", and hydroxyl,
-    /// named "CTerm" with code "-OH".
-    void standardPeptideTermini(NamedMolecule* nTerminal, NamedMolecule* cTerminal) const;
-
-    /// Writes the same two ends for an oligonucleotide, under the same labels on purpose.
-    void standardOligoTermini(NamedMolecule* fivePrime, NamedMolecule* threePrime) const;
-
-    /// Rewrites a formula of the older convention, in which oligonucleotide building blocks were
-    /// whole species, as the piece that remains once they are joined: a nucleobase loses H, a
-    /// ribose O2H3, a phosphate O while it gains H, a 5' terminal O. Never fails, and writes the
-    /// form of ChemicalFormula::toString() also for kinds that need no correction.
-    static QString convertOldOligoBuildingBlockFormula(const QString& formula,
-                                                       BuildingBlockType type);
-
-    /// @}
     /// \name Peptides
     /// @{
 
@@ -277,10 +251,39 @@ public:
     void generateLinearFragments(const MoleculeComplex& complex,
                                  QList<QSharedPointer<Fragment>>* fragments) const;
 
+    /// @}
+    /// \name Building blocks
+    /// @{
+
+    /// Stores a building block under `code`, replacing one that is there. The readers know it at
+    /// once; copies of the factory that were taken earlier do not. A dictionary that is missing is
+    /// created. Any text is accepted as a formula: unknown elements weigh nothing, and refused
+    /// abundances throw, see construct(). The sugar and the linkage of nucleotides that name none
+    /// stay as they are. No other thread may use this factory meanwhile.
+    void setBuildingBlock(BuildingBlockType type, const QString& code, const QString& name,
+                          const QString& formula);
+
+    /// Writes the two ends of a peptide: hydrogen, named "NTerm" with code "H-", and hydroxyl,
+    /// named "CTerm" with code "-OH".
+    void standardPeptideTermini(NamedMolecule* nTerminal, NamedMolecule* cTerminal) const;
+
+    /// Writes the same two ends for an oligonucleotide, under the same labels on purpose.
+    void standardOligoTermini(NamedMolecule* fivePrime, NamedMolecule* threePrime) const;
+
+    /// @}
+
+    /// The kind with this label, matched exactly; NoBlock (12) for any other text.
+    static BuildingBlockType buildingBlockType(const QString& label);
+
     /// The label of an ion type, such as "b" or "z."; "unknown" for types without one.
     static QString typeToString(ZEL_QEnumsFragmentType::FragmentType type);
 
-    /// @}
+    /// Rewrites a formula of the older convention, in which oligonucleotide building blocks were
+    /// whole species, as the piece that remains once they are joined: a nucleobase loses H, a
+    /// ribose O2H3, a phosphate O while it gains H, a 5' terminal O. Never fails, and writes the
+    /// form of ChemicalFormula::toString() also for kinds that need no correction.
+    static QString convertOldOligoBuildingBlockFormula(const QString& formula,
+                                                       BuildingBlockType type);
 
 protected:
     /// One isotope of one element.
@@ -301,12 +304,10 @@ protected:
     ChemicalFactory();
 
     /// Loads the isotope table, applies `isotopeOverrides` if it is not empty, and fills
-    /// dictionaries and constants. See construct(). To be called once.
+    /// dictionaries and constants. See construct(). To be called once. The members that it fills
+    /// are for derived classes to read: setBuildingBlock() alone writes them later.
     void init(const QString& isotopeOverrides);
 
-    /// \name For derived classes to read
-    /// Written by init() and setBuildingBlock() alone.
-    /// @{
     QMap<QString, QList<qsizetype>> isotopesBySymbol;   ///< Symbol to positions in isotopes.
     QMap<int, QList<qsizetype>> isotopesByAtomicNumber; ///< Atomic number to positions in isotopes.
     QMap<QString, QList<qsizetype>> isotopesByName;     ///< Element name to positions in isotopes.
@@ -326,7 +327,6 @@ protected:
     Molecule electron;              ///< E; its average mass is twice its monoisotopic mass.
     Molecule proton;                ///< Hydrogen minus electron.
     QSharedPointer<Extension> sharedExtension; ///< Null; copied and released with the factory.
-    /// @}
 
 private:
     /// What isotopes and dictionaries come to.
@@ -337,5 +337,7 @@ private:
 /// The shared factory with natural isotopes. The first call makes it, from whichever thread; it
 /// lives until the library unloads.
 ZEL_CHEMICAL_MODEL_EXPORT QSharedPointer<const ChemicalFactory> defaultChemicalFactory();
+
+/// @}
 
 } // namespace chem

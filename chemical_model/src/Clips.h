@@ -12,6 +12,9 @@ namespace chem {
 
 class ChemicalFactory;
 
+/// \addtogroup steps
+/// @{
+
 /// How far to trim the chains of a molecule, or at which residues to cut them.
 class ZEL_CHEMICAL_MODEL_EXPORT ClipOptions
 {
@@ -104,6 +107,8 @@ private:
 ZEL_CHEMICAL_MODEL_EXPORT QList<MoleculeEntity> generateClips(const MoleculeEntity& molecule,
                                                               const ChemicalFactory* factory,
                                                               const ClipOptions& options);
+
+/// @}
 
 } // namespace chem
 

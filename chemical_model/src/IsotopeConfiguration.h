@@ -6,6 +6,9 @@
 
 namespace chem {
 
+/// \addtogroup factory
+/// @{
+
 /// Scales `values` by the reciprocal of their sum, where the running sum is cut to a whole number
 /// at each step: percentages become fractions (99 and 1 become 0.99 and 0.01), while fractions,
 /// whose whole sum stays 0, are left as they are.
@@ -19,5 +22,7 @@ namespace chem {
 /// normalize(abundances); // 0.99 and 0.01
 /// \endcode
 ZEL_CHEMICAL_MODEL_EXPORT void normalize(QList<double>& values);
+
+/// @}
 
 } // namespace chem
