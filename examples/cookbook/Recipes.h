@@ -21,6 +21,7 @@ void disulfide(QTextStream& out);
 void clipsAndMatching(QTextStream& out);
 void messages(QTextStream& out);
 void threads(QTextStream& out);
+void antibody(QTextStream& out);
 
 void massToCharge(QTextStream& out);
 void neutralLosses(QTextStream& out);

@@ -25,6 +25,7 @@ const QList<NamedRecipe> recipes = {
     {u"ClipsAndMatching"_s, clipsAndMatching},
     {u"Messages"_s, messages},
     {u"Threads"_s, threads},
+    {u"Antibody"_s, antibody},
     {u"MassToCharge"_s, massToCharge},
     {u"NeutralLosses"_s, neutralLosses},
     {u"ModificationAtResidue"_s, modificationAtResidue},
