@@ -20,13 +20,13 @@ QList<int> cutPlaces(const MoleculeEntity& protein, const ClipOptions& rule, int
 
 void missedCleavages(QTextStream& out)
 {
-    //! [MissedCleavages]
     const auto factory = defaultChemicalFactory();
     const QString sequence = u"MKWVTFRPISLLFLFSSAYSR"_s;
     const Chain chain = constructPeptideChain(u"A"_s, u""_s, sequence, factory.data());
     const MoleculeEntity protein =
         constructProteinFromChains(u"example"_s, {chain}, {}, {}, factory.data());
 
+    //! [MissedCleavages]
     const ClipOptions trypsin = ClipOptions::createClipByResidue({u"[KR](?!P)"_s}, {QString()});
     const QList<int> places = cutPlaces(protein, trypsin, static_cast<int>(sequence.size()));
 
