@@ -95,9 +95,13 @@ private:
 ///
 /// Clips are neither sorted nor made unique, and no terminal groups are added. The first range of a
 /// chain that is cut by residue rules holds the chain's first terminal. A chain with a residue
-/// whose code is not one character long gives only that range. The factory is not used and may be
-/// null. Throws nothing. The cost is linear in the residues of all clips; createClipAll()
-/// gives one clip fewer than twice the residues of a chain.
+/// whose code is not one character long, such as an unknown letter, gives only that range. The
+/// factory is not used and may be null. Throws nothing. The cost is linear in the residues of all
+/// clips; createClipAll() gives one clip fewer than twice the residues of a chain.
+///
+/// Clips of a residue rule are both sides of each cut and reach to an end of the chain, so that all
+/// of them together grow with the square of the chain: 35,000 residues take seconds and 2 GB. To
+/// digest a sequence, cut its text and make the peptides from the pieces.
 ///
 /// \code
 /// // Behind lysine and arginine, but not before proline.
