@@ -54,6 +54,7 @@ void estimates(QTextStream& out);
 
 /// What the recipes promise, proved on lists of texts and on masses from elsewhere: they print
 /// FAILED where it does not hold.
+void digestProved(QTextStream& out);
 void oddTexts(QTextStream& out);
 void oddCodes(QTextStream& out);
 void isotopeTextsProved(QTextStream& out);

@@ -50,6 +50,7 @@ const QList<NamedRecipe> recipes = {
     {u"FirstWandX"_s, firstWandX},
     {u"ElectronMass"_s, electronMass},
     {u"Estimates"_s, estimates},
+    {u"DigestProved"_s, digestProved},
     {u"OddTexts"_s, oddTexts},
     {u"OddCodes"_s, oddCodes},
     {u"IsotopeTextsProved"_s, isotopeTextsProved},
