@@ -8,6 +8,9 @@
 
 namespace chem {
 
+/// \addtogroup steps
+/// @{
+
 /// One piece of a chain: a range of residues with an entity on each end. An end of no average mass
 /// is left out of the piece.
 struct ZEL_CHEMICAL_MODEL_EXPORT ChainFragmentDef
@@ -57,6 +60,8 @@ public:
 private:
     QList<ChainFragmentDef> m_fragmentDefs;
 };
+
+/// @}
 
 } // namespace chem
 

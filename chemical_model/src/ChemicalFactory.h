@@ -19,6 +19,9 @@
 
 namespace chem {
 
+/// \addtogroup factory
+/// @{
+
 /// Reads text and makes molecules from it, with masses from one isotope table.
 ///
 /// A factory owns everything that depends on which isotopes are assumed: the table itself, small
@@ -72,6 +75,11 @@ public:
     /// isotopes that the text lists, with their abundances scaled by normalize(), which tells on
     /// "zel.generic" what it leaves unscaled.
     ///
+    /// Write whole percentages, or fractions that add up to 1, for each element. Sums are cut to
+    /// whole numbers, so percentages with decimals are scaled wrongly and nothing tells of it:
+    /// "N15:98.7 N14:1.3" gives shares of 1.01 in all, and average masses with 1 % too much
+    /// nitrogen. "N15:99.5 N14:0.5" gives a share of 1.005, which throws `std::invalid_argument`.
+    ///
     /// Neutrons are counted from the lightest isotope of the element that the text names first, and
     /// an isotope that is not found within 0.2 Da of its expected mass gets that mass.
     ///
@@ -100,7 +108,8 @@ public:
     /// fails. Characters that are no letter, digit, sign or full stop are deleted first, so
     /// "H(-1)" and "H - 1" are H-1. A token starts at each upper-case letter and what stands before
     /// the first is dropped; its symbol is the letter and all letters behind it; a missing number
-    /// counts as 1 and one that cannot be read as 0. Repeats add up. Linear in the text.
+    /// counts as 1 and one that cannot be read as 0. Repeats add up. Linear in the text. Brackets,
+    /// factors, charges and isotopes are not understood: "(CH2)3" is CH23, "2H2O" is H2O.
     static ChemicalFormula parseChemicalFormula(const QString& text);
 
     /// Makes the molecule of a formula text. Elements that the table lacks stay in the formula and
@@ -152,37 +161,12 @@ public:
     /// the category "zel.generic", where a count is negative, above 2147483647 or no whole number,
     /// hydrogens included. Unknown elements take no part. Counts of 10485759 and more make
     /// IsoSpec++ throw, as do abundances that are refused, see construct().
+    ///
+    /// The electron mass is right for protonated ions. A deprotonated one is two electron masses,
+    /// 0.0011, above what `x` says, at any charge. What the threshold leaves out is heavier than
+    /// the rest: the centroid of all points is 3 ppm light at 150 kDa.
     Molecule generateIsotopeEnvelope(const Molecule& molecule, int charge, QList<QPointF>* envelope,
                                      bool protonate) const;
-
-    /// @}
-    /// \name Building blocks
-    /// @{
-
-    /// The kind with this label, matched exactly; NoBlock (12) for any other text.
-    static BuildingBlockType buildingBlockType(const QString& label);
-
-    /// Stores a building block under `code`, replacing one that is there. The readers know it at
-    /// once; copies of the factory that were taken earlier do not. A dictionary that is missing is
-    /// created. Any text is accepted as a formula: unknown elements weigh nothing, and refused
-    /// abundances throw, see construct(). Whatever is thrown leaves the factory as it was. The
-    /// default sugar and linkage stay as they are. No other thread may use this factory meanwhile.
-    void setBuildingBlock(BuildingBlockType type, const QString& code, const QString& name,
-                          const QString& formula);
-
-    /// Writes the two ends of a peptide: hydrogen, named "NTerm" with code "H-", and hydroxyl,
-    /// named "CTerm" with code "-OH".
-    void standardPeptideTermini(NamedMolecule* nTerminal, NamedMolecule* cTerminal) const;
-
-    /// Writes the same two ends for an oligonucleotide, under the same labels on purpose.
-    void standardOligoTermini(NamedMolecule* fivePrime, NamedMolecule* threePrime) const;
-
-    /// Rewrites a formula of the older convention, in which oligonucleotide building blocks were
-    /// whole species, as the piece that remains once they are joined: a nucleobase loses H, a
-    /// ribose O2H3, a phosphate O while it gains H, a 5' terminal O. Never fails, and writes the
-    /// form of ChemicalFormula::toString() also for kinds that need no correction.
-    static QString convertOldOligoBuildingBlockFormula(const QString& formula,
-                                                       BuildingBlockType type);
 
     /// @}
     /// \name Peptides
@@ -254,8 +238,9 @@ public:
     /// Tells whether `composition`, such as "HexNAc(2)Hex(5)", has at least one term and all its
     /// terms can be used. A term is HexNAc, dHex, Fuc, Hex, Pent, NeuAc, NeuGc, Sodium or Na, in
     /// this case, then optional white space and a decimal count in parentheses without blanks; any
-    /// other text is skipped. It cannot be used if the "Sugar" dictionary has no such entry or the
-    /// count exceeds 2147483647. setBuildingBlock() changes what these names weigh but adds none.
+    /// other text is skipped, so that "HexNAc4Hex3Fuc(1)" is valid and means Fuc(1). It cannot be
+    /// used if the "Sugar" dictionary has no such entry or the count exceeds 2147483647.
+    /// setBuildingBlock() changes what these names weigh but adds none.
     bool isValidGlycanComposition(const QString& composition) const;
 
     /// Adds up the residues of a composition, stored masses times counts in the order of the terms,
@@ -276,10 +261,44 @@ public:
     void generateLinearFragments(const MoleculeComplex& complex,
                                  QList<QSharedPointer<Fragment>>* fragments) const;
 
-    /// The label of an ion type, such as "b" or "z."; "unknown" for types without one.
-    static QString typeToString(ZEL_QEnumsFragmentType::FragmentType type);
+    /// @}
+    /// \name Building blocks
+    /// @{
+
+    /// Stores a building block under `code`, replacing one that is there. The readers know it at
+    /// once; copies of the factory that were taken earlier do not. A dictionary that is missing is
+    /// created. Any text is accepted as a formula: unknown elements weigh nothing, and refused
+    /// abundances throw, see construct(). Whatever is thrown leaves the factory as it was. The
+    /// default sugar and linkage stay as they are. No other thread may use this factory meanwhile.
+    ///
+    /// A code that no reader can match is stored likewise, and no text ever names it. Readers match
+    /// one character for a residue, a base, a sugar of a nucleotide, a linkage or an end, and for
+    /// glycans the names that isValidGlycanComposition() lists.
+    void setBuildingBlock(BuildingBlockType type, const QString& code, const QString& name,
+                          const QString& formula);
+
+    /// Writes the two ends of a peptide: hydrogen, named "NTerm" with code "H-", and hydroxyl,
+    /// named "CTerm" with code "-OH".
+    void standardPeptideTermini(NamedMolecule* nTerminal, NamedMolecule* cTerminal) const;
+
+    /// Writes the same two ends for an oligonucleotide, under the same labels on purpose.
+    void standardOligoTermini(NamedMolecule* fivePrime, NamedMolecule* threePrime) const;
 
     /// @}
+
+    /// The kind with this label, matched exactly; NoBlock (12) for any other text.
+    static BuildingBlockType buildingBlockType(const QString& label);
+
+    /// The label of an ion type, such as "b", "z." or, for an a ion without its base, "aB";
+    /// "unknown" for types without one.
+    static QString typeToString(ZEL_QEnumsFragmentType::FragmentType type);
+
+    /// Rewrites a formula of the older convention, in which oligonucleotide building blocks were
+    /// whole species, as the piece that remains once they are joined: a nucleobase loses H, a
+    /// ribose O2H3, a phosphate O while it gains H, a 5' terminal O. Never fails, and writes the
+    /// form of ChemicalFormula::toString() also for kinds that need no correction.
+    static QString convertOldOligoBuildingBlockFormula(const QString& formula,
+                                                       BuildingBlockType type);
 
 protected:
     /// One isotope of one element.
@@ -300,12 +319,10 @@ protected:
     ChemicalFactory();
 
     /// Loads the isotope table, applies `isotopeOverrides` if it is not empty, and fills
-    /// dictionaries and constants. See construct(). To be called once.
+    /// dictionaries and constants. See construct(). To be called once. The members that it fills
+    /// are for derived classes to read: setBuildingBlock() alone writes them later.
     void init(const QString& isotopeOverrides);
 
-    /// \name For derived classes to read
-    /// Written by init() and setBuildingBlock() alone.
-    /// @{
     QMap<QString, QList<qsizetype>> isotopesBySymbol;   ///< Symbol to positions in isotopes.
     QMap<int, QList<qsizetype>> isotopesByAtomicNumber; ///< Atomic number to positions in isotopes.
     QMap<QString, QList<qsizetype>> isotopesByName;     ///< Element name to positions in isotopes.
@@ -325,7 +342,6 @@ protected:
     Molecule electron;              ///< E; its average mass is twice its monoisotopic mass.
     Molecule proton;                ///< Hydrogen minus electron.
     QSharedPointer<Extension> sharedExtension; ///< Null; copied and released with the factory.
-    /// @}
 
 private:
     /// What follows from isotopes and dictionaries.
@@ -336,5 +352,7 @@ private:
 /// The shared factory with natural isotopes. The first call makes it, from whichever thread; it
 /// lives until the library unloads.
 ZEL_CHEMICAL_MODEL_EXPORT QSharedPointer<const ChemicalFactory> defaultChemicalFactory();
+
+/// @}
 
 } // namespace chem

@@ -8,6 +8,9 @@
 
 namespace chem {
 
+/// \addtogroup formulas
+/// @{
+
 /// An element composition: an ordered map from element symbol to a count.
 ///
 /// Counts are `double` on purpose. Negative counts describe a loss, fractional counts an average,
@@ -110,6 +113,8 @@ public:
 private:
     QMap<QString, double> m_elementCountMap;
 };
+
+/// @}
 
 } // namespace chem
 

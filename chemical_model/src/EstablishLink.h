@@ -6,6 +6,9 @@
 
 namespace chem {
 
+/// \addtogroup steps
+/// @{
+
 /// Joins two residues of a molecule by a link.
 ///
 /// The totals rise by the entity's formula and masses. The stored link holds just these, as a plain
@@ -31,5 +34,7 @@ public:
 private:
     Link m_link;
 };
+
+/// @}
 
 } // namespace chem

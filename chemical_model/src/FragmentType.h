@@ -12,6 +12,7 @@ namespace ZEL_QEnumsFragmentType {
 
 Q_NAMESPACE_EXPORT(ZEL_CHEMICAL_MODEL_EXPORT)
 
+/// \ingroup chains
 /// The type of a fragment ion. Types 0 to 6 contain the left end of the chain (N-terminal or 5'),
 /// types 7 to 12 the right end. The numbers are stable: saved streams hold them.
 enum class FragmentType {

@@ -9,12 +9,16 @@
 #include <QString>
 #include <QWeakPointer>
 
-/// \file
-/// A linear chain laid out for mass arithmetic and fragmentation. The constructors of
-/// ChemicalFactory fill these types, the two generators of linear fragments walk them. All are
-/// plain structures: finished ones may be read by any number of threads at once.
+/// \addtogroup chains
+/// \details The constructors of ChemicalFactory lay chains out, the two generators of linear
+/// fragments walk them: chem::generateLinearFragments() for masses alone,
+/// ChemicalFactory::generateLinearFragments() for whole molecules. All types are plain structures:
+/// finished ones may be read by any number of threads at once.
 
 namespace chem {
+
+/// \addtogroup chains
+/// @{
 
 /// An amino-acid residue: its one-letter code, its full name and the residue's molecule.
 class ZEL_CHEMICAL_MODEL_EXPORT AminoAcid : public NamedMolecule
@@ -115,6 +119,8 @@ public:
     QList<QWeakPointer<FragmentationSite>> sites;   ///< The site at which it broke: one entry.
     const MoleculeComplex* parentComplex = nullptr; ///< The complex; dangles once that is gone.
 };
+
+/// @}
 
 } // namespace chem
 

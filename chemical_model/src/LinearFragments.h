@@ -10,6 +10,9 @@ namespace chem {
 
 class MoleculeComplex;
 
+/// \addtogroup chains
+/// @{
+
 /// A fragment ion as two masses in daltons and the letters of its monomers.
 ///
 /// The masses are those of the neutral composition: no proton is added.
@@ -42,6 +45,8 @@ struct ZEL_CHEMICAL_MODEL_EXPORT SimpleFragment
 /// run on one complex from any number of threads.
 ZEL_CHEMICAL_MODEL_EXPORT void generateLinearFragments(const MoleculeComplex& complex,
                                                        QList<SimpleFragment>& fragments);
+
+/// @}
 
 } // namespace chem
 

@@ -8,6 +8,9 @@
 
 namespace chem {
 
+/// \addtogroup steps
+/// @{
+
 /// Puts a modification on a molecule.
 ///
 /// A modification with exactly one position goes onto that residue, which turns into a structured
@@ -82,5 +85,7 @@ private:
 ZEL_CHEMICAL_MODEL_EXPORT MoleculeEntity modifyMolecule(MoleculeEntity molecule,
                                                         MoleculeEntity modification,
                                                         const std::pair<int, int>& location);
+
+/// @}
 
 } // namespace chem

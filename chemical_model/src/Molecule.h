@@ -7,6 +7,9 @@
 
 namespace chem {
 
+/// \addtogroup formulas
+/// @{
+
 /// A composition with its two masses in daltons.
 ///
 /// A molecule carries its masses with it: arithmetic adds the stored numbers and computes nothing
@@ -97,6 +100,8 @@ public:
     QString code; ///< The short label, such as the one-letter code of a residue.
     QString name; ///< The readable name.
 };
+
+/// @}
 
 } // namespace chem
 

@@ -36,6 +36,9 @@ concept MoleculeValue =
 
 } // namespace MolecularEntityInternal
 
+/// \addtogroup molecules
+/// @{
+
 /// Any molecule as one immutable value: a bare mass, a residue, a group, a whole multi-chain
 /// molecule.
 ///
@@ -110,6 +113,8 @@ public:
 private:
     std::shared_ptr<const MolecularEntityInternal::Concept> m_concept;
 };
+
+/// @}
 
 } // namespace chem
 

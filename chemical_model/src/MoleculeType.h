@@ -12,6 +12,7 @@ namespace ZEL_QEnumsMoleculeType {
 
 Q_NAMESPACE_EXPORT(ZEL_CHEMICAL_MODEL_EXPORT)
 
+/// \ingroup molecules
 /// What a molecule, a chain or a residue is. The numbers are stable: saved streams hold them.
 enum class MoleculeType {
     Peptide = 0,                ///< A chain of amino acids.

@@ -21,6 +21,9 @@ concept ObservedMassValue = std::same_as<T, double>;
 
 } // namespace ObservedMassEntityInternal
 
+/// \addtogroup matching
+/// @{
+
 /// A measured mass as one immutable value, in daltons.
 ///
 /// A copy costs one atomic increment. A moved-from value may only be assigned to or destroyed.
@@ -102,6 +105,8 @@ ZEL_CHEMICAL_MODEL_EXPORT double absoluteMassToleranceDelta(double mass,
 ZEL_CHEMICAL_MODEL_EXPORT QList<Match> match(MoleculeEntity entity,
                                              const QList<ObservedMassEntity>& observedMasses,
                                              const MatchingParameters& parameters);
+
+/// @}
 
 } // namespace chem
 

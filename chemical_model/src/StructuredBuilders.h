@@ -3,11 +3,11 @@
 #include "StructuredMolecule.h"
 #include <zel_chemical_model/ChemicalModelExport.h>
 
-/// \file
-/// From text and lists to chains and structured molecules. Nothing is validated: a chain is what
-/// the reader of its text makes of it, and lists are taken as they stand. A factory that reads text
-/// must not be null. The functions own nothing of what they are given: results share it. Any number
-/// of threads may call them at once.
+/// \addtogroup molecules
+/// \details The functions that build validate nothing: a chain is what the reader of its text makes
+/// of it, and lists are taken as they stand. A factory that reads text must not be null. The
+/// functions own nothing of what they are given: results share it. Any number of threads may call
+/// them at once.
 ///
 /// \code
 /// const Chain chain = constructPeptideChain(u"A"_s, u"A"_s, u"GASTK"_s, factory.data());
@@ -19,6 +19,9 @@
 namespace chem {
 
 class ChemicalFactory;
+
+/// \addtogroup molecules
+/// @{
 
 /// Reads a peptide text into a chain of type Peptide: N-terminus, one residue for each character,
 /// C-terminus. Characters are read as by ChemicalFactory::parseAminoAcidSequence().
@@ -54,5 +57,7 @@ ZEL_CHEMICAL_MODEL_EXPORT MoleculeEntity constructProteinFromChains(
 ZEL_CHEMICAL_MODEL_EXPORT MoleculeEntity constructStructuredMolecule(
     const QString& name, const QString& code, const QList<Chain>& chains,
     const QList<Modification>& modifications, const QList<Link>& links, MoleculeType type);
+
+/// @}
 
 } // namespace chem

@@ -11,13 +11,16 @@
 
 #include <utility>
 
-/// \file
-/// A molecule described by its parts. A residue position is a pair of indices, chain first and then
-/// the residue in Chain::residues(), both from 0. The terminals of a chain are residues like any
-/// other. Positions are not tested: one that lies outside is kept, and its mass counts. All types
-/// are values that may be copied and read from several threads.
+/// \addtogroup molecules
+/// \details A residue position is a pair of indices, chain first and then the residue in
+/// Chain::residues(), both from 0. The terminals of a chain are residues like any other. Positions
+/// are not tested: one that lies outside is kept, and its mass counts. All types are values that
+/// may be copied and read from several threads.
 
 namespace chem {
+
+/// \addtogroup molecules
+/// @{
 
 /// Where a fragment chain lies in the chain that it was cut from.
 struct ZEL_CHEMICAL_MODEL_EXPORT ParentChainLocus
@@ -157,6 +160,8 @@ struct ZEL_CHEMICAL_MODEL_EXPORT StructuredMolecule
     QString description;               ///< Stays empty; nothing reads it.
     QList<TransformationEntity> transformations; ///< The history, oldest step first.
 };
+
+/// @}
 
 } // namespace chem
 

@@ -13,6 +13,9 @@ class EstablishLink;
 class Modify;
 class Unmodify;
 
+/// \addtogroup steps
+/// @{
+
 /// The kinds of steps. The numbers are stable; 2, 3, 4 and 6 are reserved.
 enum TransformationType {
     ModifyTransformation = 0,          ///< Modify.
@@ -99,6 +102,8 @@ private:
     std::shared_ptr<const Transformation> m_step;
     MoleculeEntity m_priorMolecule;
 };
+
+/// @}
 
 } // namespace chem
 

@@ -5,12 +5,14 @@
 /// Types that the libraries of the zel family share.
 namespace zel {
 
+/// \ingroup factory
 /// Numbers that an Error carries. They are part of the binary interface.
 enum ErrorCode : int {
     NoError = 0,        ///< Success.
     NoKnownElement = 2, ///< None of the elements in a list is known.
 };
 
+/// \ingroup factory
 /// The outcome of a calculation: success or a numbered failure.
 ///
 /// An Error can be moved but not copied, so that an outcome has one owner. Separate instances may

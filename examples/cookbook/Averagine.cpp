@@ -4,7 +4,6 @@
 
 void averagine(QTextStream& out)
 {
-    //! [Averagine]
     const auto factory = defaultChemicalFactory();
     const QString averageResidue = u"C4.9384H7.7583N1.3577O1.4773S0.0417"_s;
 
@@ -12,7 +11,7 @@ void averagine(QTextStream& out)
     const Molecule estimate = factory->moleculeBasedOnAverageMass(averageResidue, 8564.8);
     out << QString::number(estimate.monoMass(), 'f', 2) << " Da monoisotopic\n";
 
-    // An envelope needs whole counts: scale the unit yourself and let hydrogen take the rest.
+    //! [Averagine]
     const Molecule hydrogen = factory->constructMolecule(u"H"_s);
     const ChemicalFormula unit = ChemicalFactory::parseChemicalFormula(averageResidue);
     double unitMass = 0.0;
@@ -26,6 +25,7 @@ void averagine(QTextStream& out)
     Molecule scaled = factory->constructMolecule(formula);
     const double missing = 8564.8 - scaled.averageMass();
     scaled = factory->modifyMolecule(scaled, u"H1"_s, qRound(missing / hydrogen.averageMass()));
+    //! [Averagine]
     out << scaled.formula().toString() << ' ' << QString::number(scaled.averageMass(), 'f', 2)
         << " Da\n";
 
@@ -36,5 +36,4 @@ void averagine(QTextStream& out)
         [](const QPointF& left, const QPointF& right) { return left.y() < right.y(); });
     out << "highest peak at m/z " << QString::number(highest->x(), 'f', 3) << ", "
         << highest - envelope.cbegin() << " above the lightest\n";
-    //! [Averagine]
 }

@@ -14,12 +14,10 @@ double massToCharge(double monoMass, int charge, const ChemicalFactory& factory)
 
 void massToCharge(QTextStream& out)
 {
-    //! [MassToCharge]
     const auto factory = defaultChemicalFactory();
     const auto peptide = factory->constructLinearPeptideComplex(u"DRVYIHPF"_s);
     for (const int charge : {1, 2, 3, -1}) {
         out << QString::number(charge).rightJustified(2) << ": "
             << QString::number(massToCharge(peptide->monoMass(), charge, *factory), 'f', 4) << '\n';
     }
-    //! [MassToCharge]
 }

@@ -16,17 +16,55 @@ bool isKnownPeptide(const QString& sequence, const ChemicalFactory& factory)
 //! [PeptideTextTest]
 
 //! [FormulaTextTest]
-/// Tells whether a formula text is a real composition of elements that the factory knows.
+/// Tells whether a text is nothing but a composition of elements that the factory knows. Brackets,
+/// charges, factors and losses are refused: the reader takes none of them as a chemist means it.
 bool isKnownComposition(const QString& text, const ChemicalFactory& factory)
 {
-    const ChemicalFormula formula = ChemicalFactory::parseChemicalFormula(text);
-    const QList<QString> symbols = formula.elementCountMap().keys();
-    return !formula.isEmpty() && formula.isValid() &&
-           std::all_of(symbols.cbegin(), symbols.cend(), [&factory](const QString& symbol) {
-               return factory.constructMolecule(symbol).monoMass() != 0.0;
-           });
+    static const QRegularExpression composition(
+        QRegularExpression::anchoredPattern(u"(?:[A-Z][a-z]?(?:[1-9][0-9]{0,6})? ?)++"_s));
+    if (!composition.match(text).hasMatch())
+        return false;
+    const auto counts = ChemicalFactory::parseChemicalFormula(text).elementCountMap();
+    const QList<QString> symbols = counts.keys();
+    return std::all_of(symbols.cbegin(), symbols.cend(), [&factory](const QString& symbol) {
+        return factory.constructMolecule(symbol).monoMass() > 1.0; // the electron E is no element
+    });
 }
 //! [FormulaTextTest]
+
+//! [GlycanTextTest]
+/// Tells whether a text is nothing but terms of a glycan that the factory can use.
+bool isKnownGlycan(const QString& text, const ChemicalFactory& factory)
+{
+    static const QRegularExpression terms(QRegularExpression::anchoredPattern(QStringLiteral(
+        "(?:(?:HexNAc|dHex|Fuc|Hex|Pent|NeuAc|NeuGc|Sodium|Na) ?\\([0-9]+\\) ?)++")));
+    return terms.match(text).hasMatch() && factory.isValidGlycanComposition(text);
+}
+//! [GlycanTextTest]
+
+//! [CodeTest]
+/// Tells whether a reader can match a code that setBuildingBlock() is given.
+bool canBeRead(const QString& code, ChemicalFactory::BuildingBlockType type)
+{
+    static const QRegularExpression sugar(
+        QRegularExpression::anchoredPattern(u"HexNAc|dHex|Fuc|Hex|Pent|NeuAc|NeuGc|Sodium|Na"_s));
+    switch (type) {
+    case ChemicalFactory::AminoAcidBlock:
+        return code.size() == 1;
+    case ChemicalFactory::NucleobaseBlock:
+    case ChemicalFactory::RiboseBlock:
+    case ChemicalFactory::PhosphateBlock:
+    case ChemicalFactory::FivePrimeTerminalBlock:
+    case ChemicalFactory::ThreePrimeTerminalBlock: // what numbers and expressions need is no code
+        return code.size() == 1 && !code.front().isSpace() && !code.front().isDigit() &&
+               !u"-^\\,"_s.contains(code);
+    case ChemicalFactory::SugarBlock:
+        return sugar.match(code).hasMatch();
+    default:
+        return false; // for callers: nothing reads these
+    }
+}
+//! [CodeTest]
 
 //! [RefusedIsotopes]
 /// Tells whether the isotope text that a factory was made from was refused.

@@ -16,11 +16,15 @@ using Recipe = void (*)(QTextStream& out);
 void massOfFormula(QTextStream& out);
 void peptideFragments(QTextStream& out);
 void modifiedSugars(QTextStream& out);
-void labelledFactory(QTextStream& out);
+void negativeIons(QTextStream& out);
+void deletions(QTextStream& out);
+void modifiedPeptides(QTextStream& out);
+void heavyResidues(QTextStream& out);
 void disulfide(QTextStream& out);
 void clipsAndMatching(QTextStream& out);
 void messages(QTextStream& out);
 void threads(QTextStream& out);
+void antibody(QTextStream& out);
 
 void massToCharge(QTextStream& out);
 void neutralLosses(QTextStream& out);
@@ -28,6 +32,15 @@ void modificationAtResidue(QTextStream& out);
 void missedCleavages(QTextStream& out);
 void averagine(QTextStream& out);
 void monoisotopicMatching(QTextStream& out);
+
+void isotopeTexts(QTextStream& out);
+void isotopeTextsUnchecked(QTextStream& out);
+
+void ionLabels(QTextStream& out);
+void kindsOfBlocks(QTextStream& out);
+void aminoAcids(QTextStream& out);
+void glycanResidues(QTextStream& out);
+void partsOfNucleotides(QTextStream& out);
 
 void quietFailures(QTextStream& out);
 void histories(QTextStream& out);
@@ -38,3 +51,12 @@ void shareLeftOut(QTextStream& out);
 void firstWandX(QTextStream& out);
 void electronMass(QTextStream& out);
 void estimates(QTextStream& out);
+
+/// What the recipes promise, proved on lists of texts and on masses from elsewhere: they print
+/// FAILED where it does not hold.
+void digestProved(QTextStream& out);
+void oddTexts(QTextStream& out);
+void oddCodes(QTextStream& out);
+void isotopeTextsProved(QTextStream& out);
+void negativeIonsProved(QTextStream& out);
+void deletionsProved(QTextStream& out);

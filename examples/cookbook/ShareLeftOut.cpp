@@ -24,15 +24,21 @@ void shareLeftOut(QTextStream& out)
 
     //! [ShareLeftOut]
     const auto factory = defaultChemicalFactory();
+    const double electron = factory->constructMolecule(u"E"_s).monoMass();
     for (const QString& formula : std::as_const(formulas)) {
         const Molecule molecule = factory->constructMolecule(formula);
         QList<QPointF> envelope;
         factory->generateIsotopeEnvelope(molecule, 1, &envelope, false);
         double share = 0.0;
-        for (const QPointF& peak : std::as_const(envelope))
+        double centroid = 0.0;
+        for (const QPointF& peak : std::as_const(envelope)) {
             share += peak.y();
+            centroid += peak.x() * peak.y();
+        }
+        const double missing = molecule.averageMass() - electron - centroid / share;
         out << formula << ' ' << QString::number(molecule.averageMass(), 'f', 0)
-            << " Da: " << QString::number(100.0 * (1.0 - share), 'g', 2) << " % left out\n";
+            << " Da: " << QString::number(100.0 * (1.0 - share), 'g', 2) << " % left out, centroid "
+            << QString::number(missing / molecule.averageMass() * 1e6, 'f', 2) << " ppm light\n";
     }
     //! [ShareLeftOut]
 }

@@ -1,33 +1,85 @@
-// Cuts a protein by a residue rule and looks the pieces up in a list of measured masses.
+// Cuts the proteins of a FASTA file with trypsin and prints each peptide with its mass, or why it
+// has none. With a list of measured masses it prints the peptides that match instead.
 //
-//   digest SEQUENCE BEFORE AFTER MASSES.txt PPM
+//   digest PROTEINS.fasta [MASSES.txt PPM]
 //
-// BEFORE is a regular expression of what stands before a cut, AFTER plain text of what stands
-// behind it or empty: "[KR](?!P)" and "" for trypsin. MASSES.txt holds neutral average masses in
-// daltons.
+// MASSES.txt holds neutral average masses in daltons. Ends with 1 if nothing matches.
 
+#include "../common/Digest.h"
+#include "../common/Fasta.h"
 #include "../common/MassList.h"
-#include <ChemicalModel.h>
 
+#include <QFile>
 #include <QTextStream>
-
-#include <algorithm>
 
 using namespace Qt::StringLiterals;
 
 namespace {
 
-/// The places where a chain may be cut, taken from the clips of a residue rule, with both its ends.
-QList<int> cutPlaces(const QList<chem::MoleculeEntity>& clips, int residueCount)
+constexpr qsizetype missedCleavages = 1;
+
+QString place(const Peptide& peptide)
 {
-    QList<int> places = {1, residueCount + 1};
-    for (qsizetype i = 1; i < clips.size(); ++i) { // the first clip is the whole chain
-        const chem::ParentChainLocus locus = clips[i].chains().first().parentLocus();
-        places << locus.start << locus.end;
+    const qsizetype last = peptide.position + peptide.sequence.size() - 1;
+    return u"%1 to %2"_s.arg(peptide.position).arg(last);
+}
+
+/// The unknown letters of a peptide with their positions in the protein: "U 14, X 15".
+QString unknownText(const Peptide& peptide, const chem::ChemicalFactory& factory)
+{
+    QStringList texts;
+    for (const qsizetype position : unknownLetters(peptide.sequence, factory)) {
+        const QChar letter = peptide.sequence.at(position - 1);
+        texts.append(u"%1 %2"_s.arg(letter).arg(peptide.position + position - 1));
     }
-    std::sort(places.begin(), places.end());
-    places.erase(std::unique(places.begin(), places.end()), places.end());
-    return places;
+    return texts.join(u", "_s);
+}
+
+void printPeptide(const Peptide& peptide, const chem::ChemicalFactory& factory, QTextStream& out)
+{
+    const QString unknown = unknownText(peptide, factory);
+    out << "  " << place(peptide) << ": " << peptide.sequence << ' ';
+    if (unknown.isEmpty()) {
+        const auto complex = factory.constructLinearPeptideComplex(peptide.sequence);
+        out << QString::number(complex->monoMass(), 'f', 4) << " Da\n";
+    } else {
+        out << "has no mass: " << unknown << '\n';
+    }
+}
+
+/// The measured masses, and how far they may be off.
+struct Measurements
+{
+    QList<chem::ObservedMassEntity> observed;
+    chem::MatchingParameters parameters;
+};
+
+Measurements measurements(const QString& path, double ppm)
+{
+    const QList<double> masses = readMassList(path);
+    Measurements measured;
+    measured.observed = QList<chem::ObservedMassEntity>(masses.cbegin(), masses.cend());
+    measured.parameters.massTolerance = {ppm, 1};
+    return measured;
+}
+
+/// Prints the measurements that match a peptide, and says how many.
+qsizetype printMatches(const Peptide& peptide, const Measurements& measured,
+                       const chem::ChemicalFactory& factory, QTextStream& out)
+{
+    if (!unknownLetters(peptide.sequence, factory).isEmpty())
+        return 0;
+    const chem::Molecule molecule = *factory.constructLinearPeptideComplex(peptide.sequence);
+    const QList<chem::Match> matches =
+        chem::match(molecule, measured.observed, measured.parameters);
+    for (const chem::Match& match : matches) {
+        const double error = match.observedMass.mass() / molecule.averageMass() - 1.0;
+        out << "  " << place(peptide) << ": " << peptide.sequence << ' '
+            << QString::number(molecule.averageMass(), 'f', 3) << " Da, measured "
+            << QString::number(match.observedMass.mass(), 'f', 3) << ", "
+            << QString::number(error * 1e6, 'f', 1) << " ppm\n";
+    }
+    return matches.size();
 }
 
 } // namespace
@@ -35,50 +87,35 @@ QList<int> cutPlaces(const QList<chem::MoleculeEntity>& clips, int residueCount)
 int main(int argc, char* argv[])
 {
     QTextStream out(stdout);
-    QTextStream errors(stderr);
-    if (argc != 6) {
-        errors << "usage: digest SEQUENCE BEFORE AFTER MASSES.txt PPM\n";
+    QFile file;
+    if (argc == 2 || argc == 4)
+        file.setFileName(QString::fromLocal8Bit(argv[1]));
+    if (file.fileName().isEmpty() || !file.open(QIODevice::ReadOnly)) {
+        QTextStream(stderr) << "usage: digest PROTEINS.fasta [MASSES.txt PPM]\n";
         return 2;
     }
-    const QString sequence = QString::fromLocal8Bit(argv[1]);
-    const QString before = QString::fromLocal8Bit(argv[2]);
-    const QString after = QString::fromLocal8Bit(argv[3]);
-    const QList<double> masses = readMassList(QString::fromLocal8Bit(argv[4]));
-    chem::MatchingParameters parameters;
-    parameters.massTolerance = {QString::fromLocal8Bit(argv[5]).toDouble(), 1};
-    const QList<chem::ObservedMassEntity> observed(masses.cbegin(), masses.cend());
-
     const auto factory = chem::defaultChemicalFactory();
-    const chem::Chain chain =
-        chem::constructPeptideChain(u"chain"_s, QString(), sequence, factory.data());
-    const chem::MoleculeEntity protein =
-        chem::constructProteinFromChains(u"protein"_s, {chain}, {}, {}, factory.data());
-    const auto clips = chem::generateClips(
-        protein, factory.data(), chem::ClipOptions::createClipByResidue({before}, {after}));
-    const QList<int> places = cutPlaces(clips, static_cast<int>(sequence.size()));
+    const bool isSearch = argc == 4;
+    const Measurements measured = isSearch
+                                      ? measurements(QString::fromLocal8Bit(argv[2]),
+                                                     QString::fromLocal8Bit(argv[3]).toDouble())
+                                      : Measurements();
 
-    // A piece between two cuts is a peptide once it has its termini back.
-    const chem::MoleculeEntity start = chain.residues().first();
-    const chem::MoleculeEntity end = chain.residues().last();
-    constexpr qsizetype missedCleavages = 1;
+    const QRegularExpression trypsin(u"(?<=[KR])(?!P)"_s);
+    QTextStream text(&file);
+    const QList<FastaEntry> proteins = readFasta(text);
     qsizetype matched = 0;
-    for (qsizetype i = 0; i + 1 < places.size(); ++i) {
-        for (qsizetype j = i + 1; j <= i + 1 + missedCleavages && j < places.size(); ++j) {
-            const chem::ChainFragmenter cut({{start, {QString(), 0, places[i], places[j]}, end}});
-            const chem::MoleculeEntity peptide = cut.transform(protein);
-            const QString text = sequence.mid(places[i] - 1, places[j] - places[i]);
-            for (const chem::Match& match : chem::match(peptide, observed, parameters)) {
-                const double error = match.observedMass.mass() - peptide.averageMass();
-                out << u"%1 - %2"_s.arg(places[i]).arg(places[j] - 1).leftJustified(12)
-                    << QString::number(peptide.averageMass(), 'f', 3).rightJustified(12)
-                    << QString::number(match.observedMass.mass(), 'f', 3).rightJustified(12)
-                    << QString::number(error / peptide.averageMass() * 1e6, 'f', 1)
-                           .rightJustified(8)
-                    << u" ppm  "_s << text << '\n';
-                ++matched;
-            }
+    for (const FastaEntry& protein : proteins) {
+        out << protein.name << ", " << protein.sequence.size() << " residues\n";
+        const QList<Peptide> peptides = digest(protein.sequence, trypsin, missedCleavages);
+        for (const Peptide& peptide : peptides) {
+            if (isSearch)
+                matched += printMatches(peptide, measured, *factory, out);
+            else
+                printPeptide(peptide, *factory, out);
         }
     }
-    out << matched << " matches of " << masses.size() << " measured masses\n";
-    return matched > 0 ? 0 : 1;
+    if (isSearch)
+        out << matched << " matches of " << measured.observed.size() << " measured masses\n";
+    return isSearch && matched == 0 ? 1 : 0;
 }
