@@ -15,6 +15,7 @@ set(CPACK_DEBIAN_PACKAGE_GENERATE_SHLIBS ON)
 set(CPACK_DEBIAN_PACKAGE_GENERATE_SHLIBS_POLICY ">=")
 set(CPACK_PRE_BUILD_SCRIPTS ${PROJECT_SOURCE_DIR}/packaging/AddDocuments.cmake)
 set(CPACK_COMPONENTS_ALL)
+set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS_PRIVATE_DIRS)
 
 # zel_package(PART PACKAGE SECTION KIND) sets what both packages of a library have.
 macro(zel_package part package section kind)
@@ -31,6 +32,9 @@ endmacro()
 
 foreach(library IN LISTS zel_libraries)
     string(REPLACE _ - name lib${library})
+    # Where those look that are linked with it; the package that holds it is named by its component.
+    get_target_property(library_dir ${library} BINARY_DIR)
+    list(APPEND CPACK_DEBIAN_PACKAGE_SHLIBDEPS_PRIVATE_DIRS ${library_dir})
 
     zel_package(runtime ${name}${PROJECT_VERSION_MAJOR} libs "shared library")
     set(CPACK_DEBIAN_${component}_PACKAGE_SHLIBDEPS ON)
