@@ -9,6 +9,7 @@ set(CPACK_PACKAGE_DESCRIPTION_SUMMARY "") # each package has one of its own
 set(CPACK_DEB_COMPONENT_INSTALL ON)
 set(CPACK_DEBIAN_ENABLE_COMPONENT_DEPENDS ON)
 set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
+set(CPACK_DEBIAN_PACKAGE_CONTROL_STRICT_PERMISSION ON) # whatever the umask of the sources was
 set(CPACK_DEBIAN_PACKAGE_SOURCE zel-chemical-model)
 # A program runs with every later release of the same major version.
 set(CPACK_DEBIAN_PACKAGE_GENERATE_SHLIBS ON)
