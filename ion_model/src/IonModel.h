@@ -1,0 +1,9 @@
+#pragma once
+
+/// \file
+/// Every public header of the library.
+
+#include "AtomMasses.h"
+#include "Composition.h"
+#include "Parsed.h"
+#include "Tolerance.h"
