@@ -4,6 +4,11 @@
 /// Every public header of the library.
 
 #include "AtomMasses.h"
+#include "Backbone.h"
 #include "Composition.h"
+#include "FragmentIons.h"
+#include "Ionization.h"
+#include "ModificationTable.h"
 #include "Parsed.h"
+#include "ResidueTable.h"
 #include "Tolerance.h"
