@@ -5,5 +5,6 @@
 
 #include "AtomMasses.h"
 #include "Composition.h"
+#include "IsotopePattern.h"
 #include "Parsed.h"
 #include "Tolerance.h"
