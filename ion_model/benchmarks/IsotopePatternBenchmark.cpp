@@ -1,10 +1,9 @@
 // Isotope patterns beside the envelopes of the first library, which sum one isotopologue at a time.
 
 #include "BenchmarkInputs.h"
+#include "IsotopePattern.h"
 #include <ChemicalFactory.h>
 #include <LinearComplex.h>
-
-#include "IsotopePattern.h"
 
 #include <benchmark/benchmark.h>
 
@@ -14,6 +13,12 @@ namespace {
 
 constexpr int peptideCount = 500;
 
+const ions::AtomMasses& natural()
+{
+    static const ions::AtomMasses masses;
+    return masses;
+}
+
 /// One molecule in the forms that both libraries take.
 struct Input
 {
@@ -22,7 +27,7 @@ struct Input
 
     explicit Input(const chem::Molecule& whole)
         : molecule(whole)
-        , groups{{ions::Composition::fromFormula(whole.formula()).value(), ions::AtomMasses()}}
+        , groups{{ions::Composition::fromFormula(whole.formula()).value(), natural()}}
     {
     }
 };
@@ -32,8 +37,7 @@ const std::vector<Input>& peptides()
     static const std::vector<Input> inputs = [] {
         std::vector<Input> made;
         for (const QString& text : randomPeptides(peptideCount, 7, 30))
-            made.emplace_back(
-                *chem::defaultChemicalFactory()->constructLinearPeptideComplex(text));
+            made.emplace_back(*chem::defaultChemicalFactory()->constructLinearPeptideComplex(text));
         return made;
     }();
     return inputs;

@@ -80,8 +80,8 @@ public:
     explicit AtomMasses(const chem::ChemicalFactory& factory);
 
     /// This table with one element labelled: `share` of its atoms are `isotope`, and its other
-    /// isotopes keep their ratio to each other, as in a nutrient of 98.7 % nitrogen-15. With a share
-    /// of 1 the element has no other isotope, with 0 it lacks this one.
+    /// isotopes keep their ratio to each other, as in a nutrient of 98.7 % nitrogen-15. With a
+    /// share of 1 the element has no other isotope, with 0 it lacks this one.
     ///
     /// Refused are atoms that state no isotope or one that no table holds, shares outside 0 to 1,
     /// and shares other than 1 where the element has no other isotope.

@@ -5,6 +5,7 @@
 
 #include "AtomMasses.h"
 #include "Composition.h"
+#include "FormulaSearch.h"
 #include "IsotopePattern.h"
 #include "Parsed.h"
 #include "Tolerance.h"

@@ -94,7 +94,7 @@ private:
     std::vector<double> m_shares;
     qint64 m_firstBin = 0;
     qint64 m_monoisotopicBin = 0;
-    std::array<std::vector<double>, 7> m_scratch; ///< Empty between calls, with their memory.
+    std::array<std::vector<double>, 5> m_scratch; ///< Empty between calls, with their memory.
 };
 
 /// The isotopologues of a molecule one by one, by mass.

@@ -1,5 +1,4 @@
 #include "IsotopePattern.h"
-
 #include "patterns/IsotopeGroups.h"
 
 #include <IsoSpec++/isoSpec++.h>
@@ -149,8 +148,7 @@ Parsed<double> mostAbundantMass(std::span<const IsotopeGroup> groups)
     if (const auto refusal = refusalOfIsotopologues(groups))
         return *refusal;
     const IsoArrays arrays(groups);
-    return arrays.isEmpty() ? arrays.fixedMass
-                            : arrays.fixedMass + arrays.iso().getModeMass();
+    return arrays.isEmpty() ? arrays.fixedMass : arrays.fixedMass + arrays.iso().getModeMass();
 }
 
 } // namespace ions

@@ -55,8 +55,8 @@ void interpolateEmptyBins(std::span<const double> shares, std::vector<double>* c
 } // namespace
 
 /// Multiplies the distributions of the elements. Beside the shares of the bins it carries their
-/// moments: share times excess, which is what the molecules of a bin weigh on the average beyond the
-/// lightest and beyond 1 Da for each extra neutron.
+/// moments: share times excess, which is what the molecules of a bin weigh on the average beyond
+/// the lightest and beyond 1 Da for each extra neutron.
 ///
 /// The distribution of n atoms is the n-th power of that of one. Its moments are n times those of
 /// one atom times the power n - 1, so that no moments have to be raised.
@@ -68,11 +68,9 @@ public:
         , m_moments(pattern->m_centroids)
         , m_atomShares(pattern->m_scratch[0])
         , m_atomMoments(pattern->m_scratch[1])
-        , m_termShares(pattern->m_scratch[2])
-        , m_termMoments(pattern->m_scratch[3])
-        , m_power(pattern->m_scratch[4])
-        , m_product(pattern->m_scratch[5])
-        , m_spare(pattern->m_scratch[6])
+        , m_power(pattern->m_scratch[2])
+        , m_newShares(pattern->m_scratch[3])
+        , m_newMoments(pattern->m_scratch[4])
         , m_coverage(coverage)
         , m_cut(cutOfLeftOut * (1.0 - coverage))
     {
@@ -87,8 +85,11 @@ public:
         m_lightestMass += double(count) * isotopes.front().mass;
         m_monoisotopicBin += count * (std::lround(monoisotopicMass) - lightest);
         m_total *= std::pow(sumOfAbundances(isotopes), double(count));
-        raiseAtom(count);
-        multiplyByTerm();
+        PolynomialPower power(&m_power, &m_newShares, &m_newMoments);
+        power.raise(m_atomShares, count - 1, m_cut);
+        m_first += power.first();
+        multiplyByPower(m_power);
+        multiplyByAtom(count);
     }
 
     void finish(IsotopePattern* pattern)
@@ -123,37 +124,49 @@ private:
         }
     }
 
-    void raiseAtom(qint64 count)
+    /// Multiplies shares and moments by a polynomial without moments.
+    void multiplyByPower(std::span<const double> power)
     {
-        PolynomialPower power(&m_power, &m_product, &m_spare);
-        power.raise(m_atomShares, count - 1, m_cut);
-        m_first += power.first();
-        m_termShares.assign(m_power.size() + m_atomShares.size() - 1, 0.0);
-        m_termMoments.assign(m_termShares.size(), 0.0);
-        addProduct(m_atomShares, m_power, m_termShares.data());
-        addProduct(m_atomMoments, m_power, m_termMoments.data());
-        for (double& moment : m_termMoments)
-            moment *= double(count);
-        cutEnds(&m_termShares, &m_termMoments);
+        clearProducts(power.size());
+        for (std::size_t i = 0; i < power.size(); ++i) {
+            if (power[i] != 0.0)
+                addMultiples(power[i], i);
+        }
+        takeProducts();
     }
 
-    void multiplyByTerm()
+    /// Multiplies by the atom with its moments `count` times.
+    void multiplyByAtom(qint64 count)
     {
-        m_product.assign(m_shares.size() + m_termShares.size() - 1, 0.0);
-        m_spare.assign(m_product.size(), 0.0);
-        addProduct(m_shares, m_termShares, m_product.data());
-        addProduct(m_shares, m_termMoments, m_spare.data());
-        addProduct(m_moments, m_termShares, m_spare.data());
-        m_shares.swap(m_product);
-        m_moments.swap(m_spare);
-        cutEnds(&m_shares, &m_moments);
+        clearProducts(m_atomShares.size());
+        for (std::size_t i = 0; i < m_atomShares.size(); ++i) {
+            if (m_atomShares[i] == 0.0)
+                continue;
+            addMultiples(m_atomShares[i], i);
+            addMultiple(double(count) * m_atomMoments[i], m_shares, m_newMoments.data() + i);
+        }
+        takeProducts();
     }
 
-    void cutEnds(std::vector<double>* shares, std::vector<double>* moments)
+    void clearProducts(std::size_t factorSize)
     {
-        const CoefficientRun run = runAbove(m_cut, *shares);
-        keep(run, shares);
-        keep(run, moments);
+        m_newShares.assign(m_shares.size() + factorSize - 1, 0.0);
+        m_newMoments.assign(m_newShares.size(), 0.0);
+    }
+
+    void addMultiples(double factor, std::size_t offset)
+    {
+        addMultiple(factor, m_shares, m_newShares.data() + offset);
+        addMultiple(factor, m_moments, m_newMoments.data() + offset);
+    }
+
+    void takeProducts()
+    {
+        m_shares.swap(m_newShares);
+        m_moments.swap(m_newMoments);
+        const CoefficientRun run = runAbove(m_cut, m_shares);
+        keep(run, &m_shares);
+        keep(run, &m_moments);
         m_first += qint64(run.begin);
     }
 
@@ -161,11 +174,9 @@ private:
     std::vector<double>& m_moments;
     std::vector<double>& m_atomShares;
     std::vector<double>& m_atomMoments;
-    std::vector<double>& m_termShares;
-    std::vector<double>& m_termMoments;
     std::vector<double>& m_power;
-    std::vector<double>& m_product;
-    std::vector<double>& m_spare;
+    std::vector<double>& m_newShares;
+    std::vector<double>& m_newMoments;
     double m_coverage;
     double m_cut;
     double m_total = 1.0; ///< What all shares add up to; not quite 1 where the abundances do not.

@@ -7,32 +7,11 @@
 
 namespace ions {
 
-namespace {
-
-/// Adds `factor` times the values to `sum`.
-void addMultiple(double factor, std::span<const double> values, double* __restrict sum)
-{
-    const double* __restrict source = values.data();
-    const std::size_t size = values.size();
-    for (std::size_t i = 0; i < size; ++i)
-        sum[i] += factor * source[i];
-}
-
-} // namespace
-
-void addProduct(std::span<const double> left, std::span<const double> right, double* sum)
-{
-    if (left.size() > right.size())
-        std::swap(left, right);
-    for (std::size_t i = 0; i < left.size(); ++i) {
-        if (left[i] != 0.0)
-            addMultiple(left[i], right, sum + i);
-    }
-}
-
 CoefficientRun runAbove(double cut, std::span<const double> values)
 {
-    const auto matters = [cut](double value) { return value >= cut; };
+    const auto matters = [cut](double value) {
+        return value >= cut;
+    };
     const auto first = std::find_if(values.begin(), values.end(), matters);
     if (first == values.end())
         return {0, values.size()};
@@ -99,8 +78,8 @@ void PolynomialPower::raiseTwoTerms(double low, double high, qint64 degree, qint
     m_first = lowest * degree;
 }
 
-/// Squares and multiplies along the digits of the exponent. What is cut off a lower power is missing
-/// from the result exponent / power times, so that lower powers keep more of their ends.
+/// Squares and multiplies along the digits of the exponent. What is cut off a lower power is
+/// missing from the result exponent / power times, so that lower powers keep more of their ends.
 void PolynomialPower::raiseBySquaring(std::span<const double> base, qint64 exponent, double cut)
 {
     m_power->assign(base.begin(), base.end());
@@ -133,7 +112,10 @@ void PolynomialPower::square()
 void PolynomialPower::multiply(std::span<const double> base)
 {
     m_product->assign(m_power->size() + base.size() - 1, 0.0);
-    addProduct(base, *m_power, m_product->data());
+    for (std::size_t i = 0; i < base.size(); ++i) {
+        if (base[i] != 0.0)
+            addMultiple(base[i], *m_power, m_product->data() + i);
+    }
     m_power->swap(*m_product);
 }
 

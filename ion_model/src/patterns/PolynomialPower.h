@@ -7,9 +7,15 @@
 
 namespace ions {
 
-/// Adds the product of two polynomials, coefficient by coefficient, to `sum`, which has room for
-/// one coefficient less than both have together. Nothing may overlap.
-void addProduct(std::span<const double> left, std::span<const double> right, double* sum);
+/// Adds `factor` times each of the values to `sum`, which has room for as many. The two may not
+/// overlap.
+inline void addMultiple(double factor, std::span<const double> values, double* __restrict sum)
+{
+    const double* __restrict source = values.data();
+    const std::size_t size = values.size();
+    for (std::size_t i = 0; i < size; ++i)
+        sum[i] += factor * source[i];
+}
 
 /// A run of coefficients that matter, by index.
 struct CoefficientRun

@@ -37,9 +37,9 @@ public:
         }
         for (const IsotopeGroup& group : groups) {
             for (const Composition::Term& term : group.composition.terms())
-                m_lightestMass += static_cast<long double>(
-                                      group.atoms.isotopes(term.atom).front().mass) *
-                                  term.count;
+                m_lightestMass +=
+                    static_cast<long double>(group.atoms.isotopes(term.atom).front().mass) *
+                    term.count;
         }
     }
 
@@ -119,8 +119,7 @@ private:
         Complex share = 0.0L;
         Complex moment = 0.0L;
         for (const IsotopeShare& isotope : isotopes) {
-            const auto neutrons =
-                static_cast<long double>(neutronsOf(isotope, isotopes.front()));
+            const auto neutrons = static_cast<long double>(neutronsOf(isotope, isotopes.front()));
             const Complex part = std::polar<long double>(isotope.abundance, angle * neutrons);
             const long double mass = isotope.mass;
             share += part;

@@ -94,8 +94,8 @@ TEST(AtomMasses, ALabelTakesItsShareAndTheOthersKeepTheirRatio)
     ASSERT_EQ(after.size(), 3U);
     EXPECT_EQ(after[2].abundance, 0.97);
     EXPECT_NEAR(after[0].abundance + after[1].abundance, 0.03, 1e-15);
-    EXPECT_NEAR(after[0].abundance / after[1].abundance,
-                before[0].abundance / before[1].abundance, 1e-9);
+    EXPECT_NEAR(after[0].abundance / after[1].abundance, before[0].abundance / before[1].abundance,
+                1e-9);
     EXPECT_EQ(heavy.of({8, 0}).monoisotopic, natural.of({8, 18}).monoisotopic);
     EXPECT_EQ(heavy.of({7, 0}), natural.of({7, 0}));
     EXPECT_EQ(natural.isotopes({8, 0}).size(), 3U);

@@ -97,11 +97,11 @@ TEST(IsotopePattern, BothExactWaysAgree)
 TEST(IsotopePattern, SmallMoleculesAreExact)
 {
     const QStringList texts = {
-        u"H"_s,   u"H2"_s,   u"C"_s,       u"O"_s,        u"S"_s,      u"P"_s,      u"H2O"_s,
-        u"Cl"_s,  u"Br2"_s,  u"CCl4"_s,    u"CBr4"_s,     u"Se"_s,     u"Se8"_s,    u"Sn"_s,
-        u"Sn4"_s, u"Pt"_s,   u"PtCl2"_s,   u"Hg"_s,       u"Hg3"_s,    u"B10H14"_s, u"Li6"_s,
-        u"Fe4S4"_s, u"C60"_s, u"[13C6]H12O6"_s, u"[13C6]"_s, u"D2O"_s, u"Xe"_s,     u"Cd7Te9"_s,
-        u"Gd3"_s, u"Os"_s,   u"C10H10Fe"_s, u"Ca5Mg5K5"_s, u"Si60"_s,  u"Nd9"_s,    u"Ti30"_s,
+        u"H"_s,     u"H2"_s,  u"C"_s,           u"O"_s,        u"S"_s,    u"P"_s,      u"H2O"_s,
+        u"Cl"_s,    u"Br2"_s, u"CCl4"_s,        u"CBr4"_s,     u"Se"_s,   u"Se8"_s,    u"Sn"_s,
+        u"Sn4"_s,   u"Pt"_s,  u"PtCl2"_s,       u"Hg"_s,       u"Hg3"_s,  u"B10H14"_s, u"Li6"_s,
+        u"Fe4S4"_s, u"C60"_s, u"[13C6]H12O6"_s, u"[13C6]"_s,   u"D2O"_s,  u"Xe"_s,     u"Cd7Te9"_s,
+        u"Gd3"_s,   u"Os"_s,  u"C10H10Fe"_s,    u"Ca5Mg5K5"_s, u"Si60"_s, u"Nd9"_s,    u"Ti30"_s,
     };
     for (const QString& text : texts) {
         SCOPED_TRACE(text.toStdString());
@@ -150,7 +150,8 @@ TEST(IsotopePattern, GroupsWithTablesOfTheirOwnAreOneMolecule)
     int compared = 0;
     for (int i = 0; i < 60; ++i) {
         const double mass = 200.0 * std::pow(1.15, i);
-        const AtomMasses exchanged = natural().labelled({1, 2}, double(random() % 100) / 99.0).value();
+        const AtomMasses exchanged =
+            natural().labelled({1, 2}, double(random() % 100) / 99.0).value();
         const Groups groups = {
             {proteinOf(mass), i % 3 == 0 ? heavyCarbon : heavyNitrogen},
             {formula(u"[13C6]C4H12N2O3"_s), natural()},
@@ -203,8 +204,8 @@ TEST(IsotopePattern, EmptyBinsLieBetweenTheirNeighbours)
     const auto bromine = IsotopePattern::of(formula(u"Br2"_s), natural());
     ASSERT_EQ(bromine->shares().size(), 5U);
     EXPECT_EQ(bromine->shares()[1], 0.0);
-    EXPECT_NEAR(bromine->centroids()[1],
-                0.5 * (bromine->centroids()[0] + bromine->centroids()[2]), 1e-9);
+    EXPECT_NEAR(bromine->centroids()[1], 0.5 * (bromine->centroids()[0] + bromine->centroids()[2]),
+                1e-9);
 }
 
 TEST(IsotopePattern, NoShorterRunOfBinsHoldsTheCoverage)
@@ -319,7 +320,8 @@ TEST(IsotopePattern, OtherCoveragesAreRefusedAndChangeNothing)
 Composition randomComposition()
 {
     Composition composition;
-    for (const QString& symbol : {u"H"_s, u"C"_s, u"N"_s, u"O"_s, u"S"_s, u"Cl"_s, u"Se"_s, u"Sn"_s})
+    for (const QString& symbol :
+         {u"H"_s, u"C"_s, u"N"_s, u"O"_s, u"S"_s, u"Cl"_s, u"Se"_s, u"Sn"_s})
         RC_ASSERT(composition.add(Atom::element(symbol), *rc::gen::inRange(0, 200)));
     return composition;
 }
