@@ -15,6 +15,14 @@ namespace {
 /// IsoSpec++ keeps the logarithms of factorials up to this number.
 constexpr int largestCount = 10485758;
 
+/// How far, in natural logarithms, the first layer reaches below the most abundant isotopologue;
+/// how much farther each next one does, as a part of what was reached; and the most that a layer
+/// spans. Isotopologues of many heavy atoms lie so densely that thicker layers would not fit in
+/// memory.
+constexpr double firstLayer = 1e-6;
+constexpr double layerGrowth = 0.15;
+constexpr double thickestLayer = 2.0;
+
 /// The terms as the arrays that IsoSpec++ takes. Terms of one isotope have nothing to distribute:
 /// they are a mass and a factor, since IsoSpec++ cannot do without any term.
 struct IsoArrays
@@ -84,6 +92,12 @@ std::vector<Isotopologue> layers(const IsoArrays& arrays, double target, qsizety
         return {{arrays.fixedMass, arrays.fixedShare}};
     std::vector<Isotopologue> found;
     double sum = 0.0;
+    double depth = firstLayer;
+    const auto nextLayer = [&depth](IsoSpec::IsoLayeredGenerator* generator) {
+        const double thickness = std::min(thickestLayer, layerGrowth * depth);
+        depth += thickness;
+        return generator->nextLayer(-thickness);
+    };
     IsoSpec::IsoLayeredGenerator generator(arrays.iso());
     do {
         while (generator.advanceToNextConfigurationWithinLayer()) {
@@ -91,7 +105,7 @@ std::vector<Isotopologue> layers(const IsoArrays& arrays, double target, qsizety
             found.push_back({arrays.fixedMass + generator.mass(), share});
             sum += share;
         }
-    } while (sum < target && qsizetype(found.size()) < limit && generator.nextLayer(-2.0));
+    } while (sum < target && qsizetype(found.size()) < limit && nextLayer(&generator));
     return found;
 }
 

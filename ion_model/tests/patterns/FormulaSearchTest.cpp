@@ -148,6 +148,13 @@ TEST(FormulaSearch, KnownMoleculesAreFound)
     }
 }
 
+TEST(FormulaSearch, CaffeineIsTheNearestWithAtMostFourOxygens)
+{
+    const FormulaLimits limits{{{carbon}, {hydrogen}, {nitrogen}, {oxygen, 1, 4}}, 0.0};
+    const auto found = findFormulas(194.0804, ppm(5), limits, natural());
+    EXPECT_EQ(found->matches[0].composition.toString(), u"C8H10N4O2"_s);
+}
+
 TEST(FormulaSearch, TheNearestComeFirstAndTheFlagTellsOfTheOthers)
 {
     FormulaLimits limits = allOf({carbon, hydrogen, nitrogen, oxygen, sulfur});
