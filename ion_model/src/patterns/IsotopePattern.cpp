@@ -60,6 +60,9 @@ void interpolateEmptyBins(std::span<const double> shares, std::vector<double>* c
 ///
 /// The distribution of n atoms is the n-th power of that of one. Its moments are n times those of
 /// one atom times the power n - 1, so that no moments have to be raised.
+///
+/// All distributions add up to 1 here. The little by which the abundances of an element may not is
+/// counted apart and put back in the end.
 class IsotopePattern::Builder
 {
 public:
@@ -80,27 +83,28 @@ public:
 
     void multiplyBy(std::span<const IsotopeShare> isotopes, double monoisotopicMass, qint64 count)
     {
-        readAtom(isotopes);
+        readAtom(isotopes, count);
         const qint64 lightest = std::lround(isotopes.front().mass);
         m_lightestMass += double(count) * isotopes.front().mass;
         m_monoisotopicBin += count * (std::lround(monoisotopicMass) - lightest);
-        m_total *= std::pow(sumOfAbundances(isotopes), double(count));
         PolynomialPower power(&m_power, &m_newShares, &m_newMoments);
         power.raise(m_atomShares, count - 1, m_cut);
         m_first += power.first();
-        multiplyByPower(m_power);
-        multiplyByAtom(count);
+        multiplyBy(m_power);
+        multiplyByAtom();
     }
 
     void finish(IsotopePattern* pattern)
     {
-        const CoefficientRun run = shortestRun(m_shares, m_coverage * m_total);
+        const CoefficientRun run = shortestRun(m_shares, m_coverage);
         keep(run, &m_shares);
         keep(run, &m_moments);
         m_first += qint64(run.begin);
+        const double total = std::exp(m_logTotal);
         for (std::size_t bin = 0; bin < m_shares.size(); ++bin) {
             const double excess = m_shares[bin] != 0.0 ? m_moments[bin] / m_shares[bin] : 0.0;
             m_moments[bin] = m_lightestMass + double(m_first + qint64(bin)) + excess;
+            m_shares[bin] *= total;
         }
         interpolateEmptyBins(m_shares, &m_moments); // The moments are centroids now.
         pattern->m_firstBin = m_first;
@@ -110,41 +114,40 @@ public:
     }
 
 private:
-    void readAtom(std::span<const IsotopeShare> isotopes)
+    /// Reads the shares of one atom, and its moments `count` times.
+    void readAtom(std::span<const IsotopeShare> isotopes, qint64 count)
     {
         const double lightestMass = isotopes.front().mass;
         const long lightest = std::lround(lightestMass);
+        const double sum = sumOfAbundances(isotopes);
+        m_logTotal += double(count) * std::log(sum);
         const auto bins = std::size_t(std::lround(isotopes.back().mass) - lightest) + 1;
         m_atomShares.assign(bins, 0.0);
         m_atomMoments.assign(bins, 0.0);
         for (const IsotopeShare& isotope : isotopes) {
             const auto bin = std::size_t(std::lround(isotope.mass) - lightest);
             m_atomShares[bin] += isotope.abundance;
-            m_atomMoments[bin] += isotope.abundance * (isotope.mass - lightestMass - double(bin));
+            m_atomMoments[bin] +=
+                double(count) * isotope.abundance * (isotope.mass - lightestMass - double(bin));
         }
     }
 
-    /// Multiplies shares and moments by a polynomial without moments.
-    void multiplyByPower(std::span<const double> power)
+    /// Multiplies shares and moments by a polynomial that has no moments.
+    void multiplyBy(std::span<const double> shares)
     {
-        clearProducts(power.size());
-        for (std::size_t i = 0; i < power.size(); ++i) {
-            if (power[i] != 0.0)
-                addMultiples(power[i], i);
-        }
+        clearProducts(shares.size());
+        addProduct(m_shares, shares, m_newShares.data());
+        addProduct(m_moments, shares, m_newMoments.data());
         takeProducts();
     }
 
-    /// Multiplies by the atom with its moments `count` times.
-    void multiplyByAtom(qint64 count)
+    /// Multiplies by one atom, which brings the moments of all.
+    void multiplyByAtom()
     {
         clearProducts(m_atomShares.size());
-        for (std::size_t i = 0; i < m_atomShares.size(); ++i) {
-            if (m_atomShares[i] == 0.0)
-                continue;
-            addMultiples(m_atomShares[i], i);
-            addMultiple(double(count) * m_atomMoments[i], m_shares, m_newMoments.data() + i);
-        }
+        addProduct(m_shares, m_atomShares, m_newShares.data());
+        addProduct(m_shares, m_atomMoments, m_newMoments.data());
+        addProduct(m_moments, m_atomShares, m_newMoments.data());
         takeProducts();
     }
 
@@ -152,12 +155,6 @@ private:
     {
         m_newShares.assign(m_shares.size() + factorSize - 1, 0.0);
         m_newMoments.assign(m_newShares.size(), 0.0);
-    }
-
-    void addMultiples(double factor, std::size_t offset)
-    {
-        addMultiple(factor, m_shares, m_newShares.data() + offset);
-        addMultiple(factor, m_moments, m_newMoments.data() + offset);
     }
 
     void takeProducts()
@@ -179,7 +176,7 @@ private:
     std::vector<double>& m_newMoments;
     double m_coverage;
     double m_cut;
-    double m_total = 1.0; ///< What all shares add up to; not quite 1 where the abundances do not.
+    double m_logTotal = 0.0; ///< The logarithm of what all shares really add up to.
     double m_lightestMass = 0.0;
     qint64 m_first = 0; ///< The extra neutrons of the first bin.
     qint64 m_monoisotopicBin = 0;

@@ -2,10 +2,34 @@
 
 #include <algorithm>
 #include <bit>
-#include <cmath>
 #include <numeric>
 
 namespace ions {
+
+namespace {
+
+/// Adds `factor` times each of the values to `sum`.
+void addMultiple(double factor, std::span<const double> values, double* __restrict sum)
+{
+    const double* __restrict source = values.data();
+    const std::size_t size = values.size();
+    for (std::size_t i = 0; i < size; ++i)
+        sum[i] += factor * source[i];
+}
+
+} // namespace
+
+/// The longer polynomial is gone through in the inner loop, where the processor takes several
+/// coefficients at a time.
+void addProduct(std::span<const double> left, std::span<const double> right, double* sum)
+{
+    if (left.size() > right.size())
+        std::swap(left, right);
+    for (std::size_t i = 0; i < left.size(); ++i) {
+        if (left[i] != 0.0)
+            addMultiple(left[i], right, sum + i);
+    }
+}
 
 CoefficientRun runAbove(double cut, std::span<const double> values)
 {
@@ -39,10 +63,8 @@ void PolynomialPower::raise(std::span<const double> base, qint64 exponent, doubl
     const bool hasTwoTerms =
         base.size() > 1 && std::all_of(base.begin() + 1, base.end() - 1,
                                        [](double coefficient) { return coefficient == 0.0; });
-    if (exponent == 0)
+    if (exponent == 0 || base.size() == 1)
         m_power->assign(1, 1.0);
-    else if (base.size() == 1)
-        m_power->assign(1, std::pow(base[0], double(exponent)));
     else if (hasTwoTerms)
         raiseTwoTerms(base.front(), base.back(), qint64(base.size()) - 1, exponent, cut);
     else
@@ -50,12 +72,12 @@ void PolynomialPower::raise(std::span<const double> base, qint64 exponent, doubl
 }
 
 /// Walks from the largest coefficient outwards by the ratio of neighbours, so that nothing
-/// underflows, and learns the scale from the sum, which is known.
+/// underflows, and learns the scale from the sum, which is 1.
 void PolynomialPower::raiseTwoTerms(double low, double high, qint64 degree, qint64 exponent,
                                     double cut)
 {
     const double ratio = high / low;
-    const auto mode = std::min(exponent, qint64(double(exponent + 1) * (high / (low + high))));
+    const auto mode = std::min(exponent, qint64(double(exponent + 1) * high));
     std::vector<double>& terms = *m_spare;
     terms.assign(1, 1.0);
     double value = 1.0;
@@ -70,8 +92,7 @@ void PolynomialPower::raiseTwoTerms(double low, double high, qint64 degree, qint
         value *= double(exponent - k) * ratio / double(k + 1);
         terms.push_back(value);
     }
-    const double scale =
-        std::pow(low + high, double(exponent)) / std::accumulate(terms.begin(), terms.end(), 0.0);
+    const double scale = 1.0 / std::accumulate(terms.begin(), terms.end(), 0.0);
     m_power->assign((terms.size() - 1) * std::size_t(degree) + 1, 0.0);
     for (std::size_t i = 0; i < terms.size(); ++i)
         (*m_power)[i * std::size_t(degree)] = scale * terms[i];
@@ -112,10 +133,7 @@ void PolynomialPower::square()
 void PolynomialPower::multiply(std::span<const double> base)
 {
     m_product->assign(m_power->size() + base.size() - 1, 0.0);
-    for (std::size_t i = 0; i < base.size(); ++i) {
-        if (base[i] != 0.0)
-            addMultiple(base[i], *m_power, m_product->data() + i);
-    }
+    addProduct(base, *m_power, m_product->data());
     m_power->swap(*m_product);
 }
 

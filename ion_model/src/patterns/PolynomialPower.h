@@ -7,15 +7,9 @@
 
 namespace ions {
 
-/// Adds `factor` times each of the values to `sum`, which has room for as many. The two may not
-/// overlap.
-inline void addMultiple(double factor, std::span<const double> values, double* __restrict sum)
-{
-    const double* __restrict source = values.data();
-    const std::size_t size = values.size();
-    for (std::size_t i = 0; i < size; ++i)
-        sum[i] += factor * source[i];
-}
+/// Adds the product of two polynomials, coefficient by coefficient, to `sum`, which has room for
+/// one coefficient less than both have together. It may not overlap them.
+void addProduct(std::span<const double> left, std::span<const double> right, double* sum);
 
 /// A run of coefficients that matter, by index.
 struct CoefficientRun
@@ -31,7 +25,7 @@ CoefficientRun runAbove(double cut, std::span<const double> values);
 void keep(CoefficientRun run, std::vector<double>* values);
 
 /// A power of a polynomial, kept only where it matters. The polynomials here have coefficients that
-/// are not negative and add up to nearly 1, as shares do.
+/// are not negative and add up to 1, as shares do.
 class PolynomialPower
 {
 public:

@@ -1,4 +1,5 @@
 #include "IsotopePattern.h"
+#include "PatternInputs.h"
 #include "TestPrinters.h"
 
 #include <gtest/gtest.h>
@@ -11,26 +12,12 @@
 #include <functional>
 #include <limits>
 #include <map>
-#include <numeric>
 
 using namespace Qt::StringLiterals;
 
 namespace ions {
 
 namespace {
-
-using Groups = std::vector<IsotopeGroup>;
-
-const AtomMasses& natural()
-{
-    static const AtomMasses masses;
-    return masses;
-}
-
-double sumOf(const std::vector<double>& values)
-{
-    return std::accumulate(values.begin(), values.end(), 0.0);
-}
 
 struct Peak
 {

@@ -1,5 +1,6 @@
 #include "FormulaSearch.h"
 
+#include "PatternInputs.h"
 #include "TestPrinters.h"
 
 #include <gtest/gtest.h>
@@ -16,12 +17,6 @@ using namespace Qt::StringLiterals;
 namespace ions {
 
 namespace {
-
-const AtomMasses& natural()
-{
-    static const AtomMasses masses;
-    return masses;
-}
 
 constexpr Atom carbon = {6, 0};
 constexpr Atom hydrogen = {1, 0};
