@@ -17,18 +17,32 @@ void addMultiple(double factor, std::span<const double> values, double* __restri
         sum[i] += factor * source[i];
 }
 
+/// Adds `first` times the values to `sum`, and `second` times the values one place further on.
+void addTwoMultiples(double first, double second, std::span<const double> values,
+                     double* __restrict sum)
+{
+    const double* __restrict source = values.data();
+    const std::size_t size = values.size();
+    sum[0] += first * source[0];
+    for (std::size_t i = 1; i < size; ++i)
+        sum[i] += first * source[i] + second * source[i - 1];
+    sum[size] += second * source[size - 1];
+}
+
 } // namespace
 
-/// The longer polynomial is gone through in the inner loop, where the processor takes several
-/// coefficients at a time.
+/// The longer polynomial is gone through in the inner loop, for two coefficients of the other at
+/// once: then the processor reads in the pairs that it has just written, and need not wait until
+/// they have reached the memory.
 void addProduct(std::span<const double> left, std::span<const double> right, double* sum)
 {
     if (left.size() > right.size())
         std::swap(left, right);
-    for (std::size_t i = 0; i < left.size(); ++i) {
-        if (left[i] != 0.0)
-            addMultiple(left[i], right, sum + i);
-    }
+    std::size_t i = 0;
+    for (; i + 1 < left.size(); i += 2)
+        addTwoMultiples(left[i], left[i + 1], right, sum + i);
+    if (i < left.size())
+        addMultiple(left[i], right, sum + i);
 }
 
 CoefficientRun runAbove(double cut, std::span<const double> values)
