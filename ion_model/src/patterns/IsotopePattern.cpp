@@ -126,9 +126,10 @@ private:
         m_atomMoments.assign(bins, 0.0);
         for (const IsotopeShare& isotope : isotopes) {
             const auto bin = std::size_t(std::lround(isotope.mass) - lightest);
-            m_atomShares[bin] += isotope.abundance;
+            const double share = isotope.abundance / sum;
+            m_atomShares[bin] += share;
             m_atomMoments[bin] +=
-                double(count) * isotope.abundance * (isotope.mass - lightestMass - double(bin));
+                double(count) * share * (isotope.mass - lightestMass - double(bin));
         }
     }
 

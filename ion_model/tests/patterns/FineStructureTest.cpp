@@ -1,9 +1,9 @@
 #include "IsotopePattern.h"
 #include "PatternInputs.h"
 #include "TestPrinters.h"
+#include <zel_chemical_model/ChemicalFactory.h>
 
 #include <gtest/gtest.h>
-#include <rapidcheck/gtest.h>
 
 #include <IsoSpec++/fixedEnvelopes.h>
 
@@ -105,6 +105,15 @@ TEST(FineStructure, SmallMoleculesHaveTheIsotopologuesThatCountingGives)
             EXPECT_GE(sumOf(structure->shares), coverage);
         }
     }
+}
+
+TEST(FineStructure, TheCoverageIsAPartOfWhatTheAbundancesAddUpTo)
+{
+    const AtomMasses lacking(*chem::ChemicalFactory::construct(u"C13:0.3 C12:0.6999995"_s));
+    const Groups groups = {{formula(u"C4"_s), lacking}};
+    const auto structure = fineStructure(groups, largestCoverage);
+    EXPECT_TRUE(structure->isComplete);
+    expectPeaks(*structure, fewestTo(1.0, isotopologuesOf(groups)));
 }
 
 /// The generator's own way to a coverage, which finds the same isotopologues by a selection.

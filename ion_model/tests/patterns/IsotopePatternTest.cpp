@@ -152,6 +152,23 @@ TEST(IsotopePattern, GroupsWithTablesOfTheirOwnAreOneMolecule)
     EXPECT_EQ(compared, 60);
 }
 
+/// The shares of a thousand such atoms add up to 0.9995 and must not be renormalised; the coverage
+/// is a part of that.
+TEST(IsotopePattern, AbundancesThatLackALittleAreTakenAsTheyAre)
+{
+    const AtomMasses carbon(*chem::ChemicalFactory::construct(u"C13:0.3 C12:0.6999995"_s));
+    const AtomMasses oxygen(*chem::ChemicalFactory::construct(u"O16:0.5 O17:0.2 O18:0.2999995"_s));
+    const Groups groups = {{formula(u"C600"_s), carbon}, {formula(u"O400P"_s), oxygen}};
+    const auto pattern = IsotopePattern::of(groups, 0.999);
+    const double total = std::pow(1.0 - 5e-7, 1000);
+    EXPECT_GE(sumOf(pattern->shares()), 0.999 * total);
+    EXPECT_LT(sumOf(pattern->shares()), total);
+    const Deviation deviation = deviationOf(*pattern, groups);
+    EXPECT_LT(deviation.share, 1e-12);
+    EXPECT_LT(deviation.centroid, 5e-9);
+    EXPECT_NEAR(sumOf(IsotopePattern::of(groups, largestCoverage)->shares()), total, 1e-8);
+}
+
 TEST(IsotopePattern, ExchangedHydrogensAreBinomial)
 {
     const AtomMasses exchanged = natural().labelled({1, 2}, 0.25).value();
