@@ -79,6 +79,14 @@ public:
     /// Reads the table of `factory`, which is not needed afterwards.
     explicit AtomMasses(const chem::ChemicalFactory& factory);
 
+    /// This table with one element labelled: `share` of its atoms are `isotope`, and its other
+    /// isotopes keep their ratio to each other, as in a nutrient of 98.7 % nitrogen-15. With a
+    /// share of 1 the element has no other isotope, with 0 it lacks this one.
+    ///
+    /// Refused are atoms that state no isotope or one that no table holds, shares outside 0 to 1,
+    /// and shares other than 1 where the element has no other isotope.
+    Parsed<AtomMasses> labelled(Atom isotope, double share) const;
+
     /// The masses of one atom; both are NaN for one that no table holds.
     Masses of(Atom atom) const;
 
@@ -95,6 +103,9 @@ public:
 
 private:
     struct Table;
+
+    explicit AtomMasses(std::shared_ptr<const Table> table);
+
     std::shared_ptr<const Table> m_table;
 };
 

@@ -8,6 +8,7 @@
 #include <cmath>
 #include <limits>
 #include <map>
+#include <utility>
 #include <vector>
 
 using namespace Qt::StringLiterals;
@@ -47,6 +48,11 @@ Masses massesOf(const std::vector<IsotopeShare>& isotopes)
     return masses;
 }
 
+bool isLighter(const IsotopeShare& left, const IsotopeShare& right)
+{
+    return left.mass < right.mass;
+}
+
 } // namespace
 
 struct AtomMasses::Table
@@ -64,6 +70,27 @@ struct AtomMasses::Table
             isotopes.try_emplace(tracer.atom, IsotopeShare{tracer.mass, 1.0});
     }
 
+    /// Gives `isotope` this share of its element, and the others what is left; false if there are
+    /// no others to take it.
+    bool label(Atom isotope, double share)
+    {
+        const double mass = isotopes.at(isotope).mass;
+        std::vector<IsotopeShare>& shares = elements[isotope.atomicNumber];
+        std::erase_if(shares, [mass](const IsotopeShare& other) { return other.mass == mass; });
+        double others = 0.0;
+        for (const IsotopeShare& other : shares)
+            others += other.abundance;
+        if (share < 1.0 && !(others > 0.0))
+            return false;
+        for (IsotopeShare& other : shares)
+            other.abundance *= others > 0.0 ? (1.0 - share) / others : 0.0;
+        shares.push_back({mass, share});
+        std::erase_if(shares, [](const IsotopeShare& one) { return one.abundance == 0.0; });
+        elementMasses[isotope.atomicNumber] = massesOf(shares);
+        std::sort(shares.begin(), shares.end(), isLighter);
+        return true;
+    }
+
 private:
     void readElements(const FactoryTables& tables)
     {
@@ -76,10 +103,7 @@ private:
         for (std::size_t number = 0; number < elements.size(); ++number) {
             elementMasses[number] =
                 elements[number].empty() ? Masses{unknown, unknown} : massesOf(elements[number]);
-            std::sort(elements[number].begin(), elements[number].end(),
-                      [](const IsotopeShare& left, const IsotopeShare& right) {
-                          return left.mass < right.mass;
-                      });
+            std::sort(elements[number].begin(), elements[number].end(), isLighter);
         }
     }
 
@@ -102,6 +126,23 @@ AtomMasses::AtomMasses()
 AtomMasses::AtomMasses(const chem::ChemicalFactory& factory)
     : m_table(std::make_shared<const Table>(factory))
 {
+}
+
+AtomMasses::AtomMasses(std::shared_ptr<const Table> table)
+    : m_table(std::move(table))
+{
+}
+
+Parsed<AtomMasses> AtomMasses::labelled(Atom isotope, double share) const
+{
+    if (isotope.massNumber == 0 || std::isnan(of(isotope).monoisotopic))
+        return Error{u"expected an isotope that a table holds, such as 15N"_s};
+    if (!(share >= 0.0 && share <= 1.0))
+        return Error{u"expected a share from 0 to 1"_s};
+    auto table = std::make_shared<Table>(*m_table);
+    if (!table->label(isotope, share))
+        return Error{isotope.symbol() + u" has no other isotope, expected a share of 1"_s};
+    return AtomMasses(std::shared_ptr<const Table>(std::move(table)));
 }
 
 Masses AtomMasses::of(Atom atom) const

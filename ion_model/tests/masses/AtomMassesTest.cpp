@@ -85,6 +85,51 @@ TEST(AtomMasses, IsotopesOfAnElementComeByMassWithTheirShares)
     EXPECT_EQ(masses.isotopes({17, 37})[0].abundance, 1.0);
 }
 
+TEST(AtomMasses, ALabelTakesItsShareAndTheOthersKeepTheirRatio)
+{
+    const AtomMasses natural;
+    const AtomMasses heavy = natural.labelled({8, 18}, 0.97).value();
+    const auto before = natural.isotopes({8, 0});
+    const auto after = heavy.isotopes({8, 0});
+    ASSERT_EQ(after.size(), 3U);
+    EXPECT_EQ(after[2].abundance, 0.97);
+    EXPECT_NEAR(after[0].abundance + after[1].abundance, 0.03, 1e-15);
+    EXPECT_NEAR(after[0].abundance / after[1].abundance, before[0].abundance / before[1].abundance,
+                1e-9);
+    EXPECT_EQ(heavy.of({8, 0}).monoisotopic, natural.of({8, 18}).monoisotopic);
+    EXPECT_EQ(heavy.of({7, 0}), natural.of({7, 0}));
+    EXPECT_EQ(natural.isotopes({8, 0}).size(), 3U);
+    EXPECT_LT(natural.of({8, 0}).average, 16.0);
+}
+
+TEST(AtomMasses, AFullLabelIsTheOnlyIsotope)
+{
+    const AtomMasses heavy = AtomMasses().labelled({7, 15}, 1.0).value();
+    ASSERT_EQ(heavy.isotopes({7, 0}).size(), 1U);
+    EXPECT_EQ(heavy.of({7, 0}), AtomMasses().of({7, 15}));
+    EXPECT_EQ(AtomMasses().labelled({7, 15}, 0.0)->of({7, 0}), AtomMasses().of({7, 14}));
+    EXPECT_TRUE(AtomMasses().labelled({15, 31}, 1.0).hasValue());
+}
+
+TEST(AtomMasses, ATracerThatNatureLacksCanBeALabel)
+{
+    const AtomMasses hot = AtomMasses().labelled({6, 14}, 0.5).value();
+    ASSERT_EQ(hot.isotopes({6, 0}).size(), 3U);
+    EXPECT_NEAR(hot.of({6, 0}).average, 0.5 * (14.003242 + AtomMasses().of({6, 0}).average), 1e-6);
+}
+
+TEST(AtomMasses, LabelsThatCannotBeAreRefused)
+{
+    const AtomMasses masses;
+    EXPECT_FALSE(masses.labelled({7, 0}, 0.5).hasValue());
+    EXPECT_FALSE(masses.labelled({7, 29}, 0.5).hasValue());
+    EXPECT_FALSE(masses.labelled({200, 15}, 0.5).hasValue());
+    EXPECT_FALSE(masses.labelled({7, 15}, -0.1).hasValue());
+    EXPECT_FALSE(masses.labelled({7, 15}, 1.1).hasValue());
+    EXPECT_FALSE(masses.labelled({7, 15}, std::nan("")).hasValue());
+    EXPECT_FALSE(masses.labelled({15, 31}, 0.9).hasValue());
+}
+
 TEST(AtomMasses, AMoleculeOfTheFirstLibraryHasBothMasses)
 {
     const chem::Molecule water = AtomMasses().molecule(formula(u"H2O"_s)).value();
