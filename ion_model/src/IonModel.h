@@ -6,4 +6,5 @@
 #include "AtomMasses.h"
 #include "Composition.h"
 #include "Parsed.h"
+#include "ResidueTable.h"
 #include "Tolerance.h"
