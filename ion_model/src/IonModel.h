@@ -5,6 +5,7 @@
 
 #include "AtomMasses.h"
 #include "Composition.h"
+#include "Digest.h"
 #include "Parsed.h"
 #include "ResidueTable.h"
 #include "Tolerance.h"
