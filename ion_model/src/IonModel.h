@@ -7,5 +7,6 @@
 #include "Composition.h"
 #include "Digest.h"
 #include "Parsed.h"
+#include "PeakMatch.h"
 #include "ResidueTable.h"
 #include "Tolerance.h"
