@@ -41,9 +41,10 @@ RnaTable::RnaTable(const ResidueTable& residues)
 class Digest::Lister
 {
 public:
+    /// The last sum then holds what the end of the text weighs other than a cut.
     Lister(const DigestOptions& options, const EndMasses& ends, Digest& digest)
         : m_digest(digest)
-        , m_ends(ends)
+        , m_atCut(ends.atCut)
         , m_missedCleavages(std::size_t(std::max(options.missedCleavages, 0)))
         , m_minLength(std::max<qsizetype>(options.minLength, 1))
         , m_maxLength(options.maxLength)
@@ -51,6 +52,7 @@ public:
         , m_maxMass(options.maxMass)
         , m_lastCut(digest.m_cuts.size() - 1)
     {
+        digest.m_sums[std::size_t(cut(m_lastCut))].low += ends.atEnd - ends.atCut;
     }
 
     /// Products with a cut at both ends.
@@ -85,6 +87,8 @@ private:
     void startAt(qsizetype start)
     {
         m_start = start;
+        m_startSum = m_digest.m_sums[std::size_t(start)];
+        m_startSum.low -= m_atCut;
         while (m_firstEnd <= m_lastCut && cut(m_firstEnd) - start < m_minLength)
             ++m_firstEnd;
         const auto& unknown = m_digest.m_unknownLetters;
@@ -100,10 +104,11 @@ private:
         if (m_firstEnd > lastEnd)
             return;
         std::size_t at = roomFor(lastEnd - m_firstEnd + 1);
+        const PartialSum start = m_startSum;
         for (std::size_t end = m_firstEnd; end <= lastEnd; ++end) {
             if (cut(end) - m_start > m_maxLength)
                 break;
-            at = list(cut(end), end - next, at);
+            at = list(start, cut(end), end - next, at);
         }
         m_digest.m_size = at;
     }
@@ -114,10 +119,11 @@ private:
         if (longest < m_minLength)
             return;
         std::size_t at = roomFor(std::size_t(longest - m_minLength) + 1);
+        const PartialSum start = m_startSum;
         std::size_t nextCut = m_firstEnd;
         for (qsizetype length = m_minLength; length <= longest; ++length) {
             const qsizetype end = m_start + length;
-            at = list(end, nextCut - next, at);
+            at = list(start, end, nextCut - next, at);
             nextCut += std::size_t(cut(nextCut) == end);
         }
         m_digest.m_size = at;
@@ -143,9 +149,11 @@ private:
 
     /// Writes a product and gives the place of the next one: the same place if the mass is outside
     /// its limits, as one that is NaN never is.
-    std::size_t list(qsizetype end, std::size_t missed, std::size_t at)
+    std::size_t list(const PartialSum& start, qsizetype end, std::size_t missed, std::size_t at)
     {
-        const Masses masses = massesUpTo(end);
+        const PartialSum& sum = m_digest.m_sums[std::size_t(end)];
+        const Masses masses =
+            end > m_knownEnd ? Masses{none, none} : (sum.high - start.high) + (sum.low - start.low);
         m_digest.m_starts[at] = m_start;
         m_digest.m_ends[at] = end;
         m_digest.m_missedCleavages[at] = int(missed);
@@ -155,18 +163,8 @@ private:
         return at + std::size_t(!isOutside);
     }
 
-    Masses massesUpTo(qsizetype end) const
-    {
-        if (end > m_knownEnd)
-            return {none, none};
-        const PartialSum& first = m_digest.m_sums[std::size_t(m_start)];
-        const PartialSum& last = m_digest.m_sums[std::size_t(end)];
-        return ((last.high - first.high) + (last.low - first.low)) +
-               (end == cut(m_lastCut) ? m_ends.atEnd : m_ends.atCut);
-    }
-
     Digest& m_digest;
-    EndMasses m_ends;
+    Masses m_atCut;
     std::size_t m_missedCleavages;
     qsizetype m_minLength;
     qsizetype m_maxLength;
@@ -174,6 +172,7 @@ private:
     double m_maxMass;
     std::size_t m_lastCut;
     qsizetype m_start = 0;         ///< Where the products at hand start.
+    PartialSum m_startSum;         ///< Up to there, less the end that a cut makes.
     qsizetype m_knownEnd = 0;      ///< Up to where they have a mass.
     std::size_t m_firstEnd = 1;    ///< The first cut that makes them long enough.
     std::size_t m_nextUnknown = 0; ///< The first unknown letter in none of those before.

@@ -143,6 +143,16 @@ TEST(Digest, TrypsinCutsBehindLysineAndArginineUnlessProlineFollows)
     EXPECT_EQ(digested(u"KKR"_s, u"Trypsin/P", {.missedCleavages = 9}), u"K KK KKR K KR R"_s);
 }
 
+/// The example at the top of the header.
+TEST(Digest, TheExampleOfTheHeaderHolds)
+{
+    Digest digest;
+    digest.cleave(u"MAKPRGKLR", protease(u"Trypsin"), residues(), {.missedCleavages = 1});
+    ASSERT_EQ(digest.size(), 5U);
+    EXPECT_EQ(digest.ends()[1], 7);
+    EXPECT_NEAR(digest.monoisotopic()[4], 287.195740, 5e-7);
+}
+
 /// Masses of PEPTIDE, published in many places, and of LR by its atoms.
 TEST(Digest, APeptideWeighsItsResiduesAndOneWater)
 {
@@ -336,6 +346,25 @@ TEST(Digest, MassesAreGoodToANanodaltonAtTheSizeOfTitin)
             worst = std::max(worst, std::abs(product.average - expected.average));
         }
         EXPECT_LT(worst, 1e-10);
+    }
+}
+
+/// The errors of equal residues do not cancel each other, as those of different ones do. A product
+/// has a single error, so that it is the better second way here.
+TEST(Digest, EqualResiduesAreGoodToANanodaltonToo)
+{
+    constexpr qsizetype count = 35000;
+    const auto massOf = [](double residue, double water) {
+        return double(count * static_cast<long double>(residue) + water);
+    };
+    const Masses water = residues().water();
+    Digest digest;
+    for (const QChar letter : u"ACDEFGHIKLMNPQRSTVWY"_s) {
+        digest.cleave(QString(count, letter), protease(u"no cleavage"), residues());
+        const Masses residue = residues().residue(letter.unicode());
+        EXPECT_NEAR(digest.monoisotopic()[0], massOf(residue.monoisotopic, water.monoisotopic),
+                    1e-9);
+        EXPECT_NEAR(digest.average()[0], massOf(residue.average, water.average), 1e-9);
     }
 }
 
