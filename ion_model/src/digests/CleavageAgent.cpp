@@ -127,7 +127,7 @@ bool appendMatchEnds(const QRegularExpression& engine, const QString& text,
         const qsizetype end = match.capturedEnd();
         if (end > 0 && end < text.size() && (ends.empty() || ends.back() < end))
             ends.push_back(end);
-        from = std::max(end + (match.capturedLength() == 0 ? 1 : 0), from + 1);
+        from = end + (match.capturedLength() == 0 ? 1 : 0);
     }
     return true;
 }
