@@ -50,3 +50,62 @@ endfunction()
 function(zel_bind_calls_inside target)
     target_compile_options(${target} PRIVATE $<$<CXX_COMPILER_ID:GNU>:-fno-semantic-interposition>)
 endfunction()
+
+# zel_add_library(NAME EXPORT_HEADER HEADER SOURCES ... PUBLIC_LIBRARIES ... PRIVATE_LIBRARIES ...)
+#
+# A shared library zel_NAME, as zel::NAME. Its sources are compiled once, as an object library
+# zel_NAME_objects that the tests of its internals are linked with as well. The public headers are what
+# stands at the top of src; everything else is in a room.
+function(zel_add_library name)
+    cmake_parse_arguments(PARSE_ARGV 1 arg "" "EXPORT_HEADER"
+                          "SOURCES;FURTHER_HEADERS;PUBLIC_LIBRARIES;PRIVATE_LIBRARIES")
+    set(library zel_${name})
+    set(objects ${library}_objects)
+    file(GLOB public_headers CONFIGURE_DEPENDS ${CMAKE_CURRENT_SOURCE_DIR}/src/*.h)
+
+    add_library(${objects} OBJECT ${public_headers} ${arg_SOURCES})
+    add_library(${library} SHARED)
+    add_library(zel::${name} ALIAS ${library})
+
+    # In the tree as installed, a header is also found as <zel_NAME/HEADER>, which no file of a user's
+    # can come before.
+    set(include_dir ${CMAKE_CURRENT_BINARY_DIR}/include)
+    foreach(header IN LISTS public_headers arg_FURTHER_HEADERS)
+        cmake_path(GET header FILENAME file_name)
+        file(CONFIGURE OUTPUT ${include_dir}/${library}/${file_name}
+             CONTENT "#include \"${header}\"\n")
+    endforeach()
+    generate_export_header(${library} BASE_NAME ${library}
+                           EXPORT_FILE_NAME ${include_dir}/${library}/${arg_EXPORT_HEADER})
+
+    zel_configure_target(${objects})
+    zel_bind_calls_inside(${objects})
+    set_target_properties(${objects} PROPERTIES AUTOMOC ON POSITION_INDEPENDENT_CODE ON)
+    target_compile_definitions(${objects} PUBLIC ${library}_EXPORTS)
+    target_compile_features(${objects} PUBLIC cxx_std_20)
+    target_include_directories(${objects} PUBLIC src ${include_dir})
+    target_link_libraries(${objects} PUBLIC ${arg_PUBLIC_LIBRARIES} PRIVATE ${arg_PRIVATE_LIBRARIES})
+    if(ZEL_BUILD_FUZZERS)
+        # The fuzzers steer by what is reached inside the library.
+        target_compile_options(${objects} PRIVATE -fsanitize=fuzzer-no-link)
+    endif()
+
+    zel_configure_target(${library})
+    target_link_libraries(
+        ${library}
+        PUBLIC ${arg_PUBLIC_LIBRARIES}
+        PRIVATE $<BUILD_INTERFACE:${objects}> ${arg_PRIVATE_LIBRARIES})
+    target_compile_features(${library} PUBLIC cxx_std_20)
+    target_include_directories(
+        ${library}
+        PUBLIC $<BUILD_INTERFACE:${CMAKE_CURRENT_SOURCE_DIR}/src>
+               $<BUILD_INTERFACE:${include_dir}>
+               $<INSTALL_INTERFACE:${CMAKE_INSTALL_INCLUDEDIR}/${library}>
+               $<INSTALL_INTERFACE:${CMAKE_INSTALL_INCLUDEDIR}>)
+    set_target_properties(
+        ${library}
+        PROPERTIES EXPORT_NAME ${name}
+                   INSTALL_RPATH "$<IF:$<PLATFORM_ID:Darwin>,@loader_path,$ORIGIN>"
+                   VERSION ${PROJECT_VERSION}
+                   SOVERSION ${PROJECT_VERSION_MAJOR} PUBLIC_HEADER "${public_headers}")
+endfunction()

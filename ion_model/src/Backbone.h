@@ -1,0 +1,138 @@
+#pragma once
+
+#include "AtomMasses.h"
+#include "Composition.h"
+#include "Parsed.h"
+#include "ResidueTable.h"
+#include <zel_chemical_model/ChemicalFactory.h>
+#include <zel_ion_model/IonModelExport.h>
+
+#include <QString>
+#include <QStringView>
+
+#include <optional>
+#include <span>
+#include <vector>
+
+namespace ions {
+
+/// What a chain is, which decides how it breaks.
+enum class Polymer {
+    Peptide,        ///< Breaks into a, b, c and x, y, z ions.
+    Oligonucleotide ///< Breaks into a, a-B, b, c, d and w, x, y, z ions.
+};
+
+/// A neutral molecule that an ion may lose.
+struct NeutralLoss
+{
+    QString name;  ///< As it stands in labels: "H2O".
+    Masses masses; ///< In daltons.
+
+    /// Compares both.
+    friend bool operator==(const NeutralLoss&, const NeutralLoss&) = default;
+};
+
+/// A group that a molecule bears beside its residues.
+struct BackboneGroup
+{
+    Masses masses;                   ///< In daltons.
+    std::vector<NeutralLoss> losses; ///< What ions that hold the group may lose of it.
+};
+
+/// A group that sits on one of several units, and nobody knows which.
+struct OpenGroup
+{
+    BackboneGroup group;
+    std::vector<qsizetype> units; ///< Where it may sit, ascending, from 0.
+};
+
+/// One chain as an instrument breaks it: what its units weigh, in order, and what its ends bear.
+///
+/// A unit is a residue with its modifications: an amino acid, or a nucleoside, whose base and whose
+/// linkage to the next one are known apart.
+struct BackboneChain
+{
+    Polymer polymer = Polymer::Peptide;
+    std::vector<Masses> units;    ///< Residues with their modifications, linkages not included.
+    std::vector<Masses> bases;    ///< Oligonucleotides: the base of each unit; else empty.
+    std::vector<Masses> linkages; ///< Oligonucleotides: what follows each unit; else empty.
+    QString letters;              ///< The letter of each unit, U+0000 where it has none.
+
+    /// Whether the chain starts and ends in ends of its own. A piece of a chain may lack them, and
+    /// then weighs that much less.
+    bool hasLeftEnd = true;
+    bool hasRightEnd = true; ///< Likewise on the right.
+    Masses leftGroup;        ///< What the left end bears beyond a hydrogen.
+    Masses rightGroup;       ///< What the right end bears beyond a hydroxyl.
+
+    /// Groups with losses that sit on a known unit, whose masses are part of it.
+    std::vector<std::pair<qsizetype, BackboneGroup>> lossy;
+    std::vector<OpenGroup> open;       ///< Groups on one of several units.
+    std::vector<BackboneGroup> labile; ///< Groups that fall off before the chain breaks.
+};
+
+/// A bridge between two units, of one chain or of two.
+struct BackboneLink
+{
+    qsizetype firstChain = 0;
+    qsizetype firstUnit = 0;
+    qsizetype secondChain = 0;
+    qsizetype secondUnit = 0;
+    Masses masses; ///< What the bridge adds; often a loss.
+};
+
+/// The one value that fragment ions are made of: chains, the links between them, and what breaking
+/// them adds and takes. Peptides, oligonucleotides and molecules with many chains become one.
+///
+/// \code
+/// const ResidueTable residues;
+/// const Backbone peptide = Backbone::peptide(u"DRVYIHPF", residues).value();
+/// peptide.masses().monoisotopic; // 1045.53451 Da
+/// \endcode
+///
+/// A value: separate instances may be used from separate threads.
+class ZEL_ION_MODEL_EXPORT Backbone
+{
+public:
+    /// No chain.
+    Backbone() = default;
+
+    /// Lays out a peptide of unmodified residues. Refused at the first letter without a mass and
+    /// for an empty text.
+    static Parsed<Backbone> peptide(QStringView sequence, const ResidueTable& residues);
+
+    /// The same into this object, whose memory is used again: a search allocates nothing. Gives the
+    /// refusal, if there is one; then this object holds no chain.
+    [[nodiscard]] std::optional<Error> assignPeptide(QStringView sequence,
+                                                     const ResidueTable& residues);
+
+    /// Lays out an oligonucleotide, in the notation of the first library, by the dictionaries of
+    /// `factory`. Refused for text outside the grammar, at the first character that no such text
+    /// has or at its end, and for nucleotides that are a bare number: they have no base to lose.
+    static Parsed<Backbone> oligonucleotide(QStringView text, const chem::ChemicalFactory& factory);
+
+    /// Joins chains, which break into groups of the given masses. Refused are chains whose lists
+    /// differ in length, more than 255 chains or 1,000 links, and links and open groups at units
+    /// that are not there, with chain and residue.
+    static Parsed<Backbone> ofChains(std::vector<BackboneChain> chains,
+                                     std::vector<BackboneLink> links, const BreakMasses& breaks);
+
+    /// The chains in order.
+    std::span<const BackboneChain> chains() const { return m_chains; }
+    /// The links in the order given.
+    std::span<const BackboneLink> links() const { return m_links; }
+    /// What breaks add and take.
+    const BreakMasses& breaks() const { return m_breaks; }
+
+    /// The masses of one chain as it stands: units, linkages, ends, open and labile groups.
+    Masses chainMasses(qsizetype chain) const;
+    /// The masses of the whole molecule: its chains and links.
+    Masses masses() const;
+
+private:
+    std::vector<BackboneChain> m_chains;
+    std::vector<BackboneLink> m_links;
+    BreakMasses m_breaks;
+};
+
+} // namespace ions

@@ -1,0 +1,142 @@
+#include "Backbone.h"
+
+#include <algorithm>
+#include <cmath>
+
+using namespace Qt::StringLiterals;
+
+namespace ions {
+
+namespace {
+
+constexpr std::size_t mostChains = 255;
+constexpr std::size_t mostLinks = 1000;
+
+bool isUnitOf(std::span<const BackboneChain> chains, qsizetype chain, qsizetype unit)
+{
+    return chain >= 0 && chain < std::ssize(chains) && unit >= 0 &&
+           unit < std::ssize(chains[std::size_t(chain)].units);
+}
+
+/// What is wrong with the lists of a chain.
+std::optional<Error> refusalOf(const BackboneChain& chain, qsizetype index)
+{
+    const std::size_t size = chain.units.size();
+    const std::size_t parts = chain.polymer == Polymer::Oligonucleotide ? size : 0;
+    if (size == 0 || chain.bases.size() != parts || chain.linkages.size() != parts ||
+        std::size_t(chain.letters.size()) != size) {
+        return Error{u"expected units, and as many letters, bases and linkages"_s, -1, index};
+    }
+    const auto isThere = [size](qsizetype unit) {
+        return unit >= 0 && unit < qsizetype(size);
+    };
+    for (const OpenGroup& open : chain.open) {
+        const bool isSound = !open.units.empty() &&
+                             std::is_sorted(open.units.begin(), open.units.end()) &&
+                             std::all_of(open.units.begin(), open.units.end(), isThere);
+        if (!isSound)
+            return Error{u"expected an open group at ascending units of its chain"_s, -1, index};
+    }
+    for (const auto& [unit, group] : chain.lossy) {
+        if (!isThere(unit))
+            return Error{u"expected a group at a unit of its chain"_s, -1, index, unit};
+    }
+    return {};
+}
+
+} // namespace
+
+Parsed<Backbone> Backbone::peptide(QStringView sequence, const ResidueTable& residues)
+{
+    Backbone backbone;
+    if (auto error = backbone.assignPeptide(sequence, residues))
+        return *std::move(error);
+    return backbone;
+}
+
+std::optional<Error> Backbone::assignPeptide(QStringView sequence, const ResidueTable& residues)
+{
+    m_chains.resize(1);
+    m_links.clear();
+    m_breaks = residues.breaks();
+    BackboneChain& chain = m_chains.front();
+    chain.polymer = Polymer::Peptide;
+    chain.hasLeftEnd = chain.hasRightEnd = true;
+    chain.leftGroup = chain.rightGroup = {};
+    chain.bases.clear();
+    chain.linkages.clear();
+    chain.lossy.clear();
+    chain.open.clear();
+    chain.labile.clear();
+    chain.letters.resize(sequence.size());
+    chain.units.resize(std::size_t(sequence.size()));
+    double sum = 0.0;
+    std::copy(sequence.begin(), sequence.end(), chain.letters.begin());
+    for (qsizetype i = 0; i < sequence.size(); ++i) {
+        const Masses masses = residues.residue(sequence[i].unicode());
+        chain.units[std::size_t(i)] = masses;
+        sum += masses.average;
+    }
+    if (!std::isnan(sum) && !sequence.isEmpty())
+        return {};
+    m_chains.clear();
+    const auto unknown = std::find_if(sequence.begin(), sequence.end(), [&](QChar letter) {
+        return std::isnan(residues.residue(letter.unicode()).average);
+    });
+    return Error{u"expected the letter of a residue with a mass"_s, unknown - sequence.begin()};
+}
+
+Parsed<Backbone> Backbone::ofChains(std::vector<BackboneChain> chains,
+                                    std::vector<BackboneLink> links, const BreakMasses& breaks)
+{
+    if (chains.size() > mostChains)
+        return Error{u"expected at most 255 chains"_s, -1, qsizetype(mostChains)};
+    if (links.size() > mostLinks)
+        return Error{u"expected at most 1000 links"_s};
+    for (std::size_t i = 0; i < chains.size(); ++i) {
+        if (auto error = refusalOf(chains[i], qsizetype(i)))
+            return *std::move(error);
+    }
+    for (const BackboneLink& link : links) {
+        if (!isUnitOf(chains, link.firstChain, link.firstUnit))
+            return Error{u"expected a link between units"_s, -1, link.firstChain, link.firstUnit};
+        if (!isUnitOf(chains, link.secondChain, link.secondUnit))
+            return Error{u"expected a link between units"_s, -1, link.secondChain, link.secondUnit};
+    }
+    Backbone backbone;
+    backbone.m_chains = std::move(chains);
+    backbone.m_links = std::move(links);
+    backbone.m_breaks = breaks;
+    return backbone;
+}
+
+Masses Backbone::chainMasses(qsizetype index) const
+{
+    const BackboneChain& chain = m_chains[std::size_t(index)];
+    Masses sum = chain.leftGroup + chain.rightGroup;
+    if (chain.hasLeftEnd)
+        sum += m_breaks.hydrogen;
+    if (chain.hasRightEnd)
+        sum += m_breaks.water - m_breaks.hydrogen;
+    for (const Masses& unit : chain.units)
+        sum += unit;
+    for (const Masses& linkage : chain.linkages)
+        sum += linkage;
+    for (const OpenGroup& open : chain.open)
+        sum += open.group.masses;
+    for (const BackboneGroup& group : chain.labile)
+        sum += group.masses;
+    return sum;
+}
+
+Masses Backbone::masses() const
+{
+    Masses sum;
+    for (qsizetype i = 0; i < std::ssize(m_chains); ++i)
+        sum += chainMasses(i);
+    for (const BackboneLink& link : m_links)
+        sum += link.masses;
+    return sum;
+}
+
+} // namespace ions

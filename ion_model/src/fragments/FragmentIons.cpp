@@ -1,0 +1,90 @@
+#include "FragmentIons.h"
+
+#include "fragments/IonWriter.h"
+
+#include <algorithm>
+#include <cstdlib>
+
+using namespace Qt::StringLiterals;
+
+namespace ions {
+
+namespace {
+
+QString signedCount(int count, const QString& symbol)
+{
+    if (count == 0)
+        return {};
+    const QString number = std::abs(count) == 1 ? QString() : QString::number(std::abs(count));
+    return (count < 0 ? u"-"_s : u"+"_s) + number + symbol;
+}
+
+bool isDotted(const QString& name)
+{
+    return name.endsWith(u'.');
+}
+
+} // namespace
+
+Parsed<LossRule> LossRule::read(QStringView text, const AtomMasses& atoms)
+{
+    const qsizetype at = text.indexOf(u'@');
+    const QStringView formula = at < 0 ? text : text.first(at);
+    const Parsed<Composition> composition = Composition::read(formula);
+    if (!composition)
+        return composition.error();
+    const Parsed<Masses> masses = atoms.weigh(*composition);
+    if (!masses)
+        return Error{masses.error().message, 0};
+    const QStringView residues = at < 0 ? QStringView() : text.sliced(at + 1);
+    const auto isLetter = [](QChar c) {
+        return c >= u'A' && c <= u'Z';
+    };
+    const auto wrong = std::find_if_not(residues.begin(), residues.end(), isLetter);
+    if ((at >= 0 && residues.isEmpty()) || wrong != residues.end())
+        return Error{u"expected letters of residues"_s, at + 1 + (wrong - residues.begin())};
+    return LossRule{{formula.toString(), *masses}, residues.toString()};
+}
+
+std::optional<Error> FragmentIons::assign(const Backbone& backbone, const IonOptions& options)
+{
+    return IonWriter(backbone, options, *this).write();
+}
+
+std::pair<qsizetype, qsizetype> FragmentIons::runOf(qsizetype ion) const
+{
+    qsizetype run = 0;
+    for (; run < std::ssize(m_runs) && ion >= qsizetype(m_runs[std::size_t(run)].count); ++run)
+        ion -= qsizetype(m_runs[std::size_t(run)].count);
+    return {run, ion};
+}
+
+QString FragmentIons::label(const Backbone& backbone, qsizetype ion) const
+{
+    const auto [index, offset] = runOf(ion);
+    if (ion < 0 || index == std::ssize(m_runs))
+        return {};
+    const IonRun& run = m_runs[std::size_t(index)];
+    const QString number = QString::number(qsizetype(run.firstNumber) + offset);
+    const bool isOneOfSeveral = backbone.chains().size() > 1 && run.series != Series::Precursor;
+    QString text = isOneOfSeveral ? QString::number(run.chain + 1) + u':' : QString();
+    int hydrogens = run.hydrogens;
+    if (run.series == Series::Precursor) {
+        text += u'p';
+    } else if (run.series == Series::Immonium) {
+        const QString& letters = backbone.chains()[run.chain].letters;
+        text += u'I' + QString(letters.at(qsizetype(run.firstNumber) + offset - 1));
+    } else if (run.series == Series::Internal) {
+        text += u'm' + QString::number(run.start) + u':' + number;
+    } else {
+        const QString name = seriesName(run.series);
+        hydrogens += isDotted(name) ? 1 : 0;
+        text += (isDotted(name) ? name.chopped(1) : name) + number;
+    }
+    text += signedCount(hydrogens, u"H"_s) + m_losses[run.loss];
+    if (run.charge != 1)
+        text += u'^' + QString::number(run.charge);
+    return text;
+}
+
+} // namespace ions

@@ -1,0 +1,49 @@
+#pragma once
+
+#include "Backbone.h"
+#include "FragmentIons.h"
+
+#include <optional>
+#include <vector>
+
+namespace ions {
+
+/// One kind of neutral loss, and which ions can show it.
+struct LossKind
+{
+    NeutralLoss loss;
+    QString residues;       ///< Of a rule: the letters that lose it; empty for any ion.
+    bool isOfGroup = false; ///< Whether only ions that hold a group with this loss show it.
+};
+
+/// What one ion loses at a time.
+struct LossSet
+{
+    QString label;          ///< "-H2O-NH3"; empty for no loss.
+    double mass = 0.0;      ///< Monoisotopic, in daltons.
+    std::vector<int> times; ///< How often each kind is lost; empty for no loss.
+};
+
+/// The losses that ions of a backbone may show: none first, then by number of losses, each in the
+/// order of the options, those of groups last.
+class LossTable
+{
+public:
+    LossTable(const Backbone& backbone, const IonOptions& options);
+
+    const std::vector<LossKind>& kinds() const { return m_kinds; }
+    const std::vector<LossSet>& sets() const { return m_sets; }
+
+    /// Whether there were more combinations than an ion list can tell apart.
+    bool isTooLarge() const { return m_isTooLarge; }
+
+private:
+    void addGroup(const BackboneGroup& group);
+    void combine(int maxLosses);
+
+    std::vector<LossKind> m_kinds;
+    std::vector<LossSet> m_sets;
+    bool m_isTooLarge = false;
+};
+
+} // namespace ions

@@ -1,0 +1,30 @@
+#pragma once
+
+#include "Backbone.h"
+#include "fragments/UnitRange.h"
+
+#include <optional>
+#include <vector>
+
+namespace ions {
+
+/// One way in which ions hold the open groups of their chain, and the numbers that can hold them
+/// so.
+struct OpenVariant
+{
+    double mass = 0.0;     ///< Of the groups that are held, monoisotopic, in daltons.
+    NumberSpan numbers;    ///< Which ions.
+    std::vector<int> held; ///< How many groups of each class of equal mass.
+};
+
+/// The ways in which the ions of a range with these numbers hold open groups, fewest groups first.
+/// Groups of one mass are counted, so that equal masses come once. Nothing where one ion would have
+/// more than 16 variants.
+std::optional<std::vector<OpenVariant>> openVariants(const BackboneChain& chain,
+                                                     const UnitRange& range, NumberSpan numbers);
+
+/// How many of the groups held in a variant may show a loss.
+int holdersAmongOpen(const BackboneChain& chain, const OpenVariant& variant,
+                     const NeutralLoss& loss);
+
+} // namespace ions

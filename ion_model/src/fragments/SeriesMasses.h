@@ -1,0 +1,25 @@
+#pragma once
+
+#include "Backbone.h"
+#include "FragmentIons.h"
+
+namespace ions {
+
+/// Which series arise when a chain of this kind breaks.
+bool arises(Series series, Polymer polymer);
+
+/// What an ion of the series has beside its units, with the linkages between them, and the group of
+/// its end: monoisotopic, in daltons, without charge.
+double seriesMass(Series series, Polymer polymer, const BreakMasses& breaks);
+
+/// Which part of the unit at the break an ion has beside that, or lacks.
+enum class PartAtBreak {
+    None,
+    WithLinkage, ///< The linkage that joined the two sides.
+    WithoutBase  ///< Its last base.
+};
+
+/// Which part of the unit at the break an ion of the series has or lacks.
+PartAtBreak partAtBreak(Series series, Polymer polymer);
+
+} // namespace ions

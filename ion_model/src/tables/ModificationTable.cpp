@@ -1,0 +1,196 @@
+#include "ModificationTable.h"
+
+#include "tables/DataFile.h"
+
+#include <algorithm>
+#include <cmath>
+#include <numeric>
+#include <utility>
+
+using namespace Qt::StringLiterals;
+
+namespace ions {
+
+namespace {
+
+ChainPosition positionOf(const QString& text)
+{
+    if (text == u"Any N-term")
+        return ChainPosition::AnyNTerm;
+    if (text == u"Any C-term")
+        return ChainPosition::AnyCTerm;
+    if (text == u"Protein N-term")
+        return ChainPosition::ProteinNTerm;
+    if (text == u"Protein C-term")
+        return ChainPosition::ProteinCTerm;
+    return ChainPosition::Anywhere;
+}
+
+/// A residue's letter; 0 for "N-term" and "C-term".
+char16_t residueOf(const QString& site)
+{
+    return site.size() == 1 ? site[0].unicode() : char16_t(0);
+}
+
+/// SITE@POSITION=CLASSIFICATION, separated by semicolons.
+std::vector<ModificationSite> sitesOf(const QString& text)
+{
+    std::vector<ModificationSite> sites;
+    for (const QString& site : text.split(u';', Qt::SkipEmptyParts)) {
+        const QString place = site.section(u'=', 0, 0);
+        sites.push_back({residueOf(place.section(u'@', 0, 0)),
+                         positionOf(place.section(u'@', 1, 1)), site.section(u'=', 1)});
+    }
+    return sites;
+}
+
+/// SITE:COMPOSITION, separated by semicolons.
+std::vector<ModificationLoss> lossesOf(const QString& text)
+{
+    std::vector<ModificationLoss> losses;
+    for (const QString& loss : text.split(u';', Qt::SkipEmptyParts)) {
+        losses.push_back({residueOf(loss.section(u':', 0, 0)),
+                          Composition::readUnimod(loss.section(u':', 1)).value()});
+    }
+    return losses;
+}
+
+int accessionOf(const QString& text)
+{
+    return text.section(u':', 1).toInt();
+}
+
+ModificationEntry unimodEntry(const QList<QString>& row, const AtomMasses& atoms)
+{
+    const Composition composition =
+        row.at(4).isEmpty() ? Composition() : Composition::readUnimod(row.at(4)).value();
+    return {Vocabulary::Unimod,    accessionOf(row.at(0)),           row.at(1),
+            composition,           atoms.weigh(composition).value(), sitesOf(row.value(5)),
+            lossesOf(row.value(6))};
+}
+
+ModificationEntry crosslinkerEntry(const QList<QString>& row, const AtomMasses& atoms)
+{
+    const Composition composition = Composition::read(row.at(2)).value();
+    return {Vocabulary::Xlmod,
+            accessionOf(row.at(0)),
+            row.at(1),
+            composition,
+            atoms.weigh(composition).value(),
+            {},
+            {}};
+}
+
+std::pair<int, QString> nameKey(Vocabulary vocabulary, QStringView name)
+{
+    return {int(vocabulary), name.toString().toCaseFolded()};
+}
+
+/// How many letters have to be added, removed or replaced to make one text of the other.
+qsizetype editDistance(QStringView left, QStringView right)
+{
+    std::vector<qsizetype> row(std::size_t(right.size()) + 1);
+    std::iota(row.begin(), row.end(), 0);
+    for (qsizetype i = 0; i < left.size(); ++i) {
+        qsizetype diagonal = std::exchange(row[0], i + 1);
+        for (std::size_t j = 1; j < row.size(); ++j) {
+            const bool isSame = left[i] == right[qsizetype(j) - 1];
+            const qsizetype replaced = diagonal + (isSame ? 0 : 1);
+            diagonal = std::exchange(row[j], std::min({replaced, row[j] + 1, row[j - 1] + 1}));
+        }
+    }
+    return row.back();
+}
+
+} // namespace
+
+ModificationTable ModificationTable::standard(const AtomMasses& atoms)
+{
+    ModificationTable table;
+    for (const QList<QString>& row : DataFile(u"unimod.tsv"_s).rows())
+        table.add(unimodEntry(row, atoms));
+    for (const QList<QString>& row : DataFile(u"crosslinkers.tsv"_s).rows())
+        table.add(crosslinkerEntry(row, atoms));
+    return table;
+}
+
+bool ModificationTable::add(ModificationEntry entry)
+{
+    const auto name = nameKey(entry.vocabulary, entry.name);
+    const std::pair<int, int> number{int(entry.vocabulary), entry.accession};
+    if (entry.name.isEmpty() || m_byName.contains(name) ||
+        (entry.accession != 0 && m_byAccession.contains(number))) {
+        return false;
+    }
+    const auto index = qsizetype(m_entries.size());
+    m_byName.insert(name, index);
+    if (entry.accession != 0)
+        m_byAccession.insert(number, index);
+    const std::pair<double, qsizetype> mass{entry.masses.monoisotopic, index};
+    m_byMass.insert(std::upper_bound(m_byMass.begin(), m_byMass.end(), mass), mass);
+    m_entries.push_back(std::move(entry));
+    return true;
+}
+
+const ModificationEntry* ModificationTable::byName(QStringView name) const
+{
+    for (const auto vocabulary : {Vocabulary::Unimod, Vocabulary::Xlmod, Vocabulary::Custom}) {
+        if (const ModificationEntry* entry = byName(vocabulary, name))
+            return entry;
+    }
+    return nullptr;
+}
+
+const ModificationEntry* ModificationTable::byName(Vocabulary vocabulary, QStringView name) const
+{
+    const auto index = m_byName.constFind(nameKey(vocabulary, name));
+    return index == m_byName.cend() ? nullptr : &m_entries[std::size_t(*index)];
+}
+
+const ModificationEntry* ModificationTable::byAccession(Vocabulary vocabulary, int accession) const
+{
+    const auto index = m_byAccession.constFind({int(vocabulary), accession});
+    return index == m_byAccession.cend() ? nullptr : &m_entries[std::size_t(*index)];
+}
+
+std::vector<const ModificationEntry*> ModificationTable::byMass(double mass,
+                                                                const Tolerance& tolerance) const
+{
+    using Weighed = std::pair<double, qsizetype>;
+    const auto first = std::lower_bound(m_byMass.begin(), m_byMass.end(), tolerance.lowest(mass),
+                                        [](const Weighed& w, double m) { return w.first < m; });
+    const auto last = std::upper_bound(first, m_byMass.end(), tolerance.highest(mass),
+                                       [](double m, const Weighed& w) { return m < w.first; });
+    std::vector<Weighed> found(first, last);
+    std::sort(found.begin(), found.end(), [mass](const Weighed& left, const Weighed& right) {
+        return std::pair(std::abs(left.first - mass), left.second) <
+               std::pair(std::abs(right.first - mass), right.second);
+    });
+    std::vector<const ModificationEntry*> entries;
+    for (const Weighed& weighed : found)
+        entries.push_back(&m_entries[std::size_t(weighed.second)]);
+    return entries;
+}
+
+QStringList ModificationTable::nearestNames(QStringView name, qsizetype count) const
+{
+    const QString folded =
+        name.first(std::min<qsizetype>(name.size(), 100)).toString().toCaseFolded();
+    std::vector<std::pair<qsizetype, qsizetype>> distances;
+    for (std::size_t i = 0; i < m_entries.size(); ++i) {
+        const qsizetype distance = editDistance(folded, m_entries[i].name.toCaseFolded());
+        if (2 * distance <= folded.size() + 1)
+            distances.emplace_back(distance, qsizetype(i));
+    }
+    std::sort(distances.begin(), distances.end());
+    QStringList names;
+    for (const auto& [distance, index] : distances) {
+        if (names.size() == count)
+            break;
+        if (!names.contains(m_entries[std::size_t(index)].name))
+            names.append(m_entries[std::size_t(index)].name);
+    }
+    return names;
+}
+
+} // namespace ions

@@ -1,0 +1,205 @@
+#include "ResidueTable.h"
+
+#include "masses/FactoryTables.h"
+#include "tables/DataFile.h"
+
+#include <algorithm>
+#include <cmath>
+#include <limits>
+#include <optional>
+
+using namespace Qt::StringLiterals;
+
+namespace ions {
+
+namespace {
+
+using chem::ChemicalFactory;
+
+constexpr double none = std::numeric_limits<double>::quiet_NaN();
+
+Masses massesOf(const chem::Molecule& molecule)
+{
+    return {molecule.monoMass(), molecule.averageMass()};
+}
+
+std::vector<MoleculePart> partsOf(const FactoryTables& tables,
+                                  FactoryTables::BuildingBlockType type)
+{
+    std::vector<MoleculePart> parts;
+    const auto entries = tables.entries(type);
+    for (auto entry = entries.cbegin(); entry != entries.cend(); ++entry) {
+        parts.push_back({entry.key(), entry->name, massesOf(*entry),
+                         Composition::fromFormula(entry->formula()).valueOr({})});
+    }
+    return parts;
+}
+
+/// Rows of name, formula and mass; the mass is computed from the formula with the table's isotopes.
+std::vector<MoleculePart> monosaccharideParts(const AtomMasses& atoms)
+{
+    std::vector<MoleculePart> parts;
+    for (const QList<QString>& row : DataFile(u"monosaccharides.tsv"_s).rows()) {
+        const Composition composition = Composition::read(row.at(1)).value();
+        parts.push_back({row.at(0), row.at(0), atoms.weigh(composition).value(), composition});
+    }
+    return parts;
+}
+
+} // namespace
+
+BreakMasses BreakMasses::of(const AtomMasses& atoms)
+{
+    const auto weigh = [&atoms](QStringView formula) {
+        return atoms.weigh(Composition::read(formula).value()).value();
+    };
+    const double proton = AtomMasses().of({1, 0}).monoisotopic - electronMass;
+    return {weigh(u"H"), weigh(u"CO"), weigh(u"NH3"), weigh(u"H2O"), proton};
+}
+
+struct ResidueTable::Content
+{
+    AtomMasses atoms;
+    std::array<Masses, letterCount> letters;
+    std::array<std::optional<Composition>, letterCount> compositions;
+    BreakMasses breaks;
+    std::vector<MoleculePart> bases;
+    std::vector<MoleculePart> sugars;
+    std::vector<MoleculePart> linkages;
+    std::vector<MoleculePart> monosaccharides;
+
+    explicit Content(const ChemicalFactory& factory)
+        : atoms(factory)
+        , breaks(BreakMasses::of(atoms))
+        , monosaccharides(monosaccharideParts(atoms))
+    {
+        const FactoryTables tables(factory);
+        bases = partsOf(tables, FactoryTables::NucleobaseBlock);
+        sugars = partsOf(tables, FactoryTables::RiboseBlock);
+        linkages = partsOf(tables, FactoryTables::PhosphateBlock);
+        readAminoAcids(tables);
+    }
+
+private:
+    void readAminoAcids(const FactoryTables& tables)
+    {
+        letters.fill({none, none});
+        for (const MoleculePart& part : partsOf(tables, FactoryTables::AminoAcidBlock)) {
+            if (part.code.size() != 1 || part.code[0].unicode() >= letterCount)
+                continue;
+            const std::size_t letter = part.code[0].unicode();
+            letters[letter] = part.masses;
+            if (!part.composition.isEmpty())
+                compositions[letter] = part.composition;
+        }
+        addFormula(u'U', u"C3H5NOSe"_s);
+        addFormula(u'O', u"C12H19N3O2"_s);
+        if (std::isnan(letters[u'J'].average)) {
+            letters[u'J'] = letters[u'L'];
+            compositions[u'J'] = compositions[u'L'];
+        }
+    }
+
+    void addFormula(std::size_t letter, const QString& formula)
+    {
+        if (!std::isnan(letters[letter].average))
+            return;
+        const Composition composition = Composition::read(formula).value();
+        letters[letter] = atoms.weigh(composition).valueOr({none, none});
+        compositions[letter] = composition;
+    }
+};
+
+ResidueTable::ResidueTable()
+    : ResidueTable(*chem::defaultChemicalFactory())
+{
+}
+
+ResidueTable::ResidueTable(const ChemicalFactory& factory)
+    : m_content(std::make_shared<const Content>(factory))
+    , m_letters(m_content->letters.data())
+{
+}
+
+const AtomMasses& ResidueTable::atoms() const
+{
+    return m_content->atoms;
+}
+
+const Composition* ResidueTable::composition(char16_t letter) const
+{
+    if (letter >= letterCount || !m_content->compositions[letter])
+        return nullptr;
+    return &*m_content->compositions[letter];
+}
+
+QString ResidueTable::candidates(char16_t letter) const
+{
+    switch (letter) {
+    case u'B':
+        return u"DN"_s;
+    case u'Z':
+        return u"EQ"_s;
+    case u'J':
+        return u"IL"_s;
+    case u'X':
+        return u"ACDEFGHIKLMNPQRSTVWY"_s;
+    default:
+        return std::isnan(residue(letter).average) ? QString() : QString(QChar(letter));
+    }
+}
+
+Parsed<Masses> ResidueTable::peptide(QStringView sequence) const
+{
+    Masses sum = m_content->breaks.water;
+    for (const QChar letter : sequence)
+        sum += residue(letter.unicode());
+    // An unknown letter makes the sum NaN: looking at each letter would cost more than the sum.
+    if (std::isnan(sum.average)) {
+        const auto unknown = std::find_if(sequence.begin(), sequence.end(), [this](QChar letter) {
+            return std::isnan(residue(letter.unicode()).average);
+        });
+        return Error{u"expected the letter of a residue with a mass"_s, unknown - sequence.begin()};
+    }
+    return sum;
+}
+
+const Masses& ResidueTable::water() const
+{
+    return m_content->breaks.water;
+}
+
+const BreakMasses& ResidueTable::breaks() const
+{
+    return m_content->breaks;
+}
+
+std::span<const MoleculePart> ResidueTable::bases() const
+{
+    return m_content->bases;
+}
+
+std::span<const MoleculePart> ResidueTable::sugars() const
+{
+    return m_content->sugars;
+}
+
+std::span<const MoleculePart> ResidueTable::linkages() const
+{
+    return m_content->linkages;
+}
+
+std::span<const MoleculePart> ResidueTable::monosaccharides() const
+{
+    return m_content->monosaccharides;
+}
+
+const MoleculePart* ResidueTable::monosaccharide(QStringView name) const
+{
+    const auto& parts = m_content->monosaccharides;
+    const auto part = std::find_if(parts.begin(), parts.end(),
+                                   [name](const MoleculePart& p) { return p.code == name; });
+    return part == parts.end() ? nullptr : &*part;
+}
+
+} // namespace ions

@@ -1,0 +1,230 @@
+#include "IsotopePattern.h"
+#include "PatternInputs.h"
+#include "TestPrinters.h"
+#include <zel_chemical_model/ChemicalFactory.h>
+
+#include <gtest/gtest.h>
+
+#include <IsoSpec++/fixedEnvelopes.h>
+
+#include <algorithm>
+#include <cmath>
+#include <functional>
+#include <limits>
+#include <map>
+
+using namespace Qt::StringLiterals;
+
+namespace ions {
+
+namespace {
+
+struct Peak
+{
+    double mass = 0.0;
+    double share = 1.0;
+};
+
+/// All isotopologues, one atom after the other, kept apart by how many of each isotope they hold.
+std::vector<Peak> isotopologuesOf(const Groups& groups)
+{
+    std::map<std::vector<int>, Peak> found = {{{}, Peak()}};
+    for (const IsotopeGroup& group : groups) {
+        for (const Composition::Term& term : group.composition.terms()) {
+            const auto isotopes = group.atoms.isotopes(term.atom);
+            std::map<std::vector<int>, Peak> extended;
+            for (auto [counts, peak] : found) {
+                std::vector<int> longer = counts;
+                longer.resize(counts.size() + isotopes.size(), 0);
+                extended.emplace(longer, peak);
+            }
+            found = std::move(extended);
+            for (int atom = 0; atom < term.count; ++atom) {
+                std::map<std::vector<int>, Peak> more;
+                for (const auto& [counts, peak] : found) {
+                    for (std::size_t i = 0; i < isotopes.size(); ++i) {
+                        std::vector<int> next = counts;
+                        ++next[counts.size() - isotopes.size() + i];
+                        Peak& sum = more.try_emplace(next, Peak{0.0, 0.0}).first->second;
+                        sum.mass = peak.mass + isotopes[i].mass;
+                        sum.share += peak.share * isotopes[i].abundance;
+                    }
+                }
+                found = std::move(more);
+            }
+        }
+    }
+    std::vector<Peak> peaks;
+    for (const auto& [counts, peak] : found)
+        peaks.push_back(peak);
+    return peaks;
+}
+
+std::vector<Peak> fewestTo(double coverage, std::vector<Peak> peaks)
+{
+    std::sort(peaks.begin(), peaks.end(),
+              [](const Peak& left, const Peak& right) { return left.share > right.share; });
+    double sum = 0.0;
+    std::size_t kept = 0;
+    while (kept < peaks.size() && sum < coverage)
+        sum += peaks[kept++].share;
+    peaks.resize(kept);
+    std::sort(peaks.begin(), peaks.end(),
+              [](const Peak& left, const Peak& right) { return left.mass < right.mass; });
+    return peaks;
+}
+
+void expectPeaks(const FineStructure& structure, const std::vector<Peak>& expected)
+{
+    ASSERT_EQ(structure.masses.size(), expected.size());
+    ASSERT_EQ(structure.shares.size(), expected.size());
+    for (std::size_t i = 0; i < expected.size(); ++i) {
+        EXPECT_NEAR(structure.masses[i], expected[i].mass, 1e-9);
+        EXPECT_NEAR(structure.shares[i], expected[i].share, 1e-12);
+    }
+}
+
+TEST(FineStructure, SmallMoleculesHaveTheIsotopologuesThatCountingGives)
+{
+    const AtomMasses heavy = natural().labelled({7, 15}, 0.9).value();
+    const std::vector<Groups> molecules = {
+        {{formula(u"H2O"_s), natural()}},
+        {{formula(u"C6H5Cl3"_s), natural()}},
+        {{formula(u"S4"_s), natural()}},
+        {{formula(u"SnH4"_s), natural()}},
+        {{formula(u"C5H9NO"_s), natural()}, {formula(u"N3"_s), heavy}},
+        {{formula(u"[13C2]D3P"_s), natural()}, {formula(u"BrF"_s), natural()}},
+    };
+    for (const Groups& groups : molecules) {
+        const std::vector<Peak> all = isotopologuesOf(groups);
+        for (const double coverage : {0.3, 0.99, 0.9999}) {
+            SCOPED_TRACE(groups.front().composition.toString().toStdString());
+            const auto structure = fineStructure(groups, coverage);
+            expectPeaks(*structure, fewestTo(coverage, all));
+            EXPECT_TRUE(structure->isComplete);
+            EXPECT_GE(sumOf(structure->shares), coverage);
+        }
+    }
+}
+
+TEST(FineStructure, TheCoverageIsAPartOfWhatTheAbundancesAddUpTo)
+{
+    const AtomMasses lacking(*chem::ChemicalFactory::construct(u"C13:0.3 C12:0.6999995"_s));
+    const Groups groups = {{formula(u"C4"_s), lacking}};
+    const auto structure = fineStructure(groups, largestCoverage);
+    EXPECT_TRUE(structure->isComplete);
+    expectPeaks(*structure, fewestTo(1.0, isotopologuesOf(groups)));
+}
+
+/// The generator's own way to a coverage, which finds the same isotopologues by a selection.
+TEST(FineStructure, PeptidesHaveThePeaksOfAnotherGenerator)
+{
+    for (const char* text : {"C50H71N13O12", "C254H377N65O75S6", "C10H10Fe1", "C20H30Se1Br2"}) {
+        const auto structure =
+            fineStructure(Groups{{formula(QString::fromLatin1(text)), natural()}}, 0.999);
+        auto expected = IsoSpec::FixedEnvelope::FromTotalProb(IsoSpec::Iso(text), 0.999, true);
+        expected.sort_by_mass();
+        ASSERT_EQ(structure->masses.size(), expected.confs_no()) << text;
+        for (std::size_t i = 0; i < expected.confs_no(); ++i) {
+            EXPECT_NEAR(structure->masses[i], expected.mass(i), 1e-9);
+            EXPECT_NEAR(structure->shares[i], expected.prob(i), 1e-9);
+        }
+    }
+}
+
+TEST(FineStructure, TheLimitKeepsTheMostAbundantAndTheFlagTellsIt)
+{
+    const Groups groups = {{formula(u"C254H377N65O75S6"_s), natural()}};
+    const auto all = fineStructure(groups, 0.99);
+    std::vector<double> shares = all->shares;
+    std::sort(shares.begin(), shares.end(), std::greater<>());
+    for (const qsizetype limit : {1, 10, 100}) {
+        const auto some = fineStructure(groups, 0.99, limit);
+        EXPECT_FALSE(some->isComplete);
+        EXPECT_TRUE(std::is_sorted(some->masses.begin(), some->masses.end()));
+        std::vector<double> kept = some->shares;
+        std::sort(kept.begin(), kept.end(), std::greater<>());
+        EXPECT_EQ(kept, std::vector<double>(shares.begin(), shares.begin() + limit));
+    }
+    const auto exactly = fineStructure(groups, 0.99, qsizetype(all->masses.size()));
+    EXPECT_EQ(*exactly, *all);
+}
+
+TEST(FineStructure, BinsAreTheSumsOfTheirIsotopologues)
+{
+    const Groups groups = {{formula(u"C40H60N10O12S2"_s), natural()}};
+    const auto structure = fineStructure(groups, 1.0 - 1e-7);
+    const auto pattern = IsotopePattern::of(groups);
+    for (std::size_t bin = 0; bin < pattern->shares().size(); ++bin) {
+        double share = 0.0;
+        double moment = 0.0;
+        for (std::size_t i = 0; i < structure->masses.size(); ++i) {
+            if (std::abs(structure->masses[i] - pattern->centroids()[bin]) < 0.5) {
+                share += structure->shares[i];
+                moment += structure->shares[i] * structure->masses[i];
+            }
+        }
+        EXPECT_NEAR(pattern->shares()[bin], share, 2e-7);
+        EXPECT_NEAR(pattern->centroids()[bin], moment / share, 1e-3);
+    }
+}
+
+TEST(FineStructure, MoleculesOfOneIsotopologueHaveOnePeak)
+{
+    for (const QString& text : {u"P"_s, u"[13C6]"_s, u"NaF"_s}) {
+        const auto structure = fineStructure(Groups{{formula(text), natural()}});
+        ASSERT_EQ(structure->masses.size(), 1U);
+        EXPECT_NEAR(structure->masses[0], natural().weigh(formula(text))->monoisotopic, 1e-12);
+        EXPECT_NEAR(structure->shares[0], 1.0, 1e-12);
+        EXPECT_TRUE(structure->isComplete);
+    }
+    EXPECT_EQ(fineStructure({})->masses, std::vector<double>{0.0});
+}
+
+TEST(FineStructure, MoleculesWithoutIsotopologuesAreRefused)
+{
+    EXPECT_EQ(fineStructure(Groups{{formula(u"CH-1"_s), natural()}}).error().position, 0);
+    EXPECT_EQ(fineStructure(Groups{{formula(u"HOg"_s), natural()}}).error().position, 1);
+    const auto tooMany = fineStructure(Groups{{formula(u"CH10485759"_s), natural()}});
+    ASSERT_FALSE(tooMany.hasValue());
+    EXPECT_EQ(tooMany.error().position, 0);
+    const Groups water = {{formula(u"H2O"_s), natural()}};
+    EXPECT_FALSE(fineStructure(water, 1.0).hasValue());
+    EXPECT_FALSE(fineStructure(water, 0.0).hasValue());
+    EXPECT_FALSE(fineStructure(water, std::numeric_limits<double>::quiet_NaN()).hasValue());
+    EXPECT_FALSE(fineStructure(water, 0.9, 0).hasValue());
+}
+
+TEST(FineStructure, TheMostAbundantMassIsThatOfTheHighestPeak)
+{
+    const AtomMasses heavy = natural().labelled({6, 13}, 0.7).value();
+    const std::vector<Groups> molecules = {
+        {{formula(u"C254H377N65O75S6"_s), natural()}},
+        {{formula(u"C3Br4"_s), natural()}, {formula(u"C9"_s), heavy}},
+        {{formula(u"Sn3"_s), natural()}},
+        {{formula(u"PF5"_s), natural()}},
+    };
+    for (const Groups& groups : molecules) {
+        const auto structure = fineStructure(groups, 0.9);
+        const auto highest = std::max_element(structure->shares.begin(), structure->shares.end());
+        EXPECT_NEAR(*mostAbundantMass(groups),
+                    structure->masses[std::size_t(highest - structure->shares.begin())], 1e-9);
+    }
+    EXPECT_EQ(*mostAbundantMass({}), 0.0);
+    EXPECT_FALSE(mostAbundantMass(Groups{{formula(u"C-1"_s), natural()}}).hasValue());
+}
+
+/// Isotopologues of a thousand tin atoms lie so densely that a layer of them that is two natural
+/// logarithms thick would not fit in memory.
+TEST(FineStructure, LargeMoleculesEndAtTheLimit)
+{
+    for (const QString& text : {u"C6666H10473N1833O1994S56"_s, u"Sn1000"_s}) {
+        const auto structure = fineStructure(Groups{{formula(text), natural()}}, 0.9999, 1000);
+        EXPECT_EQ(structure->masses.size(), 1000U);
+        EXPECT_FALSE(structure->isComplete);
+    }
+}
+
+} // namespace
+
+} // namespace ions

@@ -1,0 +1,122 @@
+#include "ResidueTable.h"
+
+#include "TestPrinters.h"
+#include <zel_chemical_model/ChemicalFactory.h>
+
+#include <gtest/gtest.h>
+#include <rapidcheck/gtest.h>
+
+#include <cmath>
+
+using namespace Qt::StringLiterals;
+
+namespace ions {
+
+namespace {
+
+/// Masses of published peptides, as calibration tables print them.
+TEST(ResidueTable, PeptidesWeighTheirResiduesAndOneWater)
+{
+    const ResidueTable residues;
+    EXPECT_NEAR(residues.peptide(u"DRVYIHPF")->monoisotopic, 1045.53451, 1e-4);
+    EXPECT_NEAR(residues.peptide(u"YGGFL")->monoisotopic, 555.26930, 1e-4);
+    EXPECT_NEAR(residues.peptide(u"RPPGFSPFR")->average, 1060.21, 0.01);
+    EXPECT_EQ(residues.peptide(u"").value(), residues.water());
+}
+
+TEST(ResidueTable, PeptidesAgreeWithTheFirstLibrary)
+{
+    const ResidueTable residues;
+    const auto factory = chem::defaultChemicalFactory();
+    const QString all = u"ACDEFGHIKLMNPQRSTVWY"_s;
+    for (const QString& text : {all, all.repeated(2), u"PEPTIDE"_s, u"G"_s}) {
+        const auto complex = factory->constructLinearPeptideComplex(text);
+        EXPECT_NEAR(residues.peptide(text)->monoisotopic, complex->monoMass(), 1e-9);
+        EXPECT_NEAR(residues.peptide(text)->average, complex->averageMass(), 1e-9);
+    }
+}
+
+/// Residue masses as textbooks print them.
+TEST(ResidueTable, RareResiduesHaveFixedFormulas)
+{
+    const ResidueTable residues;
+    EXPECT_NEAR(residues.residue(u'U').monoisotopic, 150.95364, 1e-4);
+    EXPECT_NEAR(residues.residue(u'O').monoisotopic, 237.14773, 1e-4);
+    EXPECT_EQ(residues.residue(u'J'), residues.residue(u'L'));
+    EXPECT_EQ(residues.composition(u'U')->toString(), u"C3H5NOSe"_s);
+    EXPECT_EQ(*residues.composition(u'J'), *residues.composition(u'I'));
+}
+
+TEST(ResidueTable, OtherCharactersHaveNoMass)
+{
+    const ResidueTable residues;
+    for (int c = 0; c < 0x10000; ++c) {
+        const bool isResidue = c < 128 && u"ACDEFGHIJKLMNOPQRSTUVWY"_s.contains(QChar(c));
+        ASSERT_EQ(std::isnan(residues.residue(char16_t(c)).average), !isResidue) << c;
+        ASSERT_EQ(std::isnan(residues.residue(char16_t(c)).monoisotopic), !isResidue) << c;
+        ASSERT_EQ(residues.composition(char16_t(c)) != nullptr, isResidue) << c;
+    }
+}
+
+TEST(ResidueTable, AnUnknownLetterIsRefusedAtItsPlace)
+{
+    const ResidueTable residues;
+    for (const QChar letter : u"BZX*-a \u00c5\uffff"_s) {
+        const QString sequence = u"PEP"_s + letter + u"TIDEX"_s;
+        const Parsed<Masses> masses = residues.peptide(sequence);
+        ASSERT_FALSE(masses.hasValue());
+        EXPECT_EQ(masses.error().position, 3);
+    }
+}
+
+TEST(ResidueTable, AmbiguousLettersNameWhatTheyCanBe)
+{
+    const ResidueTable residues;
+    EXPECT_EQ(residues.candidates(u'B'), u"DN"_s);
+    EXPECT_EQ(residues.candidates(u'Z'), u"EQ"_s);
+    EXPECT_EQ(residues.candidates(u'J'), u"IL"_s);
+    EXPECT_EQ(residues.candidates(u'X').size(), 20);
+    EXPECT_EQ(residues.candidates(u'K'), u"K"_s);
+    EXPECT_EQ(residues.candidates(u'U'), u"U"_s);
+    EXPECT_EQ(residues.candidates(u'*'), u""_s);
+}
+
+TEST(ResidueTable, ACallersResiduesAndIsotopesAreTaken)
+{
+    const auto factory = chem::ChemicalFactory::construct(u"N15:1.0"_s);
+    factory->setBuildingBlock(chem::ChemicalFactory::AminoAcidBlock, u"X"_s, u"ornithine"_s,
+                              u"C5H10N2O"_s);
+    factory->setBuildingBlock(chem::ChemicalFactory::AminoAcidBlock, u"B"_s, u"half"_s, u"C0.5"_s);
+    const ResidueTable residues(*factory);
+    EXPECT_NEAR(residues.residue(u'G').monoisotopic, 57.02146 + 0.99703, 1e-4);
+    EXPECT_NEAR(residues.residue(u'X').monoisotopic, 114.07931 + 2 * 0.99703, 1e-4);
+    EXPECT_EQ(residues.composition(u'X')->toString(), u"C5H10N2O"_s);
+    EXPECT_EQ(residues.composition(u'B'), nullptr);
+    EXPECT_FALSE(std::isnan(residues.residue(u'B').average));
+}
+
+TEST(ResidueTable, PartsOfNucleotidesAreThoseOfTheFactory)
+{
+    const ResidueTable residues;
+    EXPECT_EQ(residues.bases().size(), 6U);
+    EXPECT_EQ(residues.sugars().size(), 6U);
+    EXPECT_EQ(residues.linkages().size(), 2U);
+    EXPECT_EQ(residues.bases()[0].code, u"A"_s);
+    EXPECT_EQ(residues.bases()[0].composition.toString(), u"C5H4N5"_s);
+}
+
+/// The masses stand in the table of the notation itself.
+TEST(ResidueTable, MonosaccharidesWeighWhatTheirTableSays)
+{
+    const ResidueTable residues;
+    EXPECT_EQ(residues.monosaccharides().size(), 24U);
+    EXPECT_NEAR(residues.monosaccharide(u"Hex")->masses.monoisotopic, 162.052823418, 1e-6);
+    EXPECT_NEAR(residues.monosaccharide(u"NeuAc")->masses.monoisotopic, 291.095416506, 1e-6);
+    EXPECT_NEAR(residues.monosaccharide(u"en,aHex")->masses.monoisotopic, 158.02152329, 1e-6);
+    EXPECT_EQ(residues.monosaccharide(u"hex"), nullptr);
+    EXPECT_EQ(residues.monosaccharide(u""), nullptr);
+}
+
+} // namespace
+
+} // namespace ions
