@@ -3,6 +3,8 @@
 
 #include <gtest/gtest.h>
 
+#include <stdexcept>
+
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -175,6 +177,18 @@ TEST(BuildingBlocks, FactoryThatWasMovedFromCanBeFilledAnew)
     const auto peptide = source.constructLinearPeptideComplex(u"GJ"_s);
     // NOLINTEND(bugprone-use-after-move)
     EXPECT_EQ(peptide->formula().toString(), u"C2H2O"_s);
+}
+
+TEST(BuildingBlocks, EntryThatIsRefusedLeavesTheFactoryAsItWas)
+{
+    const auto factory = chem::ChemicalFactory::construct(u"Au197:1.5"_s);
+    const auto earlier = factory->constructLinearPeptideComplex(u"AG"_s);
+    EXPECT_THROW(factory->setBuildingBlock(chem::ChemicalFactory::AminoAcidBlock, u"A"_s,
+                                           u"Auranine"_s, u"C3Au"_s),
+                 std::invalid_argument);
+    const auto later = factory->constructLinearPeptideComplex(u"AG"_s);
+    EXPECT_EQ(later->residues.at(1)->name, u"Alanine"_s);
+    EXPECT_EQ(later->monoMass(), earlier->monoMass());
 }
 
 } // namespace

@@ -5,6 +5,8 @@
 
 #include <gtest/gtest.h>
 
+#include <stdexcept>
+
 using namespace Qt::StringLiterals;
 using namespace randomMolecules;
 
@@ -22,6 +24,12 @@ Molecule times(int count, Molecule molecule)
 {
     molecule *= count;
     return molecule;
+}
+
+/// Gold has isotopes that are refused; no building block holds any, so the factory can be made.
+QSharedPointer<const chem::ChemicalFactory> factoryWithoutGold()
+{
+    return chem::ChemicalFactory::construct(u"Au197:1.5"_s);
 }
 
 TEST(FactoryMasses, MoleculeOfUnknownElementsKeepsItsFormula)
@@ -94,6 +102,25 @@ RC_GTEST_PROP(FactoryMassesLaws, AddedGroupCanBeTakenOffAgain, ())
     const int count = *rc::gen::inRange(1, 9);
     const Molecule there = modified(start, group, count);
     RC_ASSERT(isAlike(modified(there, group, -count), start, there.averageMass()));
+}
+
+TEST(FactoryMasses, ModificationThatGainsOrLosesARefusedElementThrows)
+{
+    const auto factory = factoryWithoutGold();
+    const chem::Molecule water = factory->constructMolecule(u"H2O"_s);
+    EXPECT_THROW(factory->modifyMolecule(water, u"Au"_s, 1), std::invalid_argument);
+    EXPECT_THROW(factory->modifyMolecule(water, u"H-1Au-1"_s, 1), std::invalid_argument);
+    EXPECT_THROW(factory->modifyMolecule(water, u"Au"_s, 0), std::invalid_argument);
+    EXPECT_NO_THROW(factory->modifyMolecule(water, u"H-1"_s, 1));
+}
+
+TEST(FactoryMasses, EstimatesFromARefusedElementThrow)
+{
+    const auto factory = factoryWithoutGold();
+    EXPECT_THROW(factory->moleculeBasedOnAverageMass(u"C5Au"_s, 200.0), std::invalid_argument);
+    EXPECT_THROW(factory->moleculeBasedOnMonoMass(u"C5Au"_s, 200.0), std::invalid_argument);
+    EXPECT_NO_THROW(factory->moleculeBasedOnAverageMass(u"C5"_s, 200.0));
+    EXPECT_NO_THROW(factory->moleculeBasedOnMonoMass(u"C5"_s, 200.0));
 }
 
 } // namespace

@@ -475,8 +475,9 @@ TEST(OligoReader, AgreesWithTheExpressionsForRandomDictionaries)
             const QString text = randomText(factory, random);
             const Parsed oracle = expected.parse(text);
             expectSameReading(parse(factory, text), oracle);
-            if (!text.contains(u','))
+            if (!text.contains(u',')) {
                 EXPECT_EQ(factory.isValidOligoSequence(text), oracle.isValid);
+            }
             ASSERT_FALSE(HasFailure()) << text.toStdString() << "\n"
                                        << factory.generateFullOligoRegex().pattern().toStdString();
             accepted += oracle.isValid;
