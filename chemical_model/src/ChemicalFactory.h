@@ -74,15 +74,11 @@ public:
     /// number, a colon and an abundance, as in "C13:0.99 C12:0.01". A named element keeps only the
     /// isotopes that the text lists, with their abundances scaled by normalize(), which tells on
     /// "zel.generic" what it leaves unscaled.
-    ///
-    /// Write whole percentages, or fractions that add up to 1, for each element. Sums are cut to
-    /// whole numbers, so percentages with decimals are scaled wrongly and nothing tells of it:
-    /// "N15:98.7 N14:1.3" gives shares of 1.01 in all, and average masses with 1 % too much
-    /// nitrogen. "N15:99.5 N14:0.5" gives a share of 1.005, which throws `std::invalid_argument`.
-    ///
-    /// Neutrons are counted from the lightest isotope of the element that the text names first, and
-    /// an isotope that is not found within 0.2 Da of its expected mass gets that mass.
-    ///
+    /// Write whole percentages, or fractions that add up to 1, for each element: sums are cut to
+    /// whole numbers. "N15:98.7 N14:1.3" gives shares of 1.01 in all and wrong averages without a
+    /// word; "N15:99.5 N14:0.5" gives a share of 1.005 and throws. Neutrons are counted from the
+    /// lightest isotope of the element that the text names first, and an isotope that is not found
+    /// within 0.2 Da of its expected mass gets that mass.
     /// A text with an entry that cannot be read (a blank at either end makes an empty one) gives a
     /// factory with natural isotopes and with empty dictionaries and constants: nothing else tells
     /// of it. An abundance outside (0, 1] after scaling throws `std::invalid_argument` as soon as
@@ -124,14 +120,13 @@ public:
 
     /// Computes both masses of a formula, gains minus losses, and always writes them. Mind the
     /// order: monoisotopic mass first. Counts are cut as in constructMolecule(), which throws the
-    /// same. An element that the table does not have counts as 0.0; the error has number 2 if there
-    /// is no known element at all, and 0 otherwise.
+    /// same. An unknown element counts as 0.0; the error is 2 if none is known, and 0 otherwise.
     zel::Error calculateMassesForFormula(const ChemicalFormula& formula, double* monoMass,
                                          double* averageMass) const;
 
     /// Computes both masses of the elements with the counts at the same index likewise. A negative
-    /// or missing count adds 0.0; an element that is listed twice counts twice. The error has
-    /// number 2 if no element is known or the list is empty, and 0 otherwise.
+    /// or missing count adds 0.0; an element that is listed twice counts twice. The error is 2 if
+    /// no element is known or the list is empty, and 0 otherwise.
     zel::Error calculateMassesForElementCountArrays(const QList<QString>& elements,
                                                     const QList<int>& counts, double* monoMass,
                                                     double* averageMass) const;
@@ -146,7 +141,6 @@ public:
     Molecule moleculeBasedOnMonoMass(const QString& formula, double monoMass) const;
 
     /// Computes the isotope envelope of a molecule at a charge.
-    ///
     /// \param molecule the neutral molecule.
     /// \param charge the number of charges; its sign is ignored, and 0 divides like 1.
     /// \param envelope emptied, then filled: one point for each nominal mass from the lightest peak
@@ -160,11 +154,9 @@ public:
     /// The envelope is empty where no configuration reaches the threshold, and, with a warning on
     /// the category "zel.generic", where a count is negative, above 2147483647 or no whole number,
     /// hydrogens included. Unknown elements take no part. Counts of 10485759 and more make
-    /// IsoSpec++ throw, as do abundances that are refused, see construct().
-    ///
-    /// The electron mass is right for protonated ions. A deprotonated one is two electron masses,
-    /// 0.0011, above what `x` says, at any charge. What the threshold leaves out is heavier than
-    /// the rest: the centroid of all points is 3 ppm light at 150 kDa.
+    /// IsoSpec++ throw, as do abundances that are refused, see construct(). Deprotonated ions lie
+    /// two electron masses, 0.0011, above `x` at any charge. What the threshold leaves out is
+    /// heavier than the rest: the centroid of all points is 3 ppm light at 150 kDa.
     Molecule generateIsotopeEnvelope(const Molecule& molecule, int charge, QList<QPointF>* envelope,
                                      bool protonate) const;
 
@@ -178,8 +170,7 @@ public:
                                 QList<QSharedPointer<const AminoAcid>>* aminoAcids,
                                 NamedMolecule* nTerminal, NamedMolecule* cTerminal) const;
 
-    /// Lays a peptide text out as a complex with its a, b, c, x, y and z sites. Never null.
-    /// Characters are read as by parseAminoAcidSequence().
+    /// Lays a text, read likewise, out as a complex with its a, b, c, x, y and z sites. Never null.
     QSharedPointer<MoleculeComplex> constructLinearPeptideComplex(const QString& sequence) const;
 
     /// @}
@@ -199,15 +190,12 @@ public:
     /// such alphabets are left to the expression engine, which refuses long texts.
     bool isValidOligoSequence(const QString& sequence) const;
 
-    /// Reads an oligonucleotide text without blanks or commas and appends its nucleotides.
-    ///
-    /// \return false if the text is outside the grammar. Then nothing is appended, and the
-    /// terminals hold the defaults: hydrogen named "5Prime" and hydroxyl named "3Prime", without
-    /// codes.
-    ///
-    /// The last nucleotide has no phosphate unless the text gives one; a number at the end takes
-    /// away the implicit phosphate of the nucleotide before it. A single number without marks is a
-    /// mass without terminals. For the length see isValidOligoSequence().
+    /// Reads an oligonucleotide text without blanks or commas and appends its nucleotides. Gives
+    /// false if the text is outside the grammar. Then nothing is appended, and the terminals hold
+    /// the defaults: hydrogen named "5Prime" and hydroxyl named "3Prime", without codes. The last
+    /// nucleotide has no phosphate unless the text gives one; a number at the end takes away the
+    /// implicit phosphate of the nucleotide before it. A single number without marks is a mass
+    /// without terminals. For the length see isValidOligoSequence().
     bool parseNucleotideSequence(const QString& sequence,
                                  QList<QSharedPointer<const Nucleotide>>* nucleotides,
                                  NamedMolecule* fivePrime, NamedMolecule* threePrime) const;
@@ -243,8 +231,7 @@ public:
     /// setBuildingBlock() changes what these names weigh but adds none.
     bool isValidGlycanComposition(const QString& composition) const;
 
-    /// Adds up the residues of a composition, stored masses times counts in the order of the terms,
-    /// those that can be used. No water is added.
+    /// Adds up the usable terms in their order, stored masses times counts. No water is added.
     Molecule constructGlycanModification(const QString& composition) const;
 
     /// Adds constructGlycanModification() of `composition` to a copy of `molecule`.
@@ -270,15 +257,12 @@ public:
     /// created. Any text is accepted as a formula: unknown elements weigh nothing, and refused
     /// abundances throw, see construct(). Whatever is thrown leaves the factory as it was. The
     /// default sugar and linkage stay as they are. No other thread may use this factory meanwhile.
-    ///
-    /// A code that no reader can match is stored likewise, and no text ever names it. Readers match
-    /// one character for a residue, a base, a sugar of a nucleotide, a linkage or an end, and for
-    /// glycans the names that isValidGlycanComposition() lists.
+    /// Codes that no reader matches are stored as well: readers take one character for a residue,
+    /// base, sugar, linkage or end, and for glycans the names of isValidGlycanComposition().
     void setBuildingBlock(BuildingBlockType type, const QString& code, const QString& name,
                           const QString& formula);
 
-    /// Writes the two ends of a peptide: hydrogen, named "NTerm" with code "H-", and hydroxyl,
-    /// named "CTerm" with code "-OH".
+    /// Writes the ends of a peptide: hydrogen "NTerm", code "H-", and hydroxyl "CTerm", code "-OH".
     void standardPeptideTermini(NamedMolecule* nTerminal, NamedMolecule* cTerminal) const;
 
     /// Writes the same two ends for an oligonucleotide, under the same labels on purpose.
@@ -289,8 +273,7 @@ public:
     /// The kind with this label, matched exactly; NoBlock (12) for any other text.
     static BuildingBlockType buildingBlockType(const QString& label);
 
-    /// The label of an ion type, such as "b", "z." or, for an a ion without its base, "aB";
-    /// "unknown" for types without one.
+    /// The label of an ion type: "b", "z.", "aB" for a less its base; "unknown" where it has none.
     static QString typeToString(ZEL_QEnumsFragmentType::FragmentType type);
 
     /// Rewrites a formula of the older convention, in which oligonucleotide building blocks were
@@ -349,8 +332,7 @@ private:
     std::shared_ptr<const Prepared> m_prepared; ///< Null before init() and after a move.
 };
 
-/// The shared factory with natural isotopes. The first call makes it, from whichever thread; it
-/// lives until the library unloads.
+/// The shared factory with natural isotopes, made at the first call, from whichever thread.
 ZEL_CHEMICAL_MODEL_EXPORT QSharedPointer<const ChemicalFactory> defaultChemicalFactory();
 
 /// @}

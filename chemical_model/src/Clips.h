@@ -97,9 +97,9 @@ private:
 /// Clips are neither sorted nor made unique, and no terminal groups are added. The first range of a
 /// chain that is cut by residue rules holds the chain's first terminal. A chain with a residue
 /// whose code is not one character long, such as an unknown letter, gives only that range. The
-/// factory is not used and may be null. Throws nothing. Each clip costs its residues, and all links,
-/// modifications and history entries of the molecule; createClipAll() gives one clip fewer than
-/// twice the residues of a chain. Any number of threads may clip one molecule at once.
+/// factory is not used and may be null. Throws nothing. Each clip costs its residues, and all
+/// links, modifications and history entries of the molecule; createClipAll() gives one clip fewer
+/// than twice the residues of a chain. Any number of threads may clip one molecule at once.
 ///
 /// Clips of a residue rule are both sides of each cut and reach to an end of the chain, so that all
 /// of them together grow with the square of the chain: 35,000 residues take seconds and 2 GB. To
