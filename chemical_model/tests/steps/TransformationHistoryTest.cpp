@@ -5,6 +5,7 @@
 #include "RapidCheckChoices.h"
 #include "SumOfParts.h"
 #include "TestPrinters.h"
+#include "structure/StructuredCopy.h"
 
 #include <gtest/gtest.h>
 #include <rapidcheck/gtest.h>
