@@ -7,7 +7,6 @@
 #include <QString>
 #include <QStringView>
 
-#include <compare>
 #include <span>
 #include <vector>
 
@@ -26,8 +25,14 @@ struct ZEL_ION_MODEL_EXPORT Atom
     /// The symbol of the element, without mass number.
     QString symbol() const;
 
+    /// Compares both numbers.
+    friend constexpr bool operator==(const Atom&, const Atom&) = default;
     /// Orders by atomic number, then mass number, the element before its isotopes.
-    friend auto operator<=>(const Atom&, const Atom&) = default;
+    friend constexpr bool operator<(const Atom& left, const Atom& right)
+    {
+        return left.atomicNumber != right.atomicNumber ? left.atomicNumber < right.atomicNumber
+                                                       : left.massNumber < right.massNumber;
+    }
 };
 
 /// Counts of elements and of stated isotopes: whole numbers, negative for a loss, none of them 0.

@@ -68,7 +68,7 @@ QString FragmentIons::label(const Backbone& backbone, qsizetype ion) const
     const QString number = QString::number(qsizetype(run.firstNumber) + offset);
     const bool isOneOfSeveral = backbone.chains().size() > 1 && run.series != Series::Precursor;
     QString text = isOneOfSeveral ? QString::number(run.chain + 1) + u':' : QString();
-    int hydrogens = run.hydrogens;
+    int hydrogens = int(run.hydrogens);
     if (run.series == Series::Precursor) {
         text += u'p';
     } else if (run.series == Series::Immonium) {

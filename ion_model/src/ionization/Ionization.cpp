@@ -152,7 +152,7 @@ private:
         if (!naturalAtoms().weigh(*carrier))
             return Error{u"expected a carrier whose atoms have masses"_s, start};
         if (const auto charge = knownCharge(*carrier))
-            m_knownCharge += *charge * count;
+            m_knownCharge += qint64(*charge) * count;
         else
             m_isAllKnown = false;
         m_ion.m_written.push_back({count, formula.toString()});

@@ -167,6 +167,7 @@ std::vector<const ModificationEntry*> ModificationTable::byMass(double mass,
                std::pair(std::abs(right.first - mass), right.second);
     });
     std::vector<const ModificationEntry*> entries;
+    entries.reserve(found.size());
     for (const Weighed& weighed : found)
         entries.push_back(&m_entries[std::size_t(weighed.second)]);
     return entries;

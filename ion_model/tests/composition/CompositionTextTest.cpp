@@ -6,6 +6,7 @@
 #include <rapidcheck/gtest.h>
 
 #include <limits>
+#include <ostream>
 #include <vector>
 
 using namespace Qt::StringLiterals;
@@ -19,6 +20,11 @@ struct FormulaCase
     QString text;
     QString canonical;
 };
+
+void PrintTo(const FormulaCase& formula, std::ostream* stream)
+{
+    *stream << formula.text.toStdString();
+}
 
 class CompositionTextForms : public testing::TestWithParam<FormulaCase>
 {

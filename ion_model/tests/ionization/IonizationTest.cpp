@@ -7,6 +7,7 @@
 #include <rapidcheck/gtest.h>
 
 #include <limits>
+#include <ostream>
 
 using namespace Qt::StringLiterals;
 
@@ -24,6 +25,11 @@ struct AdductCase
     QString text;
     double mz = 0.0; ///< Of glucose, 180.063388 Da.
 };
+
+void PrintTo(const AdductCase& adduct, std::ostream* stream)
+{
+    *stream << adduct.text.toStdString();
+}
 
 class AdductTable : public testing::TestWithParam<AdductCase>
 {
