@@ -68,7 +68,7 @@ QString FragmentIons::label(const Backbone& backbone, qsizetype ion) const
     const QString number = QString::number(qsizetype(run.firstNumber) + offset);
     const bool isOneOfSeveral = backbone.chains().size() > 1 && run.series != Series::Precursor;
     QString text = isOneOfSeveral ? QString::number(run.chain + 1) + u':' : QString();
-    int hydrogens = int(run.hydrogens);
+    int dotted = 0;
     if (run.series == Series::Precursor) {
         text += u'p';
     } else if (run.series == Series::Immonium) {
@@ -78,10 +78,10 @@ QString FragmentIons::label(const Backbone& backbone, qsizetype ion) const
         text += u'm' + QString::number(run.start) + u':' + number;
     } else {
         const QString name = seriesName(run.series);
-        hydrogens += isDotted(name) ? 1 : 0;
+        dotted = isDotted(name) ? 1 : 0;
         text += (isDotted(name) ? name.chopped(1) : name) + number;
     }
-    text += signedCount(hydrogens, u"H"_s) + m_losses[run.loss];
+    text += signedCount(run.hydrogens + dotted, u"H"_s) + m_losses[run.loss];
     if (run.charge != 1)
         text += u'^' + QString::number(run.charge);
     return text;
