@@ -27,9 +27,9 @@ public:
     /// `share` is 1 for the highest peak.
     double y(double share) const { return bottom - (bottom - top) * share; }
 
-    void drawPeak(double mz, double share, const QString& colour, double thickness, Svg* svg) const
+    void drawPeak(double mz, double share, const QString& stroke, double thickness, Svg* svg) const
     {
-        svg->line(x(mz), bottom, x(mz), y(share), colour, thickness);
+        svg->line(x(mz), bottom, x(mz), y(share), stroke, thickness);
     }
 
     void drawAxes(Svg* svg) const
