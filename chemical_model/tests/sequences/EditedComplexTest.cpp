@@ -11,7 +11,10 @@ using Sites = QList<QSharedPointer<FragmentationSite>>;
 
 Sites oneSite(chem::FragmentType type)
 {
-    return {QSharedPointer<FragmentationSite>::create(type, chem::Molecule(), chem::Molecule())};
+    Sites sites;
+    sites.append(
+        QSharedPointer<FragmentationSite>::create(type, chem::Molecule(), chem::Molecule()));
+    return sites;
 }
 
 /// Three residues and two lists of sites.
