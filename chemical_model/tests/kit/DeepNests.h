@@ -24,7 +24,7 @@ template <typename Part>
 MoleculeEntity with(QList<Part> StructuredMolecule::*list, const Part& part)
 {
     StructuredMolecule molecule;
-    (molecule.*list).append(part);
+    molecule.*list = {part};
     return molecule;
 }
 
