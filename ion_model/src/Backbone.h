@@ -42,7 +42,7 @@ struct BackboneGroup
 /// A group that sits on one of several units, and nobody knows which.
 struct OpenGroup
 {
-    BackboneGroup group;
+    BackboneGroup group;          ///< What sits there.
     std::vector<qsizetype> units; ///< Where it may sit, ascending, from 0.
 };
 
@@ -52,7 +52,7 @@ struct OpenGroup
 /// linkage to the next one are known apart.
 struct BackboneChain
 {
-    Polymer polymer = Polymer::Peptide;
+    Polymer polymer = Polymer::Peptide; ///< How it breaks.
     std::vector<Masses> units;    ///< Residues with their modifications, linkages not included.
     std::vector<Masses> bases;    ///< Oligonucleotides: the base of each unit; else empty.
     std::vector<Masses> linkages; ///< Oligonucleotides: what follows each unit; else empty.
@@ -74,11 +74,11 @@ struct BackboneChain
 /// A bridge between two units, of one chain or of two.
 struct BackboneLink
 {
-    qsizetype firstChain = 0;
-    qsizetype firstUnit = 0;
-    qsizetype secondChain = 0;
-    qsizetype secondUnit = 0;
-    Masses masses; ///< What the bridge adds; often a loss.
+    qsizetype firstChain = 0;  ///< From 0.
+    qsizetype firstUnit = 0;   ///< From 0, in its chain.
+    qsizetype secondChain = 0; ///< From 0.
+    qsizetype secondUnit = 0;  ///< From 0, in its chain.
+    Masses masses;             ///< What the bridge adds; often a loss.
 };
 
 /// The one value that fragment ions are made of: chains, the links between them, and what breaking

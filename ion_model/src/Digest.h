@@ -63,6 +63,8 @@ public:
 
 protected:
     struct Content;
+
+    /// What findCuts() follows, as a derived class has read it.
     explicit CleavageAgent(std::shared_ptr<const Content> content);
 
 private:

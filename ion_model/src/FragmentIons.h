@@ -72,15 +72,15 @@ struct IonOptions
 /// Ions of one series, charge and loss with numbers that follow each other.
 struct IonRun
 {
-    quint32 firstNumber = 0; ///< Of the first ion: its units, the unit itself, or where it ends.
-    quint32 count = 0;       ///< How many ions there are.
-    quint32 start = 0;       ///< Internal ions: the unit where they start, from 1. Else 0.
-    qint16 charge = 1;       ///< With its sign.
-    quint16 loss = 0;        ///< Index in FragmentIons::losses(); 0 is no loss.
-    Series series = Series::B;
-    qint8 hydrogens = 0; ///< More than the series has.
-    quint8 chain = 0;    ///< From 0.
-    quint8 variant = 0;  ///< Counts the ways in which open groups are held, or labile ones lost.
+    quint32 firstNumber = 0;   ///< Of the first ion: its units, the unit itself, or where it ends.
+    quint32 count = 0;         ///< How many ions there are.
+    quint32 start = 0;         ///< Internal ions: the unit where they start, from 1. Else 0.
+    qint16 charge = 1;         ///< With its sign.
+    quint16 loss = 0;          ///< Index in FragmentIons::losses(); 0 is no loss.
+    Series series = Series::B; ///< The same for all.
+    qint8 hydrogens = 0;       ///< More than the series has.
+    quint8 chain = 0;          ///< From 0.
+    quint8 variant = 0; ///< Counts the ways in which open groups are held, or labile ones lost.
 };
 
 /// Fragment ions of a backbone as plain arrays: one m/z for each ion, and once a run what the ions

@@ -30,8 +30,11 @@ public:
     /// gives [M+H]+.
     static Ionization protons(int charge);
 
-    /// Reads an ion's notation: `[M+2H]2+`, `[M-3H]3-`, `[M+H+Na]2+`, `[M+NH4]+`, `[M+Cl]-`,
-    /// `[2M+H]+`, `[M]+.` for an electron taken, or `+2` and `-3` for protons.
+    /// Reads the notation of an ion:
+    ///
+    ///     [M+2H]2+   [M-3H]3-   [M+H+Na]2+   [M+NH4]+   [M+Cl]-   [2M+H]+
+    ///     [M]+.      an electron taken
+    ///     +2  -3     protons added, or taken away
     ///
     /// Carriers are formulas with a count in front. Those whose charge is known have to add up to
     /// the charge behind the bracket: H, the alkali metals, Ag and NH4 have 1, the alkaline earth
