@@ -1,20 +1,9 @@
 // The examples that stand in the headers' comments. What their comments promise is tested here.
 
+#include "Promises.h"
 #include "Recipes.h"
 
-#include <cmath>
-
 namespace {
-
-void require(bool isTrue, const char* what, QTextStream& out)
-{
-    out << (isTrue ? "ok " : "FAILED ") << what << '\n';
-}
-
-bool isNear(double value, double promised, double within)
-{
-    return std::abs(value - promised) <= within;
-}
 
 void formulas(QTextStream& out)
 {

@@ -45,12 +45,21 @@ void partsOfNucleotides(QTextStream& out);
 void quietFailures(QTextStream& out);
 void histories(QTextStream& out);
 void headerExamples(QTextStream& out);
+void ionHeaderExamples(QTextStream& out);
 
 void averageMasses(QTextStream& out);
 void shareLeftOut(QTextStream& out);
 void firstWandX(QTextStream& out);
 void electronMass(QTextStream& out);
 void estimates(QTextStream& out);
+
+void strictText(QTextStream& out);
+void modifiedMass(QTextStream& out);
+void proteinDigest(QTextStream& out);
+void fragmentIons(QTextStream& out);
+void annotatedPeaks(QTextStream& out);
+void labelledPattern(QTextStream& out);
+void formulasOfMass(QTextStream& out);
 
 /// What the recipes promise, proved on lists of texts and on masses from elsewhere: they print
 /// FAILED where it does not hold.

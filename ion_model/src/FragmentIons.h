@@ -89,7 +89,7 @@ struct IonRun
 /// \code
 /// FragmentIons ions;
 /// if (!ions.assign(peptide, IonOptions())) // b and y ions at 1+
-///     const double b2 = ions.mz()[1];
+///     ions.mz()[1];                        // 272.13533, the b2 ion
 /// \endcode
 ///
 /// A list takes 8 bytes for each ion and 20 for each run. The memory is used again by the next

@@ -38,7 +38,7 @@ inline constexpr double largestCoverage = 1.0 - 1e-9;
 /// const IsotopeGroup residues{Composition::read(u"C43H67N13O11"_s).value(), heavy};
 /// const IsotopeGroup reagent{Composition::read(u"C2H2O"_s).value(), natural};
 /// const auto pattern = IsotopePattern::of(std::array{residues, reagent}).value();
-/// pattern.centroids()[0]; // in Da, of the bin pattern.firstBin()
+/// const double first = pattern.centroids()[0]; // in Da, of the bin pattern.firstBin()
 /// \endcode
 ///
 /// Shares are good to 10^-9. A centroid is good to 10^-7 Da where its share is above a hundredth of
