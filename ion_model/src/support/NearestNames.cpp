@@ -42,7 +42,8 @@ QStringList nearestNames(QStringView wanted, const QStringList& names, qsizetype
     for (const auto& [distance, index] : distances) {
         if (nearest.size() == count)
             break;
-        nearest.append(names[index]);
+        if (!nearest.contains(names[index]))
+            nearest.append(names[index]);
     }
     return nearest;
 }

@@ -1,10 +1,10 @@
 #include "ModificationTable.h"
 
+#include "support/NearestNames.h"
 #include "tables/DataFile.h"
 
 #include <algorithm>
 #include <cmath>
-#include <numeric>
 #include <utility>
 
 using namespace Qt::StringLiterals;
@@ -86,22 +86,6 @@ std::pair<int, QString> nameKey(Vocabulary vocabulary, QStringView name)
     return {int(vocabulary), name.toString().toCaseFolded()};
 }
 
-/// How many letters have to be added, removed or replaced to make one text of the other.
-qsizetype editDistance(QStringView left, QStringView right)
-{
-    std::vector<qsizetype> row(std::size_t(right.size()) + 1);
-    std::iota(row.begin(), row.end(), 0);
-    for (qsizetype i = 0; i < left.size(); ++i) {
-        qsizetype diagonal = std::exchange(row[0], i + 1);
-        for (std::size_t j = 1; j < row.size(); ++j) {
-            const bool isSame = left[i] == right[qsizetype(j) - 1];
-            const qsizetype replaced = diagonal + (isSame ? 0 : 1);
-            diagonal = std::exchange(row[j], std::min({replaced, row[j] + 1, row[j - 1] + 1}));
-        }
-    }
-    return row.back();
-}
-
 } // namespace
 
 ModificationTable ModificationTable::standard(const AtomMasses& atoms)
@@ -175,23 +159,11 @@ std::vector<const ModificationEntry*> ModificationTable::byMass(double mass,
 
 QStringList ModificationTable::nearestNames(QStringView name, qsizetype count) const
 {
-    const QString folded =
-        name.first(std::min<qsizetype>(name.size(), 100)).toString().toCaseFolded();
-    std::vector<std::pair<qsizetype, qsizetype>> distances;
-    for (std::size_t i = 0; i < m_entries.size(); ++i) {
-        const qsizetype distance = editDistance(folded, m_entries[i].name.toCaseFolded());
-        if (2 * distance <= folded.size() + 1)
-            distances.emplace_back(distance, qsizetype(i));
-    }
-    std::sort(distances.begin(), distances.end());
     QStringList names;
-    for (const auto& [distance, index] : distances) {
-        if (names.size() == count)
-            break;
-        if (!names.contains(m_entries[std::size_t(index)].name))
-            names.append(m_entries[std::size_t(index)].name);
-    }
-    return names;
+    names.reserve(qsizetype(m_entries.size()));
+    for (const ModificationEntry& entry : m_entries)
+        names.append(entry.name);
+    return ions::nearestNames(name, names, count);
 }
 
 } // namespace ions
