@@ -93,6 +93,21 @@ inline void addField(Fields* fields, const std::string& path, const chem::NamedM
     addField(fields, path, static_cast<const chem::Molecule&>(molecule));
 }
 
+inline void addField(Fields* fields, const std::string& path, const chem::Nucleotide& nucleotide)
+{
+    addField(fields, path, static_cast<const chem::NamedMolecule&>(nucleotide));
+    addField(fields, inside(path, "nucleobase"), nucleotide.nucleobase);
+    addField(fields, inside(path, "ribose"), nucleotide.ribose);
+    addField(fields, inside(path, "phosphate"), nucleotide.phosphate);
+}
+
+inline void addField(Fields* fields, const std::string& path, const chem::FragmentationSite& site)
+{
+    addField(fields, inside(path, "type"), static_cast<int>(site.type));
+    addField(fields, inside(path, "delta"), site.delta);
+    addField(fields, inside(path, "lost"), site.lost);
+}
+
 inline void addField(Fields* fields, const std::string& path, const chem::ParentChainLocus& locus)
 {
     addField(fields, inside(path, "label"), locus.label);

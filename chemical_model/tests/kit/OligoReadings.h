@@ -159,8 +159,8 @@ private:
 inline void expectSameReading(const Parsed& found, const Parsed& expected)
 {
     ASSERT_EQ(found.isValid, expected.isValid);
-    expectSamePart("5' end", found.fivePrime, expected.fivePrime);
-    expectSamePart("3' end", found.threePrime, expected.threePrime);
+    expectSame(found.fivePrime, expected.fivePrime);
+    expectSame(found.threePrime, expected.threePrime);
     ASSERT_EQ(found.nucleotides.size(), expected.nucleotides.size());
     for (qsizetype i = 0; i < found.nucleotides.size(); ++i) {
         SCOPED_TRACE(i);
