@@ -1,15 +1,26 @@
 #pragma once
 
+//! [Beginning]
 #include <ChemicalModel.h>
+//! [Beginning]
 
 #include <QString>
 #include <QTextStream>
 
 /// \file
-/// The recipes that the pages quote. Each prints what its page shows.
+/// The recipes that the pages quote. Each prints what its page shows. What a page leaves out, the
+/// default factory and the printing, stands outside of the marks.
 
+//! [Beginning]
 using namespace chem;
 using namespace Qt::StringLiterals;
+//! [Beginning]
+
+/// A mass as the pages print it.
+inline QString daltons(double mass, int digits = 4)
+{
+    return QString::number(mass, 'f', digits) + u" Da"_s;
+}
 
 using Recipe = void (*)(QTextStream& out);
 
