@@ -8,10 +8,6 @@ void averagine(QTextStream& out)
     const QString averageResidue = u"C4.9384H7.7583N1.3577O1.4773S0.0417"_s;
     constexpr double mass = 8564.8;
 
-    // The other mass, from the ratio of the two masses of the unit. The formula stays the unit.
-    const Molecule estimate = factory->moleculeBasedOnAverageMass(averageResidue, mass);
-    out << QString::number(estimate.monoMass(), 'f', 2) << " Da monoisotopic\n";
-
     const Molecule hydrogen = factory->constructMolecule(u"H"_s);
     //! [Averagine]
     double unitMass = 0.0;

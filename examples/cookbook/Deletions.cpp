@@ -33,8 +33,7 @@ void deletions(QTextStream& out)
     for (qsizetype i = 0; i < strand.size(); ++i) {
         const auto shorter =
             factory->constructLinearOligoComplex(withoutOne(strand, i), fivePrime, threePrime);
-        out << "without " << strand.at(i)->code << ": " << daltons(shorter->averageMass(), 3)
-            << '\n';
+        out << strand.at(i)->code << ' ' << daltons(shorter->averageMass(), 3) << '\n';
     }
 }
 

@@ -33,7 +33,6 @@ void modifiedPeptides(QTextStream& out);
 void heavyResidues(QTextStream& out);
 void disulfide(QTextStream& out);
 void clipsAndMatching(QTextStream& out);
-void messages(QTextStream& out);
 void threads(QTextStream& out);
 void antibody(QTextStream& out);
 
@@ -48,7 +47,6 @@ void isotopeTexts(QTextStream& out);
 void isotopeTextsUnchecked(QTextStream& out);
 
 void ionLabels(QTextStream& out);
-void kindsOfBlocks(QTextStream& out);
 void aminoAcids(QTextStream& out);
 void glycanResidues(QTextStream& out);
 void partsOfNucleotides(QTextStream& out);
