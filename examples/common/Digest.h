@@ -8,7 +8,6 @@
 
 #include <algorithm>
 
-//! [Digest]
 /// A peptide of a digest: its letters, and the position of the first, counted from 1.
 struct Peptide
 {
@@ -16,7 +15,8 @@ struct Peptide
     qsizetype position;
 };
 
-/// Where a rule cuts, with both ends. The rule matches empty places: "(?<=[KR])(?!P)" is trypsin.
+//! [CutPlaces]
+/// Where a rule cuts, with both ends of the sequence.
 inline QList<qsizetype> cutPlaces(const QString& sequence, const QRegularExpression& rule)
 {
     QList<qsizetype> places = {0};
@@ -29,8 +29,10 @@ inline QList<qsizetype> cutPlaces(const QString& sequence, const QRegularExpress
     places.append(sequence.size());
     return places;
 }
+//! [CutPlaces]
 
-/// Cuts a sequence by a rule, with up to `missed` cuts left out in a peptide.
+/// Cuts a sequence by a rule that matches empty places, such as "(?<=[KR])(?!P)" for trypsin, with
+/// up to `missed` cuts left out in a peptide.
 inline QList<Peptide> digest(const QString& sequence, const QRegularExpression& rule,
                              qsizetype missed)
 {
@@ -44,9 +46,7 @@ inline QList<Peptide> digest(const QString& sequence, const QRegularExpression& 
     }
     return peptides;
 }
-//! [Digest]
 
-//! [UnknownLetters]
 /// The positions of the letters that a factory does not know, counted from 1.
 inline QList<qsizetype> unknownLetters(const QString& sequence,
                                        const chem::ChemicalFactory& factory)
@@ -62,4 +62,3 @@ inline QList<qsizetype> unknownLetters(const QString& sequence,
     }
     return positions;
 }
-//! [UnknownLetters]

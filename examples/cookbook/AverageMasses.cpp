@@ -39,6 +39,6 @@ void averageMasses(QTextStream& out)
         out << name << ' ' << QString::number(molecule.averageMass(), 'f', 4) << ", by the table "
             << QString::number(byTable, 'f', 4) << ": "
             << QString::number((molecule.averageMass() - byTable) / byTable * 1e6, 'f', 1)
-            << " ppm above\n";
+            << " ppm\n";
     }
 }

@@ -6,25 +6,20 @@ void averagine(QTextStream& out)
 {
     const auto factory = defaultChemicalFactory();
     const QString averageResidue = u"C4.9384H7.7583N1.3577O1.4773S0.0417"_s;
+    constexpr double mass = 8564.8;
 
-    // The other mass, from the ratio of the two masses of the unit. The formula stays the unit.
-    const Molecule estimate = factory->moleculeBasedOnAverageMass(averageResidue, 8564.8);
-    out << QString::number(estimate.monoMass(), 'f', 2) << " Da monoisotopic\n";
-
-    //! [Averagine]
     const Molecule hydrogen = factory->constructMolecule(u"H"_s);
-    const ChemicalFormula unit = ChemicalFactory::parseChemicalFormula(averageResidue);
+    //! [Averagine]
     double unitMass = 0.0;
-    const auto counts = unit.elementCountMap();
+    const auto counts = ChemicalFactory::parseChemicalFormula(averageResidue).elementCountMap();
     for (auto entry = counts.cbegin(); entry != counts.cend(); ++entry)
         unitMass += entry.value() * factory->constructMolecule(entry.key()).averageMass();
-    const double units = 8564.8 / unitMass;
     QString formula;
     for (auto entry = counts.cbegin(); entry != counts.cend(); ++entry)
-        formula += entry.key() + QString::number(qRound(units * entry.value()));
+        formula += entry.key() + QString::number(qRound(mass / unitMass * entry.value()));
     Molecule scaled = factory->constructMolecule(formula);
-    const double missing = 8564.8 - scaled.averageMass();
-    scaled = factory->modifyMolecule(scaled, u"H1"_s, qRound(missing / hydrogen.averageMass()));
+    const double missing = (mass - scaled.averageMass()) / hydrogen.averageMass();
+    scaled = factory->modifyMolecule(scaled, u"H1"_s, qRound(missing));
     //! [Averagine]
     out << scaled.formula().toString() << ' ' << QString::number(scaled.averageMass(), 'f', 2)
         << " Da\n";

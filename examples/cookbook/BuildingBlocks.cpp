@@ -74,15 +74,6 @@ void ionLabels(QTextStream& out)
     }
 }
 
-void kindsOfBlocks(QTextStream& out)
-{
-    const auto kinds = ChemicalFactory::buildingBlockTypes;
-    for (int type = 0; type < ChemicalFactory::NoBlock; ++type) {
-        out << QString::number(type).leftJustified(4)
-            << kinds.key(static_cast<ChemicalFactory::BuildingBlockType>(type)) << '\n';
-    }
-}
-
 void aminoAcids(QTextStream& out)
 {
     QList<QSharedPointer<const AminoAcid>> residues;

@@ -4,9 +4,9 @@
 
 namespace {
 
+//! [WithoutOne]
 using Strand = QList<QSharedPointer<const Nucleotide>>;
 
-//! [WithoutOne]
 /// A strand without one of its nucleotides. The last one takes the linkage before it along.
 Strand withoutOne(Strand strand, qsizetype index)
 {
@@ -25,24 +25,16 @@ Strand withoutOne(Strand strand, qsizetype index)
 
 void deletions(QTextStream& out)
 {
-    //! [Deletions]
     const auto factory = defaultChemicalFactory();
     Strand strand;
     NamedMolecule fivePrime;
     NamedMolecule threePrime;
-    if (!factory->parseNucleotideSequence(u"eT*eC*A*C*T*eT*eC"_s, &strand, &fivePrime, &threePrime))
-        return; // the text is outside the grammar
-
-    const double whole =
-        factory->constructLinearOligoComplex(strand, fivePrime, threePrime)->averageMass();
-    out << "n " << QString::number(whole, 'f', 3) << " Da\n";
+    factory->parseNucleotideSequence(u"eT*eC*A*C*T*eT*eC"_s, &strand, &fivePrime, &threePrime);
     for (qsizetype i = 0; i < strand.size(); ++i) {
         const auto shorter =
             factory->constructLinearOligoComplex(withoutOne(strand, i), fivePrime, threePrime);
-        out << "without " << strand.at(i)->code << ' ' << i + 1 << ": "
-            << QString::number(shorter->averageMass(), 'f', 3) << " Da\n";
+        out << strand.at(i)->code << ' ' << daltons(shorter->averageMass(), 3) << '\n';
     }
-    //! [Deletions]
 }
 
 /// A strand of ACGT without one nucleotide weighs what the shorter text weighs.

@@ -2,8 +2,8 @@
 
 void disulfide(QTextStream& out)
 {
-    //! [Disulfide]
     const auto factory = defaultChemicalFactory();
+    //! [Disulfide]
     const Chain chain =
         constructPeptideChain(u"somatostatin"_s, u"S"_s, u"AGCKNFFWKTFTSC"_s, factory.data());
     const MoleculeEntity reduced =
@@ -13,7 +13,7 @@ void disulfide(QTextStream& out)
     const Molecule twoHydrogensLess = factory->modifyMolecule({}, u"H-2"_s, 1);
     const MoleculeEntity oxidised =
         EstablishLink(twoHydrogensLess, {{0, 3}, {0, 14}}).transform(reduced);
-    out << reduced.sequence() << ' ' << QString::number(reduced.averageMass(), 'f', 2) << " Da\n"
-        << oxidised.sequence() << ' ' << QString::number(oxidised.averageMass(), 'f', 2) << " Da\n";
     //! [Disulfide]
+    for (const MoleculeEntity& molecule : {reduced, oxidised})
+        out << molecule.sequence() << ' ' << daltons(molecule.averageMass(), 2) << '\n';
 }

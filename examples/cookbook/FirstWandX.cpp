@@ -2,7 +2,6 @@
 
 void firstWandX(QTextStream& out)
 {
-    //! [FirstWandX]
     const auto factory = defaultChemicalFactory();
     const auto oligo = factory->constructLinearOligoComplex(u"rArCrGrU"_s);
     QList<SimpleFragment> flat;
@@ -10,15 +9,17 @@ void firstWandX(QTextStream& out)
     QList<QSharedPointer<Fragment>> rich;
     factory->generateLinearFragments(*oligo, &rich);
 
+    QMap<qsizetype, double> flatMasses;
     for (const SimpleFragment& fragment : std::as_const(flat)) {
         if (fragment.type == FragmentType::W)
-            out << "flat w" << fragment.sequence.size() << ' '
-                << QString::number(fragment.monoMass, 'f', 4) << '\n';
+            flatMasses.insert(fragment.sequence.size(), fragment.monoMass);
     }
+    out << "       flat      rich\n";
     for (const auto& fragment : std::as_const(rich)) {
-        if (fragment->typeLabel == u"w")
-            out << "rich w" << fragment->residues.size() - 1 << ' '
-                << QString::number(fragment->monoMass(), 'f', 4) << '\n';
+        if (fragment->typeLabel != u"w")
+            continue;
+        const qsizetype length = fragment->residues.size() - 1; // a terminal is one of them
+        out << 'w' << length << QString::number(flatMasses.value(length), 'f', 4).rightJustified(10)
+            << QString::number(fragment->monoMass(), 'f', 4).rightJustified(10) << '\n';
     }
-    //! [FirstWandX]
 }

@@ -52,13 +52,12 @@ void forget(const MoleculeEntity& molecule, QTextStream& out)
 
 void histories(QTextStream& out)
 {
-    //! [History]
     const auto factory = defaultChemicalFactory();
     const Chain chain = constructPeptideChain(u"A"_s, u""_s, u"GASTK"_s, factory.data());
     MoleculeEntity molecule = constructProteinFromChains(u"example"_s, {chain}, {}, {}, nullptr);
-
-    // Position 0 is the N-terminus, so the serine of GASTK lies at 3 of chain 0.
     const MoleculeEntity phospho = factory->constructMolecule(u"HPO3"_s);
+    //! [History]
+    // Position 0 is the N-terminus, so the serine of GASTK lies at 3 of chain 0.
     molecule = Modify(Modification(phospho, {{0, 3}})).transform(molecule);
     molecule = ChainFragmenter({{0, {u""_s, 0, 1, 4}, 0}}).transform(molecule);
     // molecule.transformations(): Modify, ChainFragmenter

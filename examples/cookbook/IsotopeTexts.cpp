@@ -44,7 +44,6 @@ QString isotopeTextProblem(const QString& text)
 }
 //! [IsotopeTextTest]
 
-//! [CatchIsotopes]
 /// A factory with these isotopes; null, with the reason in `problem`, if it would not be right.
 QSharedPointer<ChemicalFactory> labelledFactory(const QString& text, QString* problem)
 {
@@ -61,7 +60,6 @@ QSharedPointer<ChemicalFactory> labelledFactory(const QString& text, QString* pr
     }
     return {};
 }
-//! [CatchIsotopes]
 
 const QList<QString> goodTexts = {u"C13:1"_s,           u"C13:99 C12:1"_s,
                                   u"C12:0.5 C13:0.5"_s, u"N15:0.987 N14:0.013"_s,
@@ -94,7 +92,6 @@ const QList<QString> wrongTexts = {
 
 void isotopeTexts(QTextStream& out)
 {
-    //! [IsotopeTexts]
     const QList<QString> texts = {u"N15:98 N14:2"_s,     u"N15:0.987 N14:0.013"_s,
                                   u"N15:98.7 N14:1.3"_s, u"N15:99.5 N14:0.5"_s,
                                   u"13C:99 12C:1"_s,     u"Xx13:1"_s};
@@ -110,7 +107,6 @@ void isotopeTexts(QTextStream& out)
         out << QString::number(peptide->monoMass(), 'f', 4) << " Da monoisotopic, "
             << QString::number(peptide->averageMass(), 'f', 3) << " Da average\n";
     }
-    //! [IsotopeTexts]
 }
 
 void isotopeTextsProved(QTextStream& out)
@@ -127,7 +123,6 @@ void isotopeTextsProved(QTextStream& out)
 
 void isotopeTextsUnchecked(QTextStream& out)
 {
-    //! [UncheckedIsotopes]
     // Written like this, nobody is told: the shares of nitrogen add up to 1.01.
     const auto wrong = ChemicalFactory::construct(u"N15:98.7 N14:1.3"_s);
     const auto right = ChemicalFactory::construct(u"N15:0.987 N14:0.013"_s);
@@ -140,5 +135,4 @@ void isotopeTextsUnchecked(QTextStream& out)
     } catch (const std::invalid_argument& error) {
         out << error.what() << '\n';
     }
-    //! [UncheckedIsotopes]
 }

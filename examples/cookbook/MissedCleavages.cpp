@@ -10,19 +10,17 @@ void missedCleavages(QTextStream& out)
     const MoleculeEntity protein = Modify(oxidation).transform(
         constructProteinFromChains(u"example"_s, {chain}, {}, {}, nullptr));
 
-    //! [MissedCleavages]
-    // The places come from the text. Residue n stands at position n, so a place counts one less.
     const QList<qsizetype> places = cutPlaces(sequence, QRegularExpression(u"(?<=[KR])(?!P)"_s));
-
-    // A piece gets the termini of the chain and keeps the modifications of its residues.
     const MoleculeEntity start = chain.residues().first();
     const MoleculeEntity end = chain.residues().last();
     for (qsizetype i = 0; i + 1 < places.size(); ++i) {
+        //! [MissedCleavages]
+        // Residue n stands at position n, so a place counts one less.
         const int from = static_cast<int>(places[i]) + 1;
         const int to = static_cast<int>(places[i + 1]) + 1;
         const MoleculeEntity peptide =
             ChainFragmenter({{start, {QString(), 0, from, to}, end}}).transform(protein);
-        out << peptide.sequence() << ' ' << QString::number(peptide.monoMass(), 'f', 4) << " Da\n";
+        //! [MissedCleavages]
+        out << peptide.sequence() << ' ' << daltons(peptide.monoMass()) << '\n';
     }
-    //! [MissedCleavages]
 }

@@ -46,7 +46,6 @@ const QList<KnownAnion> knownAnions = {
 
 void negativeIons(QTextStream& out)
 {
-    //! [NegativeIons]
     const auto factory = defaultChemicalFactory();
     const auto adenylicAcid = factory->constructLinearOligoComplex(u"{rA"_s); // AMP
     const QList<QPointF> envelope = deprotonatedEnvelope(*adenylicAcid, 1, *factory);
@@ -54,7 +53,6 @@ void negativeIons(QTextStream& out)
         out << QString::number(point.x(), 'f', 4) << ' ' << QString::number(100 * point.y(), 'f', 1)
             << " %\n";
     }
-    //! [NegativeIons]
 }
 
 void negativeIonsProved(QTextStream& out)

@@ -2,9 +2,9 @@
 
 void peptideFragments(QTextStream& out)
 {
-    //! [PeptideFragments]
     const auto factory = defaultChemicalFactory();
-    const auto peptide = factory->constructLinearPeptideComplex(u"DRVYIHPF"_s);
+    //! [PeptideFragments]
+    const auto peptide = factory->constructLinearPeptideComplex(u"YGGFM"_s);
     QList<SimpleFragment> fragments;
     generateLinearFragments(*peptide, fragments);
 
@@ -12,11 +12,9 @@ void peptideFragments(QTextStream& out)
     const double proton = factory->constructMolecule(u"H"_s).monoMass() -
                           factory->constructMolecule(u"E"_s).monoMass();
     for (const SimpleFragment& fragment : std::as_const(fragments)) {
-        if (fragment.type != FragmentType::B && fragment.type != FragmentType::Y)
-            continue;
-        out << ChemicalFactory::typeToString(fragment.type) << fragment.sequence.size() << ' '
-            << QString::number(fragment.monoMass + proton, 'f', 4).rightJustified(9) << ' '
-            << fragment.sequence << '\n';
+        if (fragment.type == FragmentType::B || fragment.type == FragmentType::Y)
+            out << ChemicalFactory::typeToString(fragment.type) << fragment.sequence.size() << ' '
+                << QString::number(fragment.monoMass + proton, 'f', 4) << '\n';
     }
     //! [PeptideFragments]
 }

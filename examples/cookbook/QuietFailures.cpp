@@ -42,7 +42,6 @@ bool isKnownGlycan(const QString& text, const ChemicalFactory& factory)
 }
 //! [GlycanTextTest]
 
-//! [CodeTest]
 /// Tells whether a reader can match a code that setBuildingBlock() is given.
 bool canBeRead(const QString& code, ChemicalFactory::BuildingBlockType type)
 {
@@ -64,7 +63,6 @@ bool canBeRead(const QString& code, ChemicalFactory::BuildingBlockType type)
         return false; // for callers: nothing reads these
     }
 }
-//! [CodeTest]
 
 //! [RefusedIsotopes]
 /// Tells whether the isotope text that a factory was made from was refused.
@@ -77,7 +75,6 @@ bool isRefused(const ChemicalFactory& factory)
 }
 //! [RefusedIsotopes]
 
-//! [RuleTest]
 /// Tells whether every residue rule is an expression that can match.
 bool areValidRules(const ClipOptions& options)
 {
@@ -87,9 +84,7 @@ bool areValidRules(const ClipOptions& options)
         return !expression.isEmpty() && QRegularExpression(expression).isValid();
     });
 }
-//! [RuleTest]
 
-//! [OrderTest]
 /// Tells whether match() may be given these measurements.
 bool areAscending(const QList<ObservedMassEntity>& observed)
 {
@@ -97,11 +92,9 @@ bool areAscending(const QList<ObservedMassEntity>& observed)
         observed.cbegin(), observed.cend(),
         [](const auto& left, const auto& right) { return left.mass() < right.mass(); });
 }
-//! [OrderTest]
 
 void quietFailures(QTextStream& out)
 {
-    //! [QuietFailures]
     const auto factory = defaultChemicalFactory();
     const auto answer = [](bool isGood) {
         return isGood ? "yes" : "no";
@@ -117,5 +110,4 @@ void quietFailures(QTextStream& out)
     const auto labelled = ChemicalFactory::construct(u"13C:99 12C:1"_s);
     out << "13C:99 12C:1 refused: " << answer(isRefused(*labelled)) << '\n';
     out << "ascending: " << answer(areAscending({1025.16, 1046.18})) << '\n';
-    //! [QuietFailures]
 }

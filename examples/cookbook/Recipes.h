@@ -1,15 +1,26 @@
 #pragma once
 
+//! [Beginning]
 #include <ChemicalModel.h>
+//! [Beginning]
 
 #include <QString>
 #include <QTextStream>
 
 /// \file
-/// The recipes that the pages quote. Each prints what its page shows.
+/// The recipes that the pages quote. Each prints what its page shows. What a page leaves out, the
+/// default factory and the printing, stands outside of the marks.
 
+//! [Beginning]
 using namespace chem;
 using namespace Qt::StringLiterals;
+//! [Beginning]
+
+/// A mass as the pages print it.
+inline QString daltons(double mass, int digits = 4)
+{
+    return QString::number(mass, 'f', digits) + u" Da"_s;
+}
 
 using Recipe = void (*)(QTextStream& out);
 
@@ -22,7 +33,6 @@ void modifiedPeptides(QTextStream& out);
 void heavyResidues(QTextStream& out);
 void disulfide(QTextStream& out);
 void clipsAndMatching(QTextStream& out);
-void messages(QTextStream& out);
 void threads(QTextStream& out);
 void antibody(QTextStream& out);
 
@@ -37,7 +47,6 @@ void isotopeTexts(QTextStream& out);
 void isotopeTextsUnchecked(QTextStream& out);
 
 void ionLabels(QTextStream& out);
-void kindsOfBlocks(QTextStream& out);
 void aminoAcids(QTextStream& out);
 void glycanResidues(QTextStream& out);
 void partsOfNucleotides(QTextStream& out);

@@ -22,9 +22,9 @@ void shareLeftOut(QTextStream& out)
         formulas.append(averagineOf(mass));
     formulas.append(u"C6470H10012N1726O2013S42"_s); // trastuzumab
 
-    //! [ShareLeftOut]
     const auto factory = defaultChemicalFactory();
     const double electron = factory->constructMolecule(u"E"_s).monoMass();
+    out << "daltons, % left out, centroid ppm light\n";
     for (const QString& formula : std::as_const(formulas)) {
         const Molecule molecule = factory->constructMolecule(formula);
         QList<QPointF> envelope;
@@ -36,9 +36,9 @@ void shareLeftOut(QTextStream& out)
             centroid += peak.x() * peak.y();
         }
         const double missing = molecule.averageMass() - electron - centroid / share;
-        out << formula << ' ' << QString::number(molecule.averageMass(), 'f', 0)
-            << " Da: " << QString::number(100.0 * (1.0 - share), 'g', 2) << " % left out, centroid "
-            << QString::number(missing / molecule.averageMass() * 1e6, 'f', 2) << " ppm light\n";
+        out << QString::number(molecule.averageMass(), 'f', 0).rightJustified(7)
+            << QString::number(100.0 * (1.0 - share), 'g', 2).rightJustified(12)
+            << QString::number(missing / molecule.averageMass() * 1e6, 'f', 2).rightJustified(20)
+            << '\n';
     }
-    //! [ShareLeftOut]
 }

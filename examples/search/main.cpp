@@ -24,7 +24,6 @@ namespace {
 constexpr qsizetype missedCleavages = 1;
 constexpr qsizetype shortestPeptide = 6;
 
-//! [SearchFactory]
 /// Reads C as carbamidomethylated and m as oxidised methionine.
 QSharedPointer<chem::ChemicalFactory> searchFactory()
 {
@@ -34,9 +33,7 @@ QSharedPointer<chem::ChemicalFactory> searchFactory()
     factory->setBuildingBlock(aminoAcid, u"m"_s, u"Methionine sulfoxide"_s, u"C5H9NO2S"_s);
     return factory;
 }
-//! [SearchFactory]
 
-//! [Candidates]
 struct Candidate
 {
     double monoMass;
@@ -60,6 +57,7 @@ void appendCandidates(const FastaEntry& protein, const chem::ChemicalFactory& fa
                       QList<Candidate>* candidates)
 {
     static const QRegularExpression trypsin(u"(?<=[KR])(?!P)"_s);
+    //! [Candidates]
     const QList<Peptide> peptides = digest(protein.sequence, trypsin, missedCleavages);
     for (const Peptide& peptide : peptides) {
         if (peptide.sequence.size() < shortestPeptide ||
@@ -71,10 +69,9 @@ void appendCandidates(const FastaEntry& protein, const chem::ChemicalFactory& fa
             candidates->append({mass, form, protein.name});
         }
     }
+    //! [Candidates]
 }
-//! [Candidates]
 
-//! [Score]
 /// The intensity of the highest peak within the tolerance; 0 if there is none.
 double intensityAt(double massToCharge, double ppm, const QList<QPointF>& peaks)
 {
@@ -94,6 +91,7 @@ double score(const QString& sequence, const Spectrum& spectrum, double ppm,
              const chem::ChemicalFactory& factory)
 {
     const double proton = protonMass(factory);
+    //! [Score]
     QList<chem::SimpleFragment> fragments;
     chem::generateLinearFragments(*factory.constructLinearPeptideComplex(sequence), fragments);
     double explained = 0.0;
@@ -102,10 +100,9 @@ double score(const QString& sequence, const Spectrum& spectrum, double ppm,
             explained += intensityAt(fragment.monoMass + proton, ppm, spectrum.peaks);
     }
     return explained / spectrum.intensity();
+    //! [Score]
 }
-//! [Score]
 
-//! [Best]
 struct Identification
 {
     Candidate candidate;
@@ -113,27 +110,30 @@ struct Identification
     int tried = 0;
 };
 
+bool isLighter(const Candidate& candidate, double mass)
+{
+    return candidate.monoMass < mass;
+}
+
 /// The best of the candidates that have the mass of the precursor.
 Identification best(const Spectrum& spectrum, const QList<Candidate>& candidates, double ppm,
                     const chem::ChemicalFactory& factory)
 {
+    //! [Best]
     const double mass = spectrum.neutralMass(factory);
     const double width = mass * ppm * 1e-6;
-    const auto isBelow = [](const Candidate& candidate, double value) {
-        return candidate.monoMass < value;
-    };
     Identification found;
     auto candidate =
-        std::lower_bound(candidates.cbegin(), candidates.cend(), mass - width, isBelow);
+        std::lower_bound(candidates.cbegin(), candidates.cend(), mass - width, isLighter);
     for (; candidate != candidates.cend() && candidate->monoMass <= mass + width; ++candidate) {
         const double share = score(candidate->sequence, spectrum, ppm, factory);
         ++found.tried;
         if (share > found.score)
             found = {*candidate, share, found.tried};
     }
+    //! [Best]
     return found;
 }
-//! [Best]
 
 QList<Candidate> candidatesOf(const QList<FastaEntry>& proteins,
                               const chem::ChemicalFactory& factory)
