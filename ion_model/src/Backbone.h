@@ -5,6 +5,7 @@
 #include "Parsed.h"
 #include "ResidueTable.h"
 #include <zel_chemical_model/ChemicalFactory.h>
+#include <zel_chemical_model/MoleculeEntity.h>
 #include <zel_ion_model/IonModelExport.h>
 
 #include <QString>
@@ -37,6 +38,7 @@ struct BackboneGroup
 {
     Masses masses;                   ///< In daltons.
     std::vector<NeutralLoss> losses; ///< What ions that hold the group may lose of it.
+    Composition composition = {};    ///< Empty where it is not known.
 };
 
 /// A group that sits on one of several units, and nobody knows which.
@@ -44,6 +46,23 @@ struct OpenGroup
 {
     BackboneGroup group;          ///< What sits there.
     std::vector<qsizetype> units; ///< Where it may sit, ascending, from 0.
+};
+
+/// Compositions of parts of a chain that its letters do not tell, for who asks what an ion is made
+/// of. Nothing else reads them. A unit, base or linkage that is not listed has the composition that
+/// a table knows by its letter and masses.
+struct ZEL_ION_MODEL_EXPORT BackboneCompositions
+{
+    using Listed = std::vector<std::pair<qsizetype, Composition>>; ///< Ascending by unit.
+
+    Listed units;           ///< Of units with all that they bear.
+    Listed bases;           ///< Oligonucleotides: of bases.
+    Listed linkages;        ///< Oligonucleotides: of linkages.
+    Composition leftGroup;  ///< Of what the left end bears beyond a hydrogen.
+    Composition rightGroup; ///< Of what the right end bears beyond a hydroxyl.
+
+    /// Forgets all of them.
+    void clear();
 };
 
 /// One chain as an instrument breaks it: what its units weigh, in order, and what its ends bear.
@@ -69,16 +88,19 @@ struct BackboneChain
     std::vector<std::pair<qsizetype, BackboneGroup>> lossy;
     std::vector<OpenGroup> open;       ///< Groups on one of several units.
     std::vector<BackboneGroup> labile; ///< Groups that fall off before the chain breaks.
+
+    BackboneCompositions compositions; ///< What letters do not tell.
 };
 
 /// A bridge between two units, of one chain or of two.
 struct BackboneLink
 {
-    qsizetype firstChain = 0;  ///< From 0.
-    qsizetype firstUnit = 0;   ///< From 0, in its chain.
-    qsizetype secondChain = 0; ///< From 0.
-    qsizetype secondUnit = 0;  ///< From 0, in its chain.
-    Masses masses;             ///< What the bridge adds; often a loss.
+    qsizetype firstChain = 0;     ///< From 0.
+    qsizetype firstUnit = 0;      ///< From 0, in its chain.
+    qsizetype secondChain = 0;    ///< From 0.
+    qsizetype secondUnit = 0;     ///< From 0, in its chain.
+    Masses masses;                ///< What the bridge adds; often a loss.
+    Composition composition = {}; ///< Empty where it is not known.
 };
 
 /// The one value that fragment ions are made of: chains, the links between them, and what breaking
@@ -111,9 +133,30 @@ public:
     /// has or at its end, and for nucleotides that are a bare number: they have no base to lose.
     static Parsed<Backbone> oligonucleotide(QStringView text, const chem::ChemicalFactory& factory);
 
+    /// Lays out a molecule of the first library: its chains of amino acids or nucleotides, however
+    /// they were built, cut, modified and linked. `residues` is read from the factory that made it.
+    ///
+    /// A residue weighs what its entity weighs, modifications included; its letter is its code of
+    /// one character. Ends are known by name, by a code of several characters, or by their type;
+    /// pieces may lack them. A nucleotide is a sugar, a base and a linkage of the table's.
+    /// A modification with several places becomes an open group, one without a place an open group
+    /// on all units; groups and links at an end are at the unit next to it. The totals that the
+    /// molecule stores are not read: its parts tell them.
+    ///
+    /// Refused, with chain and residue as the first library counts them, are molecules without
+    /// chains, chains of anything else or without residues, residues without a mass, ends inside a
+    /// chain, numbers in place of a base, and parts of nucleotides; open modifications and links on
+    /// linkages, open modifications of several chains, and places that are not there or that count
+    /// from before a cut; and what ofChains() refuses. Linear in the parts and the history's steps.
+    static Parsed<Backbone> ofMolecule(const chem::MoleculeEntity& molecule,
+                                       const ResidueTable& residues);
+
+    /// Lays out one chain of the first library likewise.
+    static Parsed<Backbone> ofChain(const chem::Chain& chain, const ResidueTable& residues);
+
     /// Joins chains, which break into groups of the given masses. Refused are chains whose lists
-    /// differ in length, more than 255 chains or 1,000 links, and links and open groups at units
-    /// that are not there, with chain and residue.
+    /// differ in length, more than 255 chains or 1,000 links, and links, open groups and
+    /// compositions at units that are not there or not in order, with chain and residue.
     static Parsed<Backbone> ofChains(std::vector<BackboneChain> chains,
                                      std::vector<BackboneLink> links, const BreakMasses& breaks);
 

@@ -2,6 +2,7 @@
 
 #include "Parsed.h"
 #include <zel_chemical_model/ChemicalFormula.h>
+#include <zel_chemical_model/MoleculeEntity.h>
 #include <zel_ion_model/IonModelExport.h>
 
 #include <QString>
@@ -11,6 +12,8 @@
 #include <vector>
 
 namespace ions {
+
+class AtomMasses;
 
 /// An element as it is found in nature, or one of its isotopes.
 struct ZEL_ION_MODEL_EXPORT Atom
@@ -85,6 +88,19 @@ public:
     /// numbers or do not fit, and keys that are neither an element nor an isotope such as `[13C]`.
     /// The position is then that of the key among the formula's keys.
     static Parsed<Composition> fromFormula(const chem::ChemicalFormula& formula);
+
+    /// The composition of any molecule of the first library: that of its formula, whose isotopes
+    /// stand under keys such as `[13C]`. `atoms` are those of the factory that made the molecule.
+    ///
+    /// Given only if the formula weighs the stored masses, both within 10^-6 Da. Refused otherwise,
+    /// as for a group that is a bare mass: with chain and residue, or the number of the link or
+    /// modification in the message, if one part is to blame. A residue without formula and mass, as
+    /// readers make of an unknown letter, is refused as well. Linear in the parts.
+    static Parsed<Composition> ofMolecule(const chem::MoleculeEntity& molecule,
+                                          const AtomMasses& atoms);
+
+    /// The same for the residues of a chain together, the ends among them.
+    static Parsed<Composition> ofChain(const chem::Chain& chain, const AtomMasses& atoms);
 
     /// The counts as a formula of the first library, isotopes under keys such as `[13C]`, which
     /// only this library can weigh.

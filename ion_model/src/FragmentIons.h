@@ -83,6 +83,16 @@ struct IonRun
     quint8 variant = 0; ///< Counts the ways in which open groups are held, or labile ones lost.
 };
 
+/// What an ion is made of.
+struct IonComposition
+{
+    Composition neutral; ///< The ion without its charge: what these protons are added to.
+    int charge = 1;      ///< How many protons it has more than that; negative for those it lacks.
+
+    /// Compares both.
+    friend bool operator==(const IonComposition&, const IonComposition&) = default;
+};
+
 /// Fragment ions of a backbone as plain arrays: one m/z for each ion, and once a run what the ions
 /// have in common.
 ///
@@ -125,6 +135,18 @@ public:
     /// chains by number where there are several ("2@b5"). Peptide series and oligonucleotide series
     /// have one form; dotted series are written with their hydrogen ("z5+H").
     QString label(const Backbone& backbone, qsizetype ion) const;
+
+    /// The composition of an ion: m/z = (neutral mass + charge × proton) / |charge|, where a proton
+    /// is a natural hydrogen less an electron. `backbone` is the one that the ions are of, and
+    /// `residues` the table that it was made with. Letters, masses and the compositions that the
+    /// backbone holds tell the parts; a stated isotope in what breaks add is known by its mass.
+    ///
+    /// Refused are an index outside the list, another backbone, losses whose names are no formulas,
+    /// and parts of unknown composition, such as groups that are a bare mass: with chain and unit,
+    /// or in words for ends, links and groups without a place. Linear in the chain's units for each
+    /// call. Any number of threads may ask.
+    Parsed<IonComposition> composition(const Backbone& backbone, const ResidueTable& residues,
+                                       qsizetype ion) const;
 
 private:
     friend class IonWriter;

@@ -99,6 +99,11 @@ public:
     std::span<const MoleculePart> sugars() const;
     /// The linkages by the marks behind a base.
     std::span<const MoleculePart> linkages() const;
+    /// The ends that chains of the factory may start with: those of text without marks, and the
+    /// entries of its dictionaries of ends.
+    std::span<const MoleculePart> leftEnds() const;
+    /// The ends that they may end with.
+    std::span<const MoleculePart> rightEnds() const;
     /// The monosaccharide residues, by the canonical names of the glycan notation.
     std::span<const MoleculePart> monosaccharides() const;
     /// The monosaccharide with this name, whose case counts; null if there is none.

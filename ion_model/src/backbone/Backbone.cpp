@@ -18,6 +18,18 @@ bool isUnitOf(std::span<const BackboneChain> chains, qsizetype chain, qsizetype 
            unit < std::ssize(chains[std::size_t(chain)].units);
 }
 
+/// Whether each entry stands at a unit of a chain of this size, behind that of the one before.
+bool isAscending(const BackboneCompositions::Listed& listed, qsizetype size)
+{
+    qsizetype last = -1;
+    for (const auto& [unit, composition] : listed) {
+        if (unit <= last || unit >= size)
+            return false;
+        last = unit;
+    }
+    return true;
+}
+
 /// What is wrong with the lists of a chain.
 std::optional<Error> refusalOf(const BackboneChain& chain, qsizetype index)
 {
@@ -41,10 +53,24 @@ std::optional<Error> refusalOf(const BackboneChain& chain, qsizetype index)
         if (!isThere(unit))
             return Error{u"expected a group at a unit of its chain"_s, -1, index, unit};
     }
+    const BackboneCompositions& known = chain.compositions;
+    for (const auto* listed : {&known.units, &known.bases, &known.linkages}) {
+        if (!isAscending(*listed, qsizetype(size)))
+            return Error{u"expected compositions at ascending units of their chain"_s, -1, index};
+    }
     return {};
 }
 
 } // namespace
+
+void BackboneCompositions::clear()
+{
+    units.clear();
+    bases.clear();
+    linkages.clear();
+    leftGroup = {};
+    rightGroup = {};
+}
 
 Parsed<Backbone> Backbone::peptide(QStringView sequence, const ResidueTable& residues)
 {
@@ -68,6 +94,7 @@ std::optional<Error> Backbone::assignPeptide(QStringView sequence, const Residue
     chain.lossy.clear();
     chain.open.clear();
     chain.labile.clear();
+    chain.compositions.clear();
     chain.letters.resize(sequence.size());
     chain.units.resize(std::size_t(sequence.size()));
     double sum = 0.0;

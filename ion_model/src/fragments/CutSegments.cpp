@@ -52,9 +52,13 @@ public:
                 side.chains.push_back(chain);
             }
         }
+        qsizetype index = 0;
         for (const BackboneLink& link : m_backbone.links()) {
-            if (parts[std::size_t(partOf(link.firstChain, link.firstUnit))])
+            if (parts[std::size_t(partOf(link.firstChain, link.firstUnit))]) {
                 side.mass += link.masses.monoisotopic;
+                side.links.push_back(index);
+            }
+            ++index;
         }
         return side;
     }
@@ -114,6 +118,15 @@ bool isLinked(const Backbone& backbone, qsizetype chain, qsizetype unit)
         return (link.firstChain == chain && link.firstUnit == unit) ||
                (link.secondChain == chain && link.secondUnit == unit);
     });
+}
+
+qsizetype internalEnd(const Backbone& backbone, qsizetype chain, qsizetype start)
+{
+    const qsizetype last = std::ssize(backbone.chains()[std::size_t(chain)].units) - 1;
+    qsizetype end = start;
+    while (end < last && !isLinked(backbone, chain, end))
+        ++end;
+    return end;
 }
 
 } // namespace ions

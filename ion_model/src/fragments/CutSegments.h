@@ -11,6 +11,7 @@ struct CutSide
 {
     double mass = 0.0;             ///< Of other chains and of links, monoisotopic, in daltons.
     std::vector<qsizetype> chains; ///< The other chains.
+    std::vector<qsizetype> links;  ///< The links.
 };
 
 /// Neighbouring cuts of a chain that part the molecule alike.
@@ -28,5 +29,9 @@ std::vector<CutSegment> cutSegments(const Backbone& backbone, qsizetype chain);
 
 /// Whether a link ends at the unit.
 bool isLinked(const Backbone& backbone, qsizetype chain, qsizetype unit);
+
+/// Where the longest internal ion ends that starts at a unit of a chain: before the next unit with
+/// a link, or before the last.
+qsizetype internalEnd(const Backbone& backbone, qsizetype chain, qsizetype start);
 
 } // namespace ions

@@ -218,9 +218,7 @@ void IonWriter::writeImmonium(const Kind& kind, const Chain& chain)
 void IonWriter::writeInternal(const Kind& kind, const Chain& chain)
 {
     for (qsizetype start = 1; start < chain.size - 1; ++start) {
-        qsizetype end = start;
-        while (end < chain.size - 1 && !isLinked(m_backbone, chain.index, end))
-            ++end;
+        const qsizetype end = internalEnd(m_backbone, chain.index, start);
         writeMiddle(kind, chain, start, {2, end - start});
     }
 }

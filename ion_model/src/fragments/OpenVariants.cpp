@@ -10,25 +10,6 @@ namespace {
 constexpr int mostVariants = 16;
 constexpr double sameMass = 1e-6;
 
-using OpenClass = std::vector<const OpenGroup*>;
-
-/// The open groups of a chain, those of equal mass together, in the order of their first.
-std::vector<OpenClass> classesOf(const BackboneChain& chain)
-{
-    std::vector<OpenClass> classes;
-    for (const OpenGroup& open : chain.open) {
-        const auto alike = std::find_if(classes.begin(), classes.end(), [&](const OpenClass& c) {
-            return std::abs(c.front()->group.masses.monoisotopic - open.group.masses.monoisotopic) <
-                   sameMass;
-        });
-        if (alike == classes.end())
-            classes.push_back({&open});
-        else
-            alike->push_back(&open);
-    }
-    return classes;
-}
-
 bool canHold(const OpenGroup& open, const UnitRange& range, qsizetype number)
 {
     const auto first = std::lower_bound(open.units.begin(), open.units.end(), range.begin(number));
@@ -107,11 +88,27 @@ std::vector<OpenVariant> extended(const std::vector<OpenVariant>& variants, cons
 
 } // namespace
 
+std::vector<OpenClass> openClasses(const BackboneChain& chain)
+{
+    std::vector<OpenClass> classes;
+    for (const OpenGroup& open : chain.open) {
+        const auto alike = std::find_if(classes.begin(), classes.end(), [&](const OpenClass& c) {
+            return std::abs(c.front()->group.masses.monoisotopic - open.group.masses.monoisotopic) <
+                   sameMass;
+        });
+        if (alike == classes.end())
+            classes.push_back({&open});
+        else
+            alike->push_back(&open);
+    }
+    return classes;
+}
+
 std::optional<std::vector<OpenVariant>> openVariants(const BackboneChain& chain,
                                                      const UnitRange& range, NumberSpan numbers)
 {
     std::vector<OpenVariant> variants = {{0.0, numbers, {}}};
-    for (const OpenClass& groups : classesOf(chain)) {
+    for (const OpenClass& groups : openClasses(chain)) {
         variants = extended(variants, groups, range);
         if (mostOverlaps(variants) > mostVariants)
             return {};
@@ -123,7 +120,7 @@ int holdersAmongOpen(const BackboneChain& chain, const OpenVariant& variant,
                      const NeutralLoss& loss)
 {
     int holders = 0;
-    const std::vector<OpenClass> classes = classesOf(chain);
+    const std::vector<OpenClass> classes = openClasses(chain);
     for (std::size_t i = 0; i < variant.held.size(); ++i) {
         const auto& losses = classes[i].front()->group.losses;
         if (std::find(losses.begin(), losses.end(), loss) != losses.end())

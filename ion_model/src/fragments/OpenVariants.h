@@ -17,6 +17,12 @@ struct OpenVariant
     std::vector<int> held; ///< How many groups of each class of equal mass.
 };
 
+/// Open groups of one mass.
+using OpenClass = std::vector<const OpenGroup*>;
+
+/// The open groups of a chain, those of equal mass together, in the order of their first.
+std::vector<OpenClass> openClasses(const BackboneChain& chain);
+
 /// The ways in which the ions of a range with these numbers hold open groups, fewest groups first.
 /// Groups of one mass are counted, so that equal masses come once. Nothing where one ion would have
 /// more than 16 variants.

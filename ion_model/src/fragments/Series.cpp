@@ -23,38 +23,37 @@ bool isDotted(Series series)
            series == Series::ZDot;
 }
 
-double peptideSeriesMass(Series series, const BreakMasses& breaks)
+BreakGroups peptideGroups(Series series)
 {
     switch (series) {
     case Series::A:
     case Series::Immonium:
-        return -breaks.carbonMonoxide.monoisotopic;
+        return {.carbonMonoxide = -1};
     case Series::C:
-        return breaks.ammonia.monoisotopic;
+        return {.ammonia = 1};
     case Series::X:
-        return breaks.water.monoisotopic + breaks.carbonMonoxide.monoisotopic -
-               2.0 * breaks.hydrogen.monoisotopic;
+        return {.water = 1, .carbonMonoxide = 1, .hydrogen = -2};
     case Series::Y:
-        return breaks.water.monoisotopic;
+        return {.water = 1};
     case Series::Z:
-        return breaks.water.monoisotopic - breaks.ammonia.monoisotopic;
+        return {.water = 1, .ammonia = -1};
     default:
-        return 0.0;
+        return {};
     }
 }
 
-double oligoSeriesMass(Series series, const BreakMasses& breaks)
+BreakGroups oligoGroups(Series series)
 {
     switch (series) {
     case Series::AMinusB:
-        return -breaks.hydrogen.monoisotopic;
+        return {.hydrogen = -1};
     case Series::B:
     case Series::D:
     case Series::W:
     case Series::Y:
-        return breaks.water.monoisotopic;
+        return {.water = 1};
     default:
-        return 0.0;
+        return {};
     }
 }
 
@@ -107,11 +106,21 @@ bool arises(Series series, Polymer polymer)
     }
 }
 
+BreakGroups seriesGroups(Series series, Polymer polymer)
+{
+    BreakGroups groups = polymer == Polymer::Peptide ? peptideGroups(undotted(series))
+                                                     : oligoGroups(undotted(series));
+    groups.hydrogen += isDotted(series) ? 1 : 0;
+    return groups;
+}
+
 double seriesMass(Series series, Polymer polymer, const BreakMasses& breaks)
 {
-    const double mass = polymer == Polymer::Peptide ? peptideSeriesMass(undotted(series), breaks)
-                                                    : oligoSeriesMass(undotted(series), breaks);
-    return isDotted(series) ? mass + breaks.hydrogen.monoisotopic : mass;
+    const BreakGroups groups = seriesGroups(series, polymer);
+    return groups.water * breaks.water.monoisotopic +
+           groups.carbonMonoxide * breaks.carbonMonoxide.monoisotopic +
+           groups.ammonia * breaks.ammonia.monoisotopic +
+           groups.hydrogen * breaks.hydrogen.monoisotopic;
 }
 
 PartAtBreak partAtBreak(Series series, Polymer polymer)

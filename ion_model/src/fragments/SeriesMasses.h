@@ -8,8 +8,20 @@ namespace ions {
 /// Which series arise when a chain of this kind breaks.
 bool arises(Series series, Polymer polymer);
 
-/// What an ion of the series has beside its units, with the linkages between them, and the group of
-/// its end: monoisotopic, in daltons, without charge.
+/// Small groups that an ion has or, with a count below zero, lacks.
+struct BreakGroups
+{
+    int water = 0;
+    int carbonMonoxide = 0;
+    int ammonia = 0;
+    int hydrogen = 0;
+};
+
+/// The groups that an ion of the series has beside its units, with the linkages between them, and
+/// the group of its end, without charge.
+BreakGroups seriesGroups(Series series, Polymer polymer);
+
+/// What these groups weigh together: monoisotopic, in daltons.
 double seriesMass(Series series, Polymer polymer, const BreakMasses& breaks);
 
 /// Which part of the unit at the break an ion has beside that, or lacks.

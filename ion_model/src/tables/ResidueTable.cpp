@@ -1,7 +1,9 @@
 #include "ResidueTable.h"
 
+#include "masses/EntityMasses.h"
 #include "masses/FactoryTables.h"
 #include "tables/DataFile.h"
+#include <zel_chemical_model/LinearComplex.h>
 
 #include <algorithm>
 #include <cmath>
@@ -18,9 +20,10 @@ using chem::ChemicalFactory;
 
 constexpr double none = std::numeric_limits<double>::quiet_NaN();
 
-Masses massesOf(const chem::Molecule& molecule)
+MoleculePart partOf(const QString& code, const chem::NamedMolecule& molecule)
 {
-    return {molecule.monoMass(), molecule.averageMass()};
+    return {code, molecule.name, massesOf(molecule),
+            Composition::fromFormula(molecule.formula()).valueOr({})};
 }
 
 std::vector<MoleculePart> partsOf(const FactoryTables& tables,
@@ -29,10 +32,42 @@ std::vector<MoleculePart> partsOf(const FactoryTables& tables,
     std::vector<MoleculePart> parts;
     const auto entries = tables.entries(type);
     for (auto entry = entries.cbegin(); entry != entries.cend(); ++entry) {
-        parts.push_back({entry.key(), entry->name, massesOf(*entry),
-                         Composition::fromFormula(entry->formula()).valueOr({})});
+        parts.push_back(partOf(entry.key(), *entry));
     }
     return parts;
+}
+
+/// The ends of chains on one side.
+enum class ChainSide { Left, Right };
+
+/// The ends that the readers of text write where no mark names one.
+std::vector<MoleculePart> unmarkedEnds(const FactoryTables& tables, ChainSide side)
+{
+    QList<QSharedPointer<const chem::Nucleotide>> nucleotides;
+    chem::NamedMolecule peptideEnds[2];
+    chem::NamedMolecule oligoEnds[2];
+    tables.standardPeptideTermini(&peptideEnds[0], &peptideEnds[1]);
+    tables.parseNucleotideSequence(QString(), &nucleotides, &oligoEnds[0], &oligoEnds[1]);
+    const std::size_t index = side == ChainSide::Left ? 0 : 1;
+    return {partOf(peptideEnds[index].code, peptideEnds[index]),
+            partOf(oligoEnds[index].code, oligoEnds[index])};
+}
+
+std::vector<MoleculePart> endsOf(const FactoryTables& tables, ChainSide side)
+{
+    using Type = FactoryTables::BuildingBlockType;
+    const std::array<Type, 3> types =
+        side == ChainSide::Left
+            ? std::array{FactoryTables::ProteinNTerminalBlock, FactoryTables::NTerminalBlock,
+                         FactoryTables::FivePrimeTerminalBlock}
+            : std::array{FactoryTables::ProteinCTerminalBlock, FactoryTables::CTerminalBlock,
+                         FactoryTables::ThreePrimeTerminalBlock};
+    std::vector<MoleculePart> ends = unmarkedEnds(tables, side);
+    for (const Type type : types) {
+        const std::vector<MoleculePart> entries = partsOf(tables, type);
+        ends.insert(ends.end(), entries.begin(), entries.end());
+    }
+    return ends;
 }
 
 /// Rows of name, formula and mass; the mass is computed from the formula with the table's isotopes.
@@ -66,6 +101,8 @@ struct ResidueTable::Content
     std::vector<MoleculePart> bases;
     std::vector<MoleculePart> sugars;
     std::vector<MoleculePart> linkages;
+    std::vector<MoleculePart> leftEnds;
+    std::vector<MoleculePart> rightEnds;
     std::vector<MoleculePart> monosaccharides;
 
     explicit Content(const ChemicalFactory& factory)
@@ -77,6 +114,8 @@ struct ResidueTable::Content
         bases = partsOf(tables, FactoryTables::NucleobaseBlock);
         sugars = partsOf(tables, FactoryTables::RiboseBlock);
         linkages = partsOf(tables, FactoryTables::PhosphateBlock);
+        leftEnds = endsOf(tables, ChainSide::Left);
+        rightEnds = endsOf(tables, ChainSide::Right);
         readAminoAcids(tables);
     }
 
@@ -187,6 +226,16 @@ std::span<const MoleculePart> ResidueTable::sugars() const
 std::span<const MoleculePart> ResidueTable::linkages() const
 {
     return m_content->linkages;
+}
+
+std::span<const MoleculePart> ResidueTable::leftEnds() const
+{
+    return m_content->leftEnds;
+}
+
+std::span<const MoleculePart> ResidueTable::rightEnds() const
+{
+    return m_content->rightEnds;
 }
 
 std::span<const MoleculePart> ResidueTable::monosaccharides() const
