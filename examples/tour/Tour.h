@@ -23,3 +23,4 @@ void tourMolecules();
 void tourIsotopes();
 void tourOligonucleotides();
 void tourProteins();
+void tourIons();

@@ -33,6 +33,7 @@ int main()
     tourIsotopes();
     tourOligonucleotides();
     tourProteins();
+    tourIons();
     out().flush();
     return 0;
 }

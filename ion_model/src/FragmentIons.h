@@ -132,7 +132,7 @@ public:
     std::pair<qsizetype, qsizetype> runOf(qsizetype ion) const;
 
     /// The label of an ion as PSI's mzPAF writes it: "b5", "y7-H2O^2", "IK", "m3:6", "p^2", and
-    /// chains by number where there are several ("2@b5"). Peptide series and oligonucleotide series
+    /// chains by number where there are several ("2:b5"). Peptide series and oligonucleotide series
     /// have one form; dotted series are written with their hydrogen ("z5+H").
     QString label(const Backbone& backbone, qsizetype ion) const;
 
