@@ -71,13 +71,6 @@ void addField(Fields* fields, const std::string& path, const QRegularExpression&
     addField(fields, inside(path, "isValid"), expression.isValid());
 }
 
-void addField(Fields* fields, const std::string& path, const chem::FragmentationSite& site)
-{
-    addField(fields, inside(path, "type"), static_cast<int>(site.type));
-    addField(fields, inside(path, "delta"), site.delta);
-    addField(fields, inside(path, "lost"), site.lost);
-}
-
 void addField(Fields* fields, const std::string& path, const chem::MoleculeComplex& complex)
 {
     addField(fields, path, static_cast<const chem::NamedMolecule&>(complex));

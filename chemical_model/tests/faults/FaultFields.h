@@ -12,7 +12,6 @@ namespace fields {
 
 void addField(Fields* fields, const std::string& path, const QPointF& point);
 void addField(Fields* fields, const std::string& path, const QRegularExpression& expression);
-void addField(Fields* fields, const std::string& path, const chem::FragmentationSite& site);
 void addField(Fields* fields, const std::string& path, const chem::MoleculeComplex& complex);
 void addField(Fields* fields, const std::string& path, const chem::Fragment& fragment);
 void addField(Fields* fields, const std::string& path, const chem::SimpleFragment& fragment);
