@@ -5,6 +5,8 @@
 #include <zel_chemical_model/StructuredMolecule.h>
 
 #include <algorithm>
+#include <array>
+#include <cmath>
 
 using namespace Qt::StringLiterals;
 
@@ -52,10 +54,9 @@ bool isAminoAcid(const MoleculeEntity& residue)
 }
 
 /// A letter that no dictionary has weighs nothing, unless a modification says what is there.
-bool hasMass(const MoleculeEntity& residue, const Masses& masses)
+bool hasMass(const Masses& masses)
 {
-    return isFinite(masses) &&
-           (masses.monoisotopic > leastMass || !residue.modifications().isEmpty());
+    return isFinite(masses) && std::abs(masses.monoisotopic) > leastMass;
 }
 
 QChar letterOf(const MoleculeEntity& residue)
@@ -187,7 +188,7 @@ std::optional<Error> ChainReader::readAminoAcid(qsizetype position)
     if (residue.type() != MoleculeType::AminoAcid && isEnd(residue))
         return refusal(u"an amino acid, not an end, inside a chain"_s, position);
     const Masses masses = massesOf(residue);
-    if (!hasMass(residue, masses))
+    if (!hasMass(masses))
         return refusal(u"a residue with a mass"_s, position);
     m_chain.units.push_back(masses);
     m_chain.letters.append(letterOf(residue));

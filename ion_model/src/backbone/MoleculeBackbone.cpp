@@ -86,12 +86,12 @@ private:
     {
         for (const chem::Modification& modification : std::as_const(m_modifications)) {
             const QList<Position> places = modification.possibleChainLocations();
-            for (const Position& place : places) {
-                if (m_lastCut.isOlder(modification))
-                    return refusal(u"no place that counts from before a cut"_s, place);
-                if (!exists(place))
-                    return refusal(u"a modification at a residue"_s, place);
-            }
+            if (!places.isEmpty() && m_lastCut.isOlder(modification))
+                return refusal(u"no place that counts from before a cut"_s, places.first());
+            const auto odd = std::find_if_not(places.begin(), places.end(),
+                                              [this](const Position& p) { return exists(p); });
+            if (odd != places.end())
+                return refusal(u"a modification at a residue"_s, *odd);
             if (places.size() == 1)
                 modify(places.first(), modification.entity());
         }

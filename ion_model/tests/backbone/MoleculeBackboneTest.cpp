@@ -1,6 +1,6 @@
 #include "Backbone.h"
 #include "BuiltMolecules.h"
-#include "FragmentIons.h"
+#include "IonLists.h"
 #include "TestPrinters.h"
 #include <zel_chemical_model/ChainFragmenter.h>
 #include <zel_chemical_model/Clips.h>
@@ -24,25 +24,9 @@ Parsed<Backbone> read(const MoleculeEntity& molecule)
     return Backbone::ofMolecule(molecule, standardResidues());
 }
 
-IonOptions allSeries()
-{
-    IonOptions options;
-    options.series.clear();
-    for (int i = 0; i <= int(Series::Internal); ++i)
-        options.series.push_back(Series(i));
-    return options;
-}
-
-FragmentIons ionsOf(const Backbone& backbone, const IonOptions& options = allSeries())
-{
-    FragmentIons ions;
-    EXPECT_FALSE(ions.assign(backbone, options).has_value());
-    return ions;
-}
-
 std::map<QString, std::vector<double>> byLabel(const Backbone& backbone)
 {
-    const FragmentIons ions = ionsOf(backbone);
+    const FragmentIons ions = ionsOf(backbone, allSeries());
     std::map<QString, std::vector<double>> labelled;
     for (qsizetype i = 0; i < std::ssize(ions.mz()); ++i)
         labelled[ions.label(backbone, i)].push_back(ions.mz()[std::size_t(i)]);
@@ -51,8 +35,8 @@ std::map<QString, std::vector<double>> byLabel(const Backbone& backbone)
 
 bool haveSameIons(const Backbone& left, const Backbone& right)
 {
-    const FragmentIons a = ionsOf(left);
-    const FragmentIons b = ionsOf(right);
+    const FragmentIons a = ionsOf(left, allSeries());
+    const FragmentIons b = ionsOf(right, allSeries());
     return std::equal(a.mz().begin(), a.mz().end(), b.mz().begin(), b.mz().end(),
                       [](double x, double y) { return std::abs(x - y) < 1e-9; });
 }

@@ -84,6 +84,9 @@ TEST(RefusedMolecules, OddResiduesOfPeptidesAreRefused)
     const double nan = std::numeric_limits<double>::quiet_NaN();
     const auto residues = peptideChain(u"GG"_s).residues();
     expectRefusal(builtPeptide(u"GXG"_s), 0, 2, u"with a mass"_s);
+    expectRefusal(
+        chem::Modify(chem::Modification(nullptr, {{0, 2}})).transform(builtPeptide(u"GXG"_s)), 0, 2,
+        u"with a mass"_s);
     expectRefusal(ofResidues({residues[0], nan, residues[1]}), 0, 1, u"with a mass"_s);
     expectRefusal(ofResidues({residues[0], residues[1], nullptr, residues[1], residues[3]}), 0, 2,
                   u"with a mass"_s);

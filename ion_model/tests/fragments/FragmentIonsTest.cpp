@@ -1,8 +1,8 @@
 #include "FragmentIons.h"
 
+#include "IonLists.h"
 #include "TestPrinters.h"
 #include <zel_chemical_model/ChemicalFactory.h>
-#include <zel_chemical_model/LinearComplex.h>
 
 #include <gtest/gtest.h>
 #include <rapidcheck/gtest.h>
@@ -31,21 +31,6 @@ Backbone peptide(const QString& sequence)
     return Backbone::peptide(sequence, residues()).value();
 }
 
-FragmentIons ionsOf(const Backbone& backbone, const IonOptions& options)
-{
-    FragmentIons ions;
-    const auto refusal = ions.assign(backbone, options);
-    EXPECT_FALSE(refusal.has_value()) << (refusal ? refusal->message.toStdString() : "");
-    return ions;
-}
-
-IonOptions series(std::vector<Series> wanted)
-{
-    IonOptions options;
-    options.series = std::move(wanted);
-    return options;
-}
-
 const std::vector<Series> peptideSeries = {Series::A,    Series::ADot, Series::B,    Series::C,
                                            Series::CDot, Series::X,    Series::XDot, Series::Y,
                                            Series::Z,    Series::ZDot};
@@ -62,22 +47,11 @@ std::map<QString, std::vector<double>> byLabel(const FragmentIons& ions, const B
     return labelled;
 }
 
-/// Fragments as the first library makes them: by complexes of residues and sites, from both ends.
-std::map<std::pair<QString, qsizetype>, double> fragmentsOf(const chem::MoleculeComplex& complex)
-{
-    QList<QSharedPointer<chem::Fragment>> fragments;
-    chem::defaultChemicalFactory()->generateLinearFragments(complex, &fragments);
-    std::map<std::pair<QString, qsizetype>, double> masses;
-    for (const auto& fragment : fragments)
-        masses[{fragment->typeLabel, fragment->residues.size() - 1}] = fragment->monoMass();
-    return masses;
-}
-
 void expectFragmentsOfTheFirstLibrary(const Backbone& backbone,
                                       const chem::MoleculeComplex& complex,
                                       const std::vector<Series>& wanted)
 {
-    const auto masses = fragmentsOf(complex);
+    const auto fragments = fragmentsOf(complex);
     const FragmentIons ions = ionsOf(backbone, series(wanted));
     const qsizetype size = std::ssize(backbone.chains()[0].units);
     ASSERT_EQ(qsizetype(ions.mz().size()), std::ssize(wanted) * (size - 1));
@@ -86,13 +60,13 @@ void expectFragmentsOfTheFirstLibrary(const Backbone& backbone,
         const auto [run, offset] = ions.runOf(i);
         const Series of = ions.runs()[std::size_t(run)].series;
         const QString label = of == Series::AMinusB ? u"aB"_s : seriesName(of);
-        const auto mass = masses.find({label, offset + 1});
-        if (mass == masses.end()) {
+        const auto fragment = fragments.find({label, offset + 1});
+        if (fragment == fragments.end()) {
             ASSERT_EQ(label, u"aB"_s); // which the first library has from the second nucleotide on
             continue;
         }
         ++compared;
-        ASSERT_NEAR(ions.mz()[std::size_t(i)], mass->second + proton, 1e-7)
+        ASSERT_NEAR(ions.mz()[std::size_t(i)], fragment->second.monoMass() + proton, 1e-7)
             << label.toStdString() << offset + 1;
     }
     ASSERT_GE(compared, (std::ssize(wanted) - 1) * (size - 1));

@@ -1,5 +1,6 @@
 #include "BuiltMolecules.h"
 #include "FragmentIons.h"
+#include "IonLists.h"
 #include "TestPrinters.h"
 #include <zel_chemical_model/EstablishLink.h>
 #include <zel_chemical_model/LinearComplex.h>
@@ -16,28 +17,6 @@ namespace ions {
 namespace {
 
 constexpr double electron = 0.000548579909065;
-
-IonOptions series(std::vector<Series> wanted)
-{
-    IonOptions options;
-    options.series = std::move(wanted);
-    return options;
-}
-
-IonOptions allSeries()
-{
-    IonOptions options = series({});
-    for (int i = 0; i <= int(Series::Internal); ++i)
-        options.series.push_back(Series(i));
-    return options;
-}
-
-FragmentIons ionsOf(const Backbone& backbone, const IonOptions& options)
-{
-    FragmentIons ions;
-    EXPECT_FALSE(ions.assign(backbone, options).has_value());
-    return ions;
-}
 
 Backbone molecule(const chem::MoleculeEntity& entity)
 {
@@ -92,13 +71,7 @@ Error refusalOf(const Backbone& backbone, const IonOptions& options, qsizetype i
 /// Every ion of a complex of the first library has its formula.
 void expectFormulasOfTheFirstLibrary(const Backbone& backbone, const chem::MoleculeComplex& complex)
 {
-    QList<QSharedPointer<chem::Fragment>> fragments;
-    chem::defaultChemicalFactory()->generateLinearFragments(complex, &fragments);
-    std::map<std::pair<QString, qsizetype>, Composition> formulas;
-    for (const auto& fragment : fragments) {
-        formulas[{fragment->typeLabel, fragment->residues.size() - 1}] =
-            Composition::fromFormula(fragment->formula()).value();
-    }
+    const auto fragments = fragmentsOf(complex);
     IonOptions options = allSeries();
     options.series.resize(std::size_t(Series::Precursor));
     const FragmentIons ions = ionsOf(backbone, options);
@@ -107,14 +80,15 @@ void expectFormulasOfTheFirstLibrary(const Backbone& backbone, const chem::Molec
         const auto [run, offset] = ions.runOf(i);
         const Series of = ions.runs()[std::size_t(run)].series;
         const QString label = of == Series::AMinusB ? u"aB"_s : seriesName(of);
-        const auto known = formulas.find({label, offset + 1});
-        if (known == formulas.end()) {
+        const auto fragment = fragments.find({label, offset + 1});
+        if (fragment == fragments.end()) {
             ASSERT_EQ(label, u"aB"_s); // which the first library has from the second nucleotide on
             continue;
         }
         const auto ion = ions.composition(backbone, standardResidues(), i);
         ASSERT_TRUE(ion.hasValue()) << ion.error().message.toStdString();
-        ASSERT_EQ(ion->neutral, known->second) << ions.label(backbone, i).toStdString();
+        ASSERT_EQ(ion->neutral, Composition::fromFormula(fragment->second.formula()).value())
+            << ions.label(backbone, i).toStdString();
         ++compared;
     }
     ASSERT_GE(compared, 9 * (backbone.chains()[0].units.size() - 1) - 1);

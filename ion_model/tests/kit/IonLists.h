@@ -1,0 +1,57 @@
+#pragma once
+
+#include "FragmentIons.h"
+#include <zel_chemical_model/ChemicalFactory.h>
+#include <zel_chemical_model/LinearComplex.h>
+
+#include <QList>
+#include <QString>
+
+#include <gtest/gtest.h>
+
+#include <map>
+#include <utility>
+#include <vector>
+
+/// \file
+/// Lists of ions, and the fragments that the first library makes instead.
+
+namespace ions {
+
+inline IonOptions series(std::vector<Series> wanted)
+{
+    IonOptions options;
+    options.series = std::move(wanted);
+    return options;
+}
+
+inline IonOptions allSeries()
+{
+    IonOptions options = series({});
+    for (int i = 0; i <= int(Series::Internal); ++i)
+        options.series.push_back(Series(i));
+    return options;
+}
+
+inline FragmentIons ionsOf(const Backbone& backbone, const IonOptions& options)
+{
+    FragmentIons ions;
+    const auto refusal = ions.assign(backbone, options);
+    EXPECT_FALSE(refusal.has_value()) << (refusal ? refusal->message.toStdString() : "");
+    return ions;
+}
+
+/// Fragments as the first library makes them, by complexes of residues and sites from both ends: by
+/// their label and the number of their residues.
+inline std::map<std::pair<QString, qsizetype>, chem::Molecule>
+fragmentsOf(const chem::MoleculeComplex& complex)
+{
+    QList<QSharedPointer<chem::Fragment>> fragments;
+    chem::defaultChemicalFactory()->generateLinearFragments(complex, &fragments);
+    std::map<std::pair<QString, qsizetype>, chem::Molecule> molecules;
+    for (const auto& fragment : fragments)
+        molecules[{fragment->typeLabel, fragment->residues.size() - 1}] = *fragment;
+    return molecules;
+}
+
+} // namespace ions
