@@ -65,18 +65,19 @@ TEST(ConstFunctionsThreads, FirstUseOfAllTablesFromAllAtOnce)
     });
 }
 
-/// The const functions that a header declares, less what only the class itself calls.
+/// The const functions that a header declares, less an operator and what only a class itself calls.
 QStringList constFunctionsOf(const QString& header)
 {
     static const QRegularExpression declaration(u"\\b(\\w+)\\([^;{}()]*\\) const\\b"_s);
-    static const QSet<QString> ofTheClassItself = {u"Digest::listed"_s, u"Ionization::size"_s};
+    static const QSet<QString> others = {u"Digest::listed"_s, u"Ionization::size"_s,
+                                         u"Parsed::bool"_s};
     QFile file(QStringLiteral(ION_MODEL_SOURCE_DIR "/") + header + u".h"_s);
     EXPECT_TRUE(file.open(QIODevice::ReadOnly)) << header.toStdString();
     QStringList functions;
     auto matches = declaration.globalMatch(QString::fromUtf8(file.readAll()));
     while (matches.hasNext()) {
         const QString function = header + u"::"_s + matches.next().captured(1);
-        if (!ofTheClassItself.contains(function))
+        if (!others.contains(function))
             functions.append(function);
     }
     return functions;
@@ -95,7 +96,7 @@ TEST(ConstFunctionsThreads, EveryConstFunctionOfTheHeadersIsCalled)
             ++declared;
         }
     }
-    EXPECT_GT(declared, 80);
+    EXPECT_GT(declared, 70);
 }
 
 } // namespace
