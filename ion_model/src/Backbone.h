@@ -130,7 +130,7 @@ public:
 
     /// Lays out an oligonucleotide, in the notation of the first library, by the dictionaries of
     /// `factory`. Refused for text outside the grammar, at the first character that no such text
-    /// has or at its end, and for nucleotides that are a bare number: they have no base to lose.
+    /// has or at its end, and at the first number in place of a base: it has no base to lose.
     static Parsed<Backbone> oligonucleotide(QStringView text, const chem::ChemicalFactory& factory);
 
     /// Lays out a molecule of the first library: its chains of amino acids or nucleotides, however

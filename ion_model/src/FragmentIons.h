@@ -118,7 +118,8 @@ public:
     /// Immonium and internal ions of linked units are left out.
     ///
     /// Gives a refusal where open groups make more than 16 variants of one ion, where losses make
-    /// more than 1,000 combinations, and for charges beyond 10,000; then there are no ions.
+    /// more than 1,000 combinations, and for charges beyond 10,000 or shifts beyond 127 hydrogens;
+    /// then there are no ions.
     [[nodiscard]] std::optional<Error> assign(const Backbone& backbone, const IonOptions& options);
 
     /// The m/z of the ions, run by run, in daltons, monoisotopic.

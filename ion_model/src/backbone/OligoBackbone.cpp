@@ -35,14 +35,25 @@ QString alphabetOf(const chem::ChemicalFactory& factory)
     return alphabet;
 }
 
+bool isDigit(QChar c)
+{
+    return c >= u'0' && c <= u'9';
+}
+
 /// The first character that no oligonucleotide has, or the end where only the order is wrong.
 qsizetype refusedPosition(const QString& text, const chem::ChemicalFactory& factory)
 {
     const QString alphabet = alphabetOf(factory);
     const auto refused = std::find_if_not(text.begin(), text.end(), [&alphabet](QChar c) {
-        return alphabet.contains(c) || (c >= u'0' && c <= u'9');
+        return alphabet.contains(c) || isDigit(c);
     });
     return refused - text.begin();
+}
+
+/// Where the first number starts: only numbers that stand for a base have digits.
+qsizetype numberPosition(const QString& text)
+{
+    return std::find_if(text.begin(), text.end(), isDigit) - text.begin();
 }
 
 /// A number in place of a base names a mass, not a nucleotide.
@@ -77,9 +88,9 @@ Parsed<Backbone> Backbone::oligonucleotide(QStringView text, const chem::Chemica
     if (!factory.parseNucleotideSequence(sequence, &nucleotides, &fivePrime, &threePrime))
         return Error{u"expected a nucleotide"_s, refusedPosition(sequence, factory)};
     BackboneChain chain = chainOf(nucleotides);
-    for (qsizetype i = 0; i < nucleotides.size(); ++i) {
-        if (isNumber(*nucleotides[i]))
-            return Error{u"expected a base, not the mass of one"_s, -1, 0, i};
+    for (const auto& nucleotide : nucleotides) {
+        if (isNumber(*nucleotide))
+            return Error{u"expected a base, not the mass of one"_s, numberPosition(sequence)};
     }
     const BreakMasses breaks = BreakMasses::of(AtomMasses(factory));
     chain.leftGroup = massesOf(fivePrime) - breaks.hydrogen;

@@ -48,7 +48,7 @@ public:
         CutSide side;
         for (qsizetype chain = 0; chain < rightSide(); ++chain) {
             if (chain != m_chain && parts[std::size_t(chain)]) {
-                side.mass += m_backbone.chainMasses(chain).monoisotopic;
+                side.mass += m_backbone.chainMasses(chain).monoisotopic - labileMass(chain);
                 side.chains.push_back(chain);
             }
         }
@@ -64,6 +64,15 @@ public:
     }
 
 private:
+    /// Groups that fall off before any chain breaks are in no ion but the precursor.
+    double labileMass(qsizetype chain) const
+    {
+        double sum = 0.0;
+        for (const BackboneGroup& group : m_backbone.chains()[std::size_t(chain)].labile)
+            sum += group.masses.monoisotopic;
+        return sum;
+    }
+
     qsizetype partOf(qsizetype chain, qsizetype unit) const
     {
         return chain != m_chain || unit < m_cut ? chain : rightSide();

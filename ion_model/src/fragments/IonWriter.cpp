@@ -14,6 +14,7 @@ namespace ions {
 namespace {
 
 constexpr int largestCharge = 10000;
+constexpr int mostHydrogens = 127;
 constexpr int unlimited = std::numeric_limits<int>::max();
 
 bool hasLoss(const BackboneGroup& group, const NeutralLoss& loss)
@@ -43,6 +44,10 @@ std::optional<Error> IonWriter::write()
     for (const int charge : m_options.charges) {
         if (charge > largestCharge || charge < -largestCharge)
             return Error{u"expected charges from -10000 to 10000"_s};
+    }
+    for (const int hydrogens : m_options.hydrogens) {
+        if (hydrogens > mostHydrogens || hydrogens < -mostHydrogens)
+            return Error{u"expected at most 127 hydrogens more or less"_s};
     }
     const auto failure = isPlain() ? writePlain() : writeAll();
     if (failure)

@@ -24,7 +24,8 @@ CoefficientRun shortestRun(std::span<const double> shares, double target)
     std::size_t begin = 0;
     for (std::size_t end = 1; end <= shares.size(); ++end) {
         sum += shares[end - 1];
-        while (sum - shares[begin] >= target)
+        // What rounding leaves of a sum may exceed a small target: the run keeps its last share.
+        while (begin + 1 < end && sum - shares[begin] >= target)
             sum -= shares[begin++];
         const std::size_t size = end - begin;
         if (sum < target || size > best.end - best.begin)

@@ -81,11 +81,10 @@ TEST(Backbone, OtherOligonucleotideTextIsRefused)
     const std::vector<RefusedText> texts = {
         {u""_s, 0, u"nucleotide"_s},     {u"ACX"_s, 2, u"nucleotide"_s},
         {u"AC A"_s, 2, u"nucleotide"_s}, {u"ACd"_s, 3, u"nucleotide"_s},
-        {u"300"_s, -1, u"base"_s},       {u"A300"_s, -1, u"base"_s},
+        {u"300"_s, 0, u"base"_s},        {u"A300C"_s, 1, u"base"_s},
     };
     expectRefused([&](const QString& text) { return Backbone::oligonucleotide(text, *factory); },
                   texts);
-    EXPECT_EQ(Backbone::oligonucleotide(u"A300C", *factory).error().residue, 1);
 }
 
 TEST(Backbone, PiecesWithoutEndsWeighThatMuchLess)

@@ -1,5 +1,6 @@
 #include "Digest.h"
 
+#include "DigestBySearch.h"
 #include "RandomTexts.h"
 #include "TestPrinters.h"
 
@@ -28,35 +29,10 @@ const ResidueTable& residues()
     return table;
 }
 
-struct Product
-{
-    qsizetype start = 0;
-    qsizetype end = 0;
-    int missed = 0;
-    double monoisotopic = 0.0;
-    double average = 0.0;
-};
-
-std::vector<Product> productsOf(const Digest& digest)
-{
-    std::vector<Product> products;
-    for (std::size_t i = 0; i < digest.size(); ++i) {
-        products.push_back({digest.starts()[i], digest.ends()[i], digest.missedCleavages()[i],
-                            digest.monoisotopic()[i], digest.average()[i]});
-    }
-    return products;
-}
-
-/// Both masses of a peptide, added up in a wider type; NaN with an unknown letter.
+/// Both masses of a peptide.
 Product weighed(const QString& text, qsizetype start, qsizetype end)
 {
-    long double monoisotopic = residues().water().monoisotopic;
-    long double average = residues().water().average;
-    for (qsizetype i = start; i < end; ++i) {
-        monoisotopic += residues().residue(text[i].unicode()).monoisotopic;
-        average += residues().residue(text[i].unicode()).average;
-    }
-    return {start, end, 0, double(monoisotopic), double(average)};
+    return weighedProduct(text, start, end, peptideMasses(residues()));
 }
 
 /// The slow second way: every range of the text, asked whether it is a product.
@@ -65,28 +41,7 @@ std::vector<Product> rangesThatAreProducts(const QString& text, const Protease& 
 {
     std::vector<qsizetype> cuts;
     EXPECT_TRUE(agent.findCuts(text, &cuts));
-    const auto isCut = [&](qsizetype place) {
-        return place == 0 || place == text.size() || agent.isUnspecific() ||
-               std::find(cuts.begin(), cuts.end(), place) != cuts.end();
-    };
-    std::vector<Product> products;
-    for (qsizetype start = 0; start < text.size(); ++start) {
-        for (qsizetype end = start + 1; end <= text.size(); ++end) {
-            const auto missed = std::count_if(
-                cuts.begin(), cuts.end(), [&](qsizetype cut) { return start < cut && cut < end; });
-            const int cutEnds = int(isCut(start)) + int(isCut(end));
-            const qsizetype length = end - start;
-            Product product = weighed(text, start, end);
-            product.missed = int(missed);
-            if (cutEnds >= (options.isSemiSpecific ? 1 : 2) &&
-                missed <= std::max(options.missedCleavages, 0) && length >= options.minLength &&
-                length <= options.maxLength && !(product.monoisotopic < options.minMass) &&
-                !(product.monoisotopic > options.maxMass)) {
-                products.push_back(product);
-            }
-        }
-    }
-    return products;
+    return productsBySearch(text, agent, cuts, peptideMasses(residues()), options);
 }
 
 void expectMass(double mass, double expected)

@@ -176,6 +176,17 @@ TEST(FragmentIons, ChargesThatNoIonHasAreRefused)
     EXPECT_TRUE(ions.runs().empty());
 }
 
+TEST(FragmentIons, ShiftsThatARunCannotTellAreRefused)
+{
+    for (const int hydrogens : {128, -128, 1 << 20}) {
+        FragmentIons ions = ionsOf(peptide(u"PEPTIDE"_s), IonOptions());
+        IonOptions options;
+        options.hydrogens = {0, hydrogens};
+        EXPECT_TRUE(ions.assign(peptide(u"PEPTIDE"_s), options).has_value());
+        EXPECT_TRUE(ions.mz().empty());
+    }
+}
+
 TEST(FragmentIons, LossesGoToEveryIonOrToThoseThatHoldAResidue)
 {
     IonOptions options = series({Series::B, Series::Y});
@@ -415,6 +426,18 @@ TEST(FragmentIons, AnIonOfOneChainCarriesTheWholeOtherOne)
     EXPECT_NEAR(ions.at(u"2:b2"_s)[0],
                 71.037114 + 128.094963 + residues().peptide(u"GKG")->monoisotopic + bridge + proton,
                 1e-5);
+}
+
+TEST(FragmentIons, LabileGroupsOfTheOtherChainAreInThePrecursorOnly)
+{
+    BackboneChain sweet = peptide(u"AKA"_s).chains()[0];
+    sweet.labile.push_back({{162.052824, 162.1406}, {}});
+    const Backbone backbone = Backbone::ofChains({peptide(u"GKG"_s).chains()[0], sweet},
+                                                 {{0, 1, 1, 1, {}}}, residues().breaks())
+                                  .value();
+    const auto ions = byLabel(ionsOf(backbone, IonOptions()), backbone);
+    const double other = residues().peptide(u"AKA")->monoisotopic;
+    EXPECT_NEAR(ions.at(u"1:b2"_s)[0], 57.021464 + 128.094963 + other + proton, 1e-5);
 }
 
 TEST(FragmentIons, IonsOfLinkedChainsAndTheirComplementsMakeThePrecursor)

@@ -228,6 +228,17 @@ TEST(IsotopePattern, NoShorterRunOfBinsHoldsTheCoverage)
     }
 }
 
+TEST(IsotopePattern, TheLeastCoverageIsTheHighestBin)
+{
+    for (const QString& text : {u"C3Sn2Te2"_s, u"C60H90N12O15S2"_s, u"Br2Cl5"_s, u"H"_s}) {
+        const auto whole = IsotopePattern::of(formula(text), natural(), largestCoverage);
+        const auto least = IsotopePattern::of(formula(text), natural(), 1e-300);
+        ASSERT_EQ(least->shares().size(), 1U);
+        EXPECT_NEAR(least->shares()[0],
+                    *std::max_element(whole->shares().begin(), whole->shares().end()), 1e-9);
+    }
+}
+
 TEST(IsotopePattern, AMixtureOfUnlabelledAndLabelledPartsKeepsBothHumps)
 {
     const AtomMasses half = natural().labelled({6, 13}, 0.5).value();
