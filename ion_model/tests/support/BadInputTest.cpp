@@ -144,20 +144,17 @@ TEST_P(BadInput, EveryCharacterOfTheBasicPlaneIsReadOrRefused)
     EXPECT_GT(read() + refused(), 3000);
 }
 
-/// A million characters of one kind each, whole and behind the beginning of a text. That they end
-/// is what is shown: a reader that looks back at all it has read would take hours.
+/// A million characters of a few kinds behind a text. That they end is what is shown: a reader that
+/// looks back at all it has read would take hours.
 TEST_P(BadInput, AMillionCharactersComeToAnEnd)
 {
     constexpr qsizetype size = 1000000;
-    QStringList pieces = GetParam().pieces;
-    pieces.append({u"9"_s, u"\u00b7"_s, u"[13C]"_s, u"-H"_s, u"+H"_s, u" H"_s, u"H(2) "_s});
-    for (const QString& piece : pieces) {
-        const QString longText = piece.repeated(size / piece.size());
-        check(longText);
-        const QString& text = GetParam().texts.front();
-        check(text + longText);
-        check(text.first(text.size() / 2) + longText);
-    }
+    const QStringList& known = GetParam().pieces;
+    QStringList pieces = {u"9"_s, u"+H"_s, u" H"_s, u"("_s};
+    for (qsizetype at = 0; at < known.size(); at += 5)
+        pieces.append(known[at]);
+    for (const QString& piece : pieces)
+        check(GetParam().texts.front() + piece.repeated(size / piece.size()));
     EXPECT_GT(refused(), 0);
 }
 
