@@ -2,6 +2,7 @@
 
 #include "AtomMasses.h"
 #include "Composition.h"
+#include "NucleotideTable.h"
 #include "Parsed.h"
 #include "ResidueTable.h"
 #include <zel_chemical_model/ChemicalFactory.h>
@@ -106,10 +107,17 @@ public:
     [[nodiscard]] std::optional<Error> assignPeptide(QStringView sequence,
                                                      const ResidueTable& residues);
 
-    /// Lays out an oligonucleotide, in the notation of the first library, by the dictionaries of
-    /// `factory`. Refused for text outside the grammar, at the first character that no such text
-    /// has or at its end, and for nucleotides that are a bare number: they have no base to lose.
+    /// Lays out an oligonucleotide, in the notation of the first library. Refused as by
+    /// NucleotideTable::oligonucleotide(), and for nucleotides that are a bare number: they have no
+    /// base to lose.
+    static Parsed<Backbone> oligonucleotide(QStringView text, const NucleotideTable& nucleotides);
+
+    /// The same by the dictionaries of `factory`, which are read anew each time.
     static Parsed<Backbone> oligonucleotide(QStringView text, const chem::ChemicalFactory& factory);
+
+    /// The same into this object, whose memory is used again, as by assignPeptide().
+    [[nodiscard]] std::optional<Error> assignOligonucleotide(QStringView text,
+                                                             const NucleotideTable& nucleotides);
 
     /// Joins chains, which break into groups of the given masses. Refused are chains whose lists
     /// differ in length, more than 255 chains or 1,000 links, and links and open groups at units
@@ -130,9 +138,20 @@ public:
     Masses masses() const;
 
 private:
+    friend class IonWriter;
+
+    BackboneChain& becomeChain(Polymer polymer, const BreakMasses& breaks);
+    static std::optional<Error>
+    layOutByFactory(QStringView text, const NucleotideTable& nucleotides, BackboneChain* chain);
+    double* roomForSums(std::size_t size);
+    void sumUp();
+
     std::vector<BackboneChain> m_chains;
     std::vector<BackboneLink> m_links;
     BreakMasses m_breaks;
+    /// What each chain comes to in front of each unit and behind the last, from its left end on;
+    /// then room.
+    std::vector<double> m_sums;
 };
 
 } // namespace ions

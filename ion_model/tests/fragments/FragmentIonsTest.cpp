@@ -1,5 +1,6 @@
 #include "FragmentIons.h"
 
+#include "IonInputs.h"
 #include "TestPrinters.h"
 #include <zel_chemical_model/ChemicalFactory.h>
 #include <zel_chemical_model/LinearComplex.h>
@@ -20,12 +21,6 @@ namespace {
 
 constexpr double proton = 1.00727646688;
 
-const ResidueTable& residues()
-{
-    static const ResidueTable table;
-    return table;
-}
-
 Backbone peptide(const QString& sequence)
 {
     return Backbone::peptide(sequence, residues()).value();
@@ -45,13 +40,6 @@ IonOptions series(std::vector<Series> wanted)
     options.series = std::move(wanted);
     return options;
 }
-
-const std::vector<Series> peptideSeries = {Series::A,    Series::ADot, Series::B,    Series::C,
-                                           Series::CDot, Series::X,    Series::XDot, Series::Y,
-                                           Series::Z,    Series::ZDot};
-const std::vector<Series> oligoSeries = {Series::A, Series::B,       Series::C,
-                                         Series::D, Series::AMinusB, Series::W,
-                                         Series::X, Series::Y,       Series::Z};
 
 /// The m/z of each label.
 std::map<QString, std::vector<double>> byLabel(const FragmentIons& ions, const Backbone& backbone)
