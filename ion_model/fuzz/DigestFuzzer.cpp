@@ -1,5 +1,6 @@
 #include "ByteReader.h"
 #include "DigestBySearch.h"
+#include "StandardResidues.h"
 
 #include <array>
 #include <cmath>
@@ -22,12 +23,6 @@ constexpr std::array letters = {u'K', u'R', u'P', u'G', u'A',      u'D',     u'E
                                 u'C', u'U', u'X', u'*', u'k',      u' ',     u'B',
                                 u'J', u'O', u'Z', u'Q', u'\u00e9', u'\xd83e'};
 constexpr int longestText = 48;
-
-const ResidueTable& residues()
-{
-    static const ResidueTable table;
-    return table;
-}
 
 const RnaTable& nucleotides()
 {

@@ -2,6 +2,7 @@
 
 #include "AtomMasses.h"
 #include "Composition.h"
+#include "NucleotideTable.h"
 #include "Parsed.h"
 #include "ResidueTable.h"
 #include <zel_chemical_model/ChemicalFactory.h>
@@ -128,10 +129,17 @@ public:
     [[nodiscard]] std::optional<Error> assignPeptide(QStringView sequence,
                                                      const ResidueTable& residues);
 
-    /// Lays out an oligonucleotide, in the notation of the first library, by the dictionaries of
-    /// `factory`. Refused for text outside the grammar, at the first character that no such text
-    /// has or at its end, and at the first number in place of a base: it has no base to lose.
+    /// Lays out an oligonucleotide, in the notation of the first library. Refused as by
+    /// NucleotideTable::oligonucleotide(), and at the first number in place of a base: it has no
+    /// base to lose.
+    static Parsed<Backbone> oligonucleotide(QStringView text, const NucleotideTable& nucleotides);
+
+    /// The same by the dictionaries of `factory`, which are read anew each time.
     static Parsed<Backbone> oligonucleotide(QStringView text, const chem::ChemicalFactory& factory);
+
+    /// The same into this object, whose memory is used again, as by assignPeptide().
+    [[nodiscard]] std::optional<Error> assignOligonucleotide(QStringView text,
+                                                             const NucleotideTable& nucleotides);
 
     /// Lays out a molecule of the first library: its chains of amino acids or nucleotides, however
     /// they were built, cut, modified and linked. `residues` is read from the factory that made it.
@@ -173,9 +181,20 @@ public:
     Masses masses() const;
 
 private:
+    friend class IonWriter;
+
+    BackboneChain& becomeChain(Polymer polymer, const BreakMasses& breaks);
+    static std::optional<Error>
+    layOutByFactory(QStringView text, const NucleotideTable& nucleotides, BackboneChain* chain);
+    double* roomForSums(std::size_t size);
+    void sumUp();
+
     std::vector<BackboneChain> m_chains;
     std::vector<BackboneLink> m_links;
     BreakMasses m_breaks;
+    /// What each chain comes to in front of each unit and behind the last, from its left end on;
+    /// then room.
+    std::vector<double> m_sums;
 };
 
 } // namespace ions

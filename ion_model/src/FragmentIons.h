@@ -8,12 +8,15 @@
 #include <QString>
 #include <QStringView>
 
+#include <memory>
 #include <optional>
 #include <span>
 #include <utility>
 #include <vector>
 
 namespace ions {
+
+class IonPlan;
 
 /// The series of fragment ions, in the order in which they are listed. Those from A to D hold the
 /// left end of a chain, those from W to ZDot the right one.
@@ -53,6 +56,9 @@ struct ZEL_ION_MODEL_EXPORT LossRule
 
     /// Reads `H2O` or `H2O@STED`: a formula, then letters of residues.
     static Parsed<LossRule> read(QStringView text, const AtomMasses& atoms);
+
+    /// Compares both.
+    friend bool operator==(const LossRule&, const LossRule&) = default;
 };
 
 /// Which ions are wanted.
@@ -67,6 +73,9 @@ struct IonOptions
     /// Hydrogens more than the series has, in the order of the results. Electron-driven spectra
     /// show -1, 1 and 2 beside 0.
     std::vector<int> hydrogens = {0};
+
+    /// Compares all of them, in order.
+    friend bool operator==(const IonOptions&, const IonOptions&) = default;
 };
 
 /// Ions of one series, charge and loss with numbers that follow each other.
@@ -102,8 +111,9 @@ struct IonComposition
 ///     ions.mz()[1];                        // 272.13533, the b2 ion
 /// \endcode
 ///
-/// A list takes 8 bytes for each ion and 20 for each run. The memory is used again by the next
-/// assign(). A value: separate instances may be used from separate threads.
+/// A list takes 8 bytes for each ion and 20 for each run. The next assign() uses the memory again,
+/// and what options and breaks come to as long as they and the losses of groups stay the same: then
+/// a search allocates nothing. A value: separate instances may be used from separate threads.
 class ZEL_ION_MODEL_EXPORT FragmentIons
 {
 public:
@@ -156,7 +166,8 @@ private:
     std::size_t m_size = 0;   ///< How many ions there are.
     std::vector<IonRun> m_runs;
     std::vector<QString> m_losses;
-    std::vector<double> m_sums; ///< Scratch: what the units from the left come to.
+    std::shared_ptr<const IonPlan> m_plan; ///< Of these ions; the next may need the same.
+    bool m_hasUniformRuns = false; ///< Whether the runs are all those of the plan, equally long.
 };
 
 } // namespace ions

@@ -12,6 +12,7 @@
 #include "Ionization.h"
 #include "IsotopePattern.h"
 #include "ModificationTable.h"
+#include "NucleotideTable.h"
 #include "Parsed.h"
 #include "PeakMatch.h"
 #include "ResidueTable.h"

@@ -36,6 +36,9 @@ struct ZEL_ION_MODEL_EXPORT BreakMasses
 
     /// Weighs the four by a table.
     static BreakMasses of(const AtomMasses& atoms);
+
+    /// Compares all five.
+    friend bool operator==(const BreakMasses&, const BreakMasses&) = default;
 };
 
 /// What residues weigh, read once from a factory and laid out for fast sums.
@@ -86,7 +89,16 @@ public:
 
     /// The masses of a peptide: its residues and one water. Refused at the first character that has
     /// no mass. An empty text is water.
-    Parsed<Masses> peptide(QStringView sequence) const;
+    Parsed<Masses> peptide(QStringView sequence) const
+    {
+        // An unknown letter makes the sum NaN: looking at each would cost more than the sum.
+        Masses sum = m_letters[letterCount];
+        for (const QChar letter : sequence)
+            sum += residue(letter.unicode());
+        if (sum.average == sum.average) [[likely]]
+            return sum;
+        return unknownLetter(sequence);
+    }
 
     /// H2O, which the two ends of a peptide or oligonucleotide make.
     const Masses& water() const;
@@ -113,8 +125,10 @@ private:
     static constexpr std::size_t letterCount = 128;
     struct Content;
 
+    Error unknownLetter(QStringView sequence) const;
+
     std::shared_ptr<const Content> m_content;
-    const Masses* m_letters; ///< In the content; here, so that a sum follows one pointer.
+    const Masses* m_letters; ///< In the content, with water behind: a sum follows one pointer.
 };
 
 } // namespace ions

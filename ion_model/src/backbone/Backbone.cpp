@@ -61,6 +61,25 @@ std::optional<Error> refusalOf(const BackboneChain& chain, qsizetype index)
     return {};
 }
 
+/// Writes what stands left of each unit, then all of them; gives the place behind.
+double* writeSums(const BackboneChain& chain, double* next)
+{
+    const std::size_t size = chain.units.size();
+    double sum = chain.leftGroup.monoisotopic;
+    *next++ = sum;
+    if (chain.linkages.empty()) {
+        for (std::size_t i = 0; i < size; ++i)
+            *next++ = sum += chain.units[i].monoisotopic;
+        return next;
+    }
+    for (std::size_t i = 0; i < size; ++i) {
+        if (i > 0)
+            sum += chain.linkages[i - 1].monoisotopic;
+        *next++ = sum += chain.units[i].monoisotopic;
+    }
+    return next;
+}
+
 } // namespace
 
 void BackboneCompositions::clear()
@@ -82,27 +101,17 @@ Parsed<Backbone> Backbone::peptide(QStringView sequence, const ResidueTable& res
 
 std::optional<Error> Backbone::assignPeptide(QStringView sequence, const ResidueTable& residues)
 {
-    m_chains.resize(1);
-    m_links.clear();
-    m_breaks = residues.breaks();
-    BackboneChain& chain = m_chains.front();
-    chain.polymer = Polymer::Peptide;
-    chain.hasLeftEnd = chain.hasRightEnd = true;
-    chain.leftGroup = chain.rightGroup = {};
-    chain.bases.clear();
-    chain.linkages.clear();
-    chain.lossy.clear();
-    chain.open.clear();
-    chain.labile.clear();
-    chain.compositions.clear();
+    BackboneChain& chain = becomeChain(Polymer::Peptide, residues.breaks());
     chain.letters.resize(sequence.size());
+    std::copy(sequence.begin(), sequence.end(), chain.letters.begin());
     chain.units.resize(std::size_t(sequence.size()));
     double sum = 0.0;
-    std::copy(sequence.begin(), sequence.end(), chain.letters.begin());
+    double* next = roomForSums(chain.units.size() + 1);
+    *next++ = sum;
     for (qsizetype i = 0; i < sequence.size(); ++i) {
         const Masses masses = residues.residue(sequence[i].unicode());
         chain.units[std::size_t(i)] = masses;
-        sum += masses.average;
+        *next++ = sum += masses.monoisotopic;
     }
     if (!std::isnan(sum) && !sequence.isEmpty())
         return {};
@@ -111,6 +120,44 @@ std::optional<Error> Backbone::assignPeptide(QStringView sequence, const Residue
         return std::isnan(residues.residue(letter.unicode()).average);
     });
     return Error{u"expected the letter of a residue with a mass"_s, unknown - sequence.begin()};
+}
+
+/// Becomes one chain in the memory of the first chain before; units and letters are left over from
+/// it.
+BackboneChain& Backbone::becomeChain(Polymer polymer, const BreakMasses& breaks)
+{
+    m_chains.resize(1);
+    m_links.clear();
+    m_breaks = breaks;
+    BackboneChain& chain = m_chains.front();
+    chain.polymer = polymer;
+    chain.hasLeftEnd = chain.hasRightEnd = true;
+    chain.leftGroup = chain.rightGroup = {};
+    chain.bases.clear();
+    chain.linkages.clear();
+    chain.lossy.clear();
+    chain.open.clear();
+    chain.labile.clear();
+    chain.compositions.clear();
+    return chain;
+}
+
+double* Backbone::roomForSums(std::size_t size)
+{
+    if (m_sums.size() < size)
+        m_sums.resize(size);
+    return m_sums.data();
+}
+
+/// Sums up all chains, so that ions take one addition each.
+void Backbone::sumUp()
+{
+    std::size_t size = 0;
+    for (const BackboneChain& chain : m_chains)
+        size += chain.units.size() + 1;
+    double* next = roomForSums(size);
+    for (const BackboneChain& chain : m_chains)
+        next = writeSums(chain, next);
 }
 
 Parsed<Backbone> Backbone::ofChains(std::vector<BackboneChain> chains,
@@ -134,6 +181,7 @@ Parsed<Backbone> Backbone::ofChains(std::vector<BackboneChain> chains,
     backbone.m_chains = std::move(chains);
     backbone.m_links = std::move(links);
     backbone.m_breaks = breaks;
+    backbone.sumUp();
     return backbone;
 }
 

@@ -1,12 +1,8 @@
 #include "Backbone.h"
 #include "masses/FactoryTables.h"
-#include <zel_chemical_model/ChemicalFactory.h>
-#include <zel_chemical_model/LinearComplex.h>
+#include "tables/NucleotideContent.h"
 
-#include <QList>
-#include <QSharedPointer>
-
-#include <algorithm>
+#include <utility>
 
 using namespace Qt::StringLiterals;
 
@@ -14,45 +10,12 @@ namespace ions {
 
 namespace {
 
-using Nucleotides = QList<QSharedPointer<const chem::Nucleotide>>;
-
-Masses massesOf(const chem::Molecule& molecule)
-{
-    return {molecule.monoMass(), molecule.averageMass()};
-}
-
-/// The characters that the dictionaries of oligonucleotides spell with.
-QString alphabetOf(const chem::ChemicalFactory& factory)
-{
-    const FactoryTables tables(factory);
-    QString alphabet;
-    for (const auto type :
-         {FactoryTables::NucleobaseBlock, FactoryTables::RiboseBlock, FactoryTables::PhosphateBlock,
-          FactoryTables::FivePrimeTerminalBlock, FactoryTables::ThreePrimeTerminalBlock}) {
-        for (const QString& key : tables.entries(type).keys())
-            alphabet += key;
-    }
-    return alphabet;
-}
-
-bool isDigit(QChar c)
-{
-    return c >= u'0' && c <= u'9';
-}
-
-/// The first character that no oligonucleotide has, or the end where only the order is wrong.
-qsizetype refusedPosition(const QString& text, const chem::ChemicalFactory& factory)
-{
-    const QString alphabet = alphabetOf(factory);
-    const auto refused = std::find_if_not(text.begin(), text.end(), [&alphabet](QChar c) {
-        return alphabet.contains(c) || isDigit(c);
-    });
-    return refused - text.begin();
-}
-
 /// Where the first number starts: only numbers that stand for a base have digits.
-qsizetype numberPosition(const QString& text)
+qsizetype numberPosition(QStringView text)
 {
+    const auto isDigit = [](QChar c) {
+        return c >= u'0' && c <= u'9';
+    };
     return std::find_if(text.begin(), text.end(), isDigit) - text.begin();
 }
 
@@ -62,40 +25,100 @@ bool isNumber(const chem::Nucleotide& nucleotide)
     return nucleotide.nucleobase.formula().isEmpty();
 }
 
-BackboneChain chainOf(const Nucleotides& nucleotides)
+void append(const Masses& sugar, const Masses& base, QChar letter, BackboneChain* chain)
 {
-    BackboneChain chain;
-    chain.polymer = Polymer::Oligonucleotide;
-    for (const auto& nucleotide : nucleotides) {
-        const Masses base = massesOf(nucleotide->nucleobase);
-        chain.units.push_back(base + massesOf(nucleotide->ribose));
-        chain.bases.push_back(base);
-        chain.linkages.push_back(massesOf(nucleotide->phosphate));
-        const QString& code = nucleotide->nucleobase.code;
-        chain.letters.append(code.isEmpty() ? QChar() : code.front());
+    chain->units.push_back(sugar + base);
+    chain->bases.push_back(base);
+    chain->linkages.push_back({});
+    chain->letters.append(letter);
+}
+
+/// Lays out a text that is one of the letters alone.
+void layOut(QStringView text, const OligoLetters& letters, BackboneChain* chain)
+{
+    using Role = OligoLetters::Role;
+    chain->leftGroup = letters.unmarkedFivePrime();
+    chain->rightGroup = letters.unmarkedThreePrime();
+    const Masses* sugar = &letters.unnamedSugar();
+    Role before = Role::None; // linkages, sugars and bases alone
+    for (const QChar letter : text) {
+        const Masses& masses = letters.masses(letter);
+        const Role role = letters.role(letter);
+        if (role == Role::FivePrimeMark) {
+            chain->leftGroup = masses;
+            continue;
+        }
+        if (role == Role::ThreePrimeMark) {
+            chain->rightGroup = masses;
+            continue;
+        }
+        if (before == Role::Base && role != Role::Linkage)
+            chain->linkages.back() = letters.unnamedLinkage();
+        if (role == Role::Linkage)
+            chain->linkages.back() += masses;
+        else if (role == Role::Sugar)
+            sugar = &masses;
+        else
+            append(*std::exchange(sugar, &letters.unnamedSugar()), masses, letter, chain);
+        before = role;
     }
-    return chain;
 }
 
 } // namespace
 
 Parsed<Backbone> Backbone::oligonucleotide(QStringView text, const chem::ChemicalFactory& factory)
 {
-    const QString sequence = text.toString();
-    Nucleotides nucleotides;
-    chem::NamedMolecule fivePrime;
-    chem::NamedMolecule threePrime;
-    if (!factory.parseNucleotideSequence(sequence, &nucleotides, &fivePrime, &threePrime))
-        return Error{u"expected a nucleotide"_s, refusedPosition(sequence, factory)};
-    BackboneChain chain = chainOf(nucleotides);
-    for (const auto& nucleotide : nucleotides) {
-        if (isNumber(*nucleotide))
-            return Error{u"expected a base, not the mass of one"_s, numberPosition(sequence)};
+    return oligonucleotide(text, NucleotideTable(factory));
+}
+
+Parsed<Backbone> Backbone::oligonucleotide(QStringView text, const NucleotideTable& nucleotides)
+{
+    Backbone backbone;
+    if (auto error = backbone.assignOligonucleotide(text, nucleotides))
+        return *std::move(error);
+    return backbone;
+}
+
+std::optional<Error> Backbone::assignOligonucleotide(QStringView text,
+                                                     const NucleotideTable& nucleotides)
+{
+    const NucleotideTable::Content& content = *nucleotides.m_content;
+    BackboneChain& chain = becomeChain(Polymer::Oligonucleotide, content.breaks);
+    chain.units.clear();
+    chain.letters.resize(0);
+    const OligoLetters::Reading reading = content.letters.read(text);
+    std::optional<Error> refusal;
+    if (reading.isWhole && content.letters.isPlain())
+        layOut(text, content.letters, &chain);
+    else if (refusal = content.refusal(text, reading); !refusal)
+        refusal = layOutByFactory(text, nucleotides, &chain);
+    if (refusal) {
+        m_chains.clear();
+        return refusal;
     }
-    const BreakMasses breaks = BreakMasses::of(AtomMasses(factory));
-    chain.leftGroup = massesOf(fivePrime) - breaks.hydrogen;
-    chain.rightGroup = massesOf(threePrime) - (breaks.water - breaks.hydrogen);
-    return ofChains({std::move(chain)}, {}, breaks);
+    chain.leftGroup -= m_breaks.hydrogen;
+    chain.rightGroup -= m_breaks.water - m_breaks.hydrogen;
+    sumUp();
+    return {};
+}
+
+std::optional<Error> Backbone::layOutByFactory(QStringView text, const NucleotideTable& nucleotides,
+                                               BackboneChain* chain)
+{
+    const auto read = nucleotides.m_content->readByFactory(text);
+    if (!read)
+        return read.error();
+    chain->leftGroup = massesOf(read->fivePrime);
+    chain->rightGroup = massesOf(read->threePrime);
+    for (const auto& nucleotide : read->nucleotides) {
+        if (isNumber(*nucleotide))
+            return Error{u"expected a base, not the mass of one"_s, numberPosition(text)};
+        const QString& code = nucleotide->nucleobase.code;
+        append(massesOf(nucleotide->ribose), massesOf(nucleotide->nucleobase),
+               code.isEmpty() ? QChar() : code.front(), chain);
+        chain->linkages.back() = massesOf(nucleotide->phosphate);
+    }
+    return {};
 }
 
 } // namespace ions

@@ -3,6 +3,7 @@
 #include "fragments/SeriesMasses.h"
 
 #include <algorithm>
+#include <array>
 #include <cstdlib>
 #include <limits>
 #include <numeric>
@@ -13,8 +14,6 @@ namespace ions {
 
 namespace {
 
-constexpr int largestCharge = 10000;
-constexpr int mostHydrogens = 127;
 constexpr int unlimited = std::numeric_limits<int>::max();
 
 bool hasLoss(const BackboneGroup& group, const NeutralLoss& loss)
@@ -29,6 +28,67 @@ std::vector<qsizetype> allOf(std::span<const BackboneChain> chains)
     return indices;
 }
 
+/// The sums that kinds of ions start from, for ions of neighbouring numbers at a time.
+class EndSums
+{
+public:
+    static constexpr std::size_t blockSize = 4;
+    template <std::size_t size>
+    using Block = std::array<std::array<double, size>, 5>; // by IonSums
+
+    EndSums(const BackboneChain& chain, const double* sums, double rightTotal)
+        : m_chain(chain)
+        , m_sums(sums)
+        , m_rightTotal(rightTotal)
+    {
+    }
+
+    /// Those of the ions with so many units more than `shorter`.
+    template <std::size_t size>
+    void fill(std::size_t shorter, Block<size>* block) const
+    {
+        auto& [left, withLinkage, withoutBase, right, rightWithLinkage] = *block;
+        const std::size_t last = m_chain.units.size() - 1 - shorter;
+        for (std::size_t i = 0; i < size; ++i) {
+            left[i] = m_sums[shorter + 1 + i];
+            right[i] = m_rightTotal - m_sums[last - i];
+        }
+        if (m_chain.linkages.empty())
+            return;
+        for (std::size_t i = 0; i < size; ++i) {
+            withLinkage[i] = left[i] + m_chain.linkages[shorter + i].monoisotopic;
+            withoutBase[i] = left[i] - m_chain.bases[shorter + i].monoisotopic;
+            rightWithLinkage[i] = right[i];
+            right[i] -= m_chain.linkages[last - i - 1].monoisotopic;
+        }
+    }
+
+private:
+    const BackboneChain& m_chain;
+    const double* m_sums;
+    double m_rightTotal;
+};
+
+/// Writes runs of `count` ions each behind each other. The last block overlaps the one before it:
+/// one loop for all kinds, whose end a processor foresees better than that of one a run.
+template <std::size_t size>
+void writeBlocks(const EndSums& sums, const std::vector<EndKind>& kinds, std::size_t count,
+                 double* mz)
+{
+    EndSums::Block<size> block;
+    for (std::size_t first = 0; first < count; first += size) {
+        const std::size_t start = std::min(first, count - size);
+        sums.fill<size>(start, &block);
+        double* ions = mz + start;
+        for (const EndKind& kind : kinds) {
+            const auto& from = block[std::size_t(kind.sums)];
+            for (std::size_t i = 0; i < size; ++i)
+                ions[i] = (from[i] + kind.added) * kind.scale;
+            ions += count;
+        }
+    }
+}
+
 } // namespace
 
 IonWriter::IonWriter(const Backbone& backbone, const IonOptions& options, FragmentIons& ions)
@@ -40,106 +100,124 @@ IonWriter::IonWriter(const Backbone& backbone, const IonOptions& options, Fragme
 
 std::optional<Error> IonWriter::write()
 {
-    clear();
-    for (const int charge : m_options.charges) {
-        if (charge > largestCharge || charge < -largestCharge)
-            return Error{u"expected charges from -10000 to 10000"_s};
-    }
-    for (const int hydrogens : m_options.hydrogens) {
-        if (hydrogens > mostHydrogens || hydrogens < -mostHydrogens)
-            return Error{u"expected at most 127 hydrogens more or less"_s};
-    }
-    const auto failure = isPlain() ? writePlain() : writeAll();
-    if (failure)
-        clear();
-    return failure;
-}
-
-void IonWriter::clear()
-{
     m_ions.m_size = 0;
+    usePlan();
+    if (isPlain() && m_plan->isUniform()) {
+        writeUniform(chainAt(0, m_backbone.m_sums.data()));
+        return {};
+    }
     m_ions.m_runs.clear();
-    m_ions.m_sums.clear();
-    m_ions.m_losses.resize(1);
+    m_ions.m_hasUniformRuns = false;
+    if (m_plan->refusal())
+        return m_plan->refusal();
+    const auto refusal = isPlain() ? writePlain() : writeAll();
+    if (refusal) {
+        m_ions.m_size = 0;
+        m_ions.m_runs.clear();
+    }
+    return refusal;
 }
 
-/// One chain that nothing but its units and ends belongs to, whose ions lose nothing: what a search
-/// asks for millions of times.
+/// Takes the plan of the ions before, if it will do.
+void IonWriter::usePlan()
+{
+    auto& plan = m_ions.m_plan;
+    if (!plan || !plan->isFor(m_backbone, m_options)) {
+        plan = std::make_shared<const IonPlan>(m_backbone, m_options);
+        m_ions.m_hasUniformRuns = false;
+        m_ions.m_losses.clear();
+        for (const LossSet& set : plan->losses().sets())
+            m_ions.m_losses.push_back(set.label);
+    }
+    m_plan = plan.get();
+}
+
+/// One chain whose groups sit where they are known to, and ions of its ends: what a search asks for
+/// millions of times.
 bool IonWriter::isPlain() const
 {
-    if (m_backbone.chains().size() != 1 || !m_backbone.links().empty() || !m_options.losses.empty())
+    if (m_backbone.chains().size() != 1 || !m_backbone.links().empty())
         return false;
     const BackboneChain& chain = m_backbone.chains()[0];
-    const bool isBare = chain.lossy.empty() && chain.open.empty() && chain.labile.empty();
-    return isBare && std::all_of(m_options.series.begin(), m_options.series.end(),
-                                 [](Series s) { return isLeftSeries(s) || isRightSeries(s); });
+    return chain.units.size() > 1 && chain.open.empty() && !m_plan->endKinds().empty();
 }
 
-IonWriter::Chain IonWriter::sumUp(qsizetype index)
+IonWriter::Chain IonWriter::chainAt(qsizetype index, const double* sums) const
 {
     const BackboneChain& chain = m_backbone.chains()[std::size_t(index)];
     const std::size_t size = chain.units.size();
-    const std::size_t start = m_ions.m_sums.size();
-    m_ions.m_sums.resize(start + size + 1);
-    double* const sums = m_ions.m_sums.data() + start;
-    double sum = chain.leftGroup.monoisotopic;
-    sums[0] = sum;
-    const bool hasLinkages = !chain.linkages.empty();
-    for (std::size_t i = 0; i < size; ++i) {
-        if (hasLinkages && i > 0)
-            sum += chain.linkages[i - 1].monoisotopic;
-        sum += chain.units[i].monoisotopic;
-        sums[i + 1] = sum;
-    }
-    const double trailing = hasLinkages ? chain.linkages.back().monoisotopic : 0.0;
-    return {&chain, start, sum + trailing + chain.rightGroup.monoisotopic, index, qsizetype(size)};
+    const double trailing = chain.linkages.empty() ? 0.0 : chain.linkages.back().monoisotopic;
+    return {&chain, sums, sums[size] + trailing + chain.rightGroup.monoisotopic, index,
+            qsizetype(size)};
 }
 
 std::optional<Error> IonWriter::writePlain()
 {
-    const Chain chain = sumUp(0);
-    const Polymer polymer = chain.chain->polymer;
+    const Chain chain = chainAt(0, m_backbone.m_sums.data());
     const NumberSpan numbers{1, chain.size - 1};
-    for (const Series series : m_options.series) {
-        if (!arises(series, polymer))
-            continue;
-        for (const int hydrogens : m_options.hydrogens) {
-            for (const int charge : m_options.charges) {
-                if (charge != 0)
-                    writeRun({series, hydrogens, charge, 0}, chain, numbers, 0.0, 0);
-            }
-        }
+    const OpenVariant none{0.0, numbers, {}};
+    makeRoom(m_plan->endKinds().size() * std::size_t(numbers.last));
+    for (const auto& [kind, added, scale, sums] : m_plan->endKinds()) {
+        const UnitRange range =
+            isLeftSeries(kind.series) ? UnitRange::left(chain.size) : UnitRange::right(chain.size);
+        writeRun(kind, chain, numbersWithLosses(kind, chain, range, none, {}, numbers), 0.0, 0);
     }
     return {};
 }
 
 std::optional<Error> IonWriter::writeAll()
 {
-    m_losses.emplace(m_backbone, m_options);
-    if (m_losses->isTooLarge())
-        return Error{u"expected at most 1000 combinations of losses"_s};
-    for (const LossSet& set : m_losses->sets()) {
-        if (!set.label.isEmpty())
-            m_ions.m_losses.push_back(set.label);
-    }
-    if (auto failure = plan())
+    auto failure = plan();
+    if (failure)
         return failure;
-    for (const Series series : m_options.series) {
-        for (const int hydrogens : m_options.hydrogens) {
-            for (const int charge : m_options.charges) {
-                for (std::size_t loss = 0; charge != 0 && loss < m_losses->sets().size(); ++loss)
-                    writeKind({series, hydrogens, charge, loss});
-            }
-        }
-    }
+    for (const IonKind& kind : m_plan->kinds())
+        writeKind(kind);
     return {};
+}
+
+/// The run of a kind without numbers.
+IonRun IonWriter::runOf(const IonKind& kind)
+{
+    IonRun run;
+    run.charge = qint16(kind.charge);
+    run.loss = quint16(kind.loss);
+    run.series = kind.series;
+    run.hydrogens = qint8(kind.hydrogens);
+    return run;
+}
+
+/// Writes runs of equal length, a few numbers of all of them at a time.
+void IonWriter::writeUniform(const Chain& chain)
+{
+    const auto count = std::size_t(chain.size - 1);
+    const std::vector<EndKind>& kinds = m_plan->endKinds();
+    if (!m_ions.m_hasUniformRuns) {
+        m_ions.m_runs.clear();
+        m_ions.m_runs.reserve(kinds.size());
+        for (const EndKind& kind : kinds)
+            m_ions.m_runs.push_back(runOf(kind.kind));
+        m_ions.m_hasUniformRuns = true;
+    }
+    for (IonRun& run : m_ions.m_runs) {
+        run.firstNumber = 1;
+        run.count = quint32(count);
+    }
+    makeRoom(count * kinds.size());
+    m_ions.m_size = count * kinds.size();
+    const EndSums sums(*chain.chain, chain.sums, chain.rightTotal);
+    if (count >= EndSums::blockSize)
+        writeBlocks<EndSums::blockSize>(sums, kinds, count, m_ions.m_mz.data());
+    else
+        writeBlocks<1>(sums, kinds, count, m_ions.m_mz.data());
 }
 
 std::optional<Error> IonWriter::plan()
 {
+    const double* sums = m_backbone.m_sums.data();
     for (qsizetype i = 0; i < std::ssize(m_backbone.chains()); ++i) {
-        m_chains.push_back(sumUp(i));
+        m_chains.push_back(chainAt(i, sums));
         const Chain& chain = m_chains.back();
+        sums += chain.size + 1;
         const NumberSpan numbers{1, chain.size - 1};
         const auto left = openVariants(*chain.chain, UnitRange::left(chain.size), numbers);
         const auto right = openVariants(*chain.chain, UnitRange::right(chain.size), numbers);
@@ -150,7 +228,7 @@ std::optional<Error> IonWriter::plan()
     return {};
 }
 
-void IonWriter::writeKind(const Kind& kind)
+void IonWriter::writeKind(const IonKind& kind)
 {
     if (kind.series == Series::Precursor) {
         writePrecursor(kind);
@@ -168,7 +246,7 @@ void IonWriter::writeKind(const Kind& kind)
     }
 }
 
-void IonWriter::writeTerminal(const Kind& kind, const Chain& chain)
+void IonWriter::writeTerminal(const IonKind& kind, const Chain& chain)
 {
     const bool isLeft = isLeftSeries(kind.series);
     const Plan& plan = m_plans[std::size_t(chain.index)];
@@ -188,12 +266,12 @@ void IonWriter::writeTerminal(const Kind& kind, const Chain& chain)
 }
 
 /// The whole molecule with its labile groups, and without them where it has any.
-void IonWriter::writePrecursor(const Kind& kind)
+void IonWriter::writePrecursor(const IonKind& kind)
 {
-    const LossSet& set = m_losses->sets()[kind.loss];
+    const LossSet& set = m_plan->losses().sets()[kind.loss];
     const std::vector<qsizetype> chains = allOf(m_backbone.chains());
     for (std::size_t i = 0; i < set.times.size(); ++i) {
-        if (set.times[i] > holdersInChains(m_losses->kinds()[i], chains))
+        if (set.times[i] > holdersInChains(m_plan->losses().kinds()[i], chains))
             return;
     }
     double labile = 0.0;
@@ -205,13 +283,14 @@ void IonWriter::writePrecursor(const Kind& kind)
     }
     if (m_chains.empty())
         return;
-    const double mass = m_backbone.masses().monoisotopic + chargedMass(kind, Polymer::Peptide);
+    const double mass =
+        m_backbone.masses().monoisotopic + m_plan->chargedMass(kind, Polymer::Peptide);
     *appendRun(kind, m_chains.front(), {0, 0}, 0) = mass / std::abs(kind.charge);
     if (hasLabile)
         *appendRun(kind, m_chains.front(), {0, 0}, 1) = (mass - labile) / std::abs(kind.charge);
 }
 
-void IonWriter::writeImmonium(const Kind& kind, const Chain& chain)
+void IonWriter::writeImmonium(const IonKind& kind, const Chain& chain)
 {
     for (qsizetype unit = 0; unit < chain.size; ++unit) {
         if (!isLinked(m_backbone, chain.index, unit))
@@ -220,7 +299,7 @@ void IonWriter::writeImmonium(const Kind& kind, const Chain& chain)
 }
 
 /// From each unit but the first to each unit but the last, as far as no link ends there.
-void IonWriter::writeInternal(const Kind& kind, const Chain& chain)
+void IonWriter::writeInternal(const IonKind& kind, const Chain& chain)
 {
     for (qsizetype start = 1; start < chain.size - 1; ++start) {
         const qsizetype end = internalEnd(m_backbone, chain.index, start);
@@ -229,7 +308,7 @@ void IonWriter::writeInternal(const Kind& kind, const Chain& chain)
 }
 
 /// Ions of one, two and more units from `start` on.
-void IonWriter::writeMiddle(const Kind& kind, const Chain& chain, qsizetype start,
+void IonWriter::writeMiddle(const IonKind& kind, const Chain& chain, qsizetype start,
                             NumberSpan numbers)
 {
     const UnitRange range = UnitRange::middle(start, chain.size);
@@ -237,7 +316,7 @@ void IonWriter::writeMiddle(const Kind& kind, const Chain& chain, qsizetype star
     const auto variants = openVariants(*chain.chain, range, numbers);
     if (!variants || numbers.isEmpty())
         return;
-    const double* const sums = m_ions.m_sums.data() + chain.sums;
+    const double* const sums = chain.sums;
     for (std::size_t i = 0; i < variants->size(); ++i) {
         const OpenVariant& variant = (*variants)[i];
         const NumberSpan held = numbersWithLosses(kind, chain, range, variant, {}, variant.numbers);
@@ -247,54 +326,55 @@ void IonWriter::writeMiddle(const Kind& kind, const Chain& chain, qsizetype star
         IonRun& run = m_ions.m_runs.back();
         run.start = kind.series == Series::Internal ? quint32(start + 1) : 0;
         run.firstNumber = quint32(range.end(held.first));
-        const double added = variant.mass + chargedMass(kind, chain.chain->polymer);
+        const double added = variant.mass + m_plan->chargedMass(kind, chain.chain->polymer);
         for (qsizetype number = held.first; number <= held.last; ++number)
             *mz++ = (sums[range.end(number)] - sums[start] + added) / std::abs(kind.charge);
     }
 }
 
-/// What an ion has beside its units, its end's group and what hangs on it, charges included.
-double IonWriter::chargedMass(const Kind& kind, Polymer polymer) const
+/// Makes room for so many ions, and for no more.
+void IonWriter::makeRoom(std::size_t ions)
 {
-    const BreakMasses& breaks = m_backbone.breaks();
-    const double lost = m_losses ? m_losses->sets()[kind.loss].mass : 0.0;
-    const double series =
-        kind.series == Series::Precursor ? 0.0 : seriesMass(kind.series, polymer, breaks);
-    return series + kind.hydrogens * breaks.hydrogen.monoisotopic + kind.charge * breaks.proton -
-           lost;
+    if (m_ions.m_mz.size() >= ions)
+        return;
+    m_ions.m_mz.reserve(ions);
+    m_ions.m_mz.resize(ions);
 }
 
 /// Makes room for the m/z of a run, which are to be written from the address that is returned on.
-double* IonWriter::appendRun(const Kind& kind, const Chain& chain, NumberSpan numbers,
+double* IonWriter::appendRun(const IonKind& kind, const Chain& chain, NumberSpan numbers,
                              std::size_t variant)
 {
     const auto count = std::size_t(numbers.last - numbers.first + 1);
     const std::size_t start = m_ions.m_size;
+    if (m_ions.m_mz.size() < start + count)
+        makeRoom(std::max(start + count, 2 * m_ions.m_mz.size()));
+    IonRun run = runOf(kind);
+    run.firstNumber = quint32(numbers.first);
+    run.count = quint32(count);
+    run.chain = quint8(chain.index);
+    run.variant = quint8(variant);
+    m_ions.m_runs.push_back(run);
     m_ions.m_size += count;
-    if (m_ions.m_mz.size() < m_ions.m_size)
-        m_ions.m_mz.resize(std::max(m_ions.m_size, 2 * m_ions.m_mz.size()));
-    m_ions.m_runs.push_back({quint32(numbers.first), quint32(count), 0, qint16(kind.charge),
-                             quint16(kind.loss), kind.series, qint8(kind.hydrogens),
-                             quint8(chain.index), quint8(variant)});
     return m_ions.m_mz.data() + start;
 }
 
 /// Writes the m/z of terminal ions. The sum of a right ion is what all units come to less what
 /// stands left of it.
-void IonWriter::writeRun(const Kind& kind, const Chain& chain, NumberSpan numbers, double mass,
+void IonWriter::writeRun(const IonKind& kind, const Chain& chain, NumberSpan numbers, double mass,
                          std::size_t variant)
 {
     if (numbers.isEmpty())
         return;
     const BackboneChain& units = *chain.chain;
     const PartAtBreak part = partAtBreak(kind.series, units.polymer);
-    const double added = mass + chargedMass(kind, units.polymer);
+    const double added = mass + m_plan->chargedMass(kind, units.polymer);
     const double scale = 1.0 / std::abs(kind.charge);
     const qsizetype count = numbers.last - numbers.first + 1;
     double* const mz = appendRun(kind, chain, numbers, variant);
     if (isLeftSeries(kind.series)) {
         const qsizetype first = numbers.first;
-        const double* const sums = m_ions.m_sums.data() + chain.sums + first;
+        const double* const sums = chain.sums + first;
         for (qsizetype i = 0; i < count; ++i)
             mz[i] = (sums[i] + added) * scale;
         if (part == PartAtBreak::WithLinkage) {
@@ -307,7 +387,7 @@ void IonWriter::writeRun(const Kind& kind, const Chain& chain, NumberSpan number
         return;
     }
     const qsizetype lastCut = chain.size - numbers.first;
-    const double* const sums = m_ions.m_sums.data() + chain.sums + lastCut;
+    const double* const sums = chain.sums + lastCut;
     const double total = chain.rightTotal + added;
     for (qsizetype i = 0; i < count; ++i)
         mz[i] = (total - sums[-i]) * scale;
@@ -318,25 +398,29 @@ void IonWriter::writeRun(const Kind& kind, const Chain& chain, NumberSpan number
 }
 
 /// The numbers whose ions hold enough of what is lost. An ion holds what shorter ones hold.
-NumberSpan IonWriter::numbersWithLosses(const Kind& kind, const Chain& chain,
+NumberSpan IonWriter::numbersWithLosses(const IonKind& kind, const Chain& chain,
                                         const UnitRange& range, const OpenVariant& variant,
                                         const std::vector<qsizetype>& others,
                                         NumberSpan numbers) const
 {
-    const LossSet& set = m_losses->sets()[kind.loss];
-    for (std::size_t i = 0; i < set.times.size(); ++i) {
+    const LossSet& set = m_plan->losses().sets()[kind.loss];
+    for (std::size_t i = 0; !set.isOfAny && !numbers.isEmpty() && i < set.times.size(); ++i) {
         if (set.times[i] == 0)
             continue;
-        const LossKind& loss = m_losses->kinds()[i];
+        const LossKind& loss = m_plan->losses().kinds()[i];
         int held = holdersInChains(loss, others);
         if (loss.isOfGroup)
             held += holdersAmongOpen(*chain.chain, variant, loss.loss);
-        const auto isEnough = [&](qsizetype number) {
-            const int own = holders(loss, *chain.chain, range.begin(number), range.end(number));
-            return own == unlimited || held == unlimited || own + held >= set.times[i];
-        };
-        while (!numbers.isEmpty() && !isEnough(numbers.first))
-            ++numbers.first;
+        const int own =
+            holders(loss, *chain.chain, range.begin(numbers.first), range.end(numbers.first));
+        if (own == unlimited || held == unlimited)
+            continue;
+        held += own;
+        while (held < set.times[i] && !numbers.isEmpty()) {
+            const qsizetype unit = range.newUnit(++numbers.first);
+            if (!numbers.isEmpty())
+                held += holders(loss, *chain.chain, unit, unit + 1);
+        }
     }
     return numbers;
 }
@@ -353,8 +437,10 @@ int IonWriter::holders(const LossKind& loss, const BackboneChain& chain, qsizety
     if (loss.residues.isEmpty())
         return unlimited;
     const QStringView letters = QStringView(chain.letters).sliced(begin, end - begin);
-    return int(std::count_if(letters.begin(), letters.end(),
-                             [&](QChar letter) { return loss.residues.contains(letter); }));
+    const QStringView losing = loss.residues;
+    return int(std::count_if(letters.begin(), letters.end(), [losing](QChar letter) {
+        return std::find(losing.begin(), losing.end(), letter) != losing.end();
+    }));
 }
 
 /// The same for whole chains, with their open groups.

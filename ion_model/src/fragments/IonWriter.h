@@ -3,7 +3,7 @@
 #include "Backbone.h"
 #include "FragmentIons.h"
 #include "fragments/CutSegments.h"
-#include "fragments/LossTable.h"
+#include "fragments/IonPlan.h"
 #include "fragments/OpenVariants.h"
 #include "fragments/UnitRange.h"
 
@@ -22,21 +22,12 @@ public:
     std::optional<Error> write();
 
 private:
-    /// What all ions of a loop have in common.
-    struct Kind
-    {
-        Series series;
-        int hydrogens;
-        int charge;
-        std::size_t loss;
-    };
-
     /// A chain and the sums over its units.
     struct Chain
     {
         const BackboneChain* chain;
-        std::size_t sums;  ///< Where its sums start.
-        double rightTotal; ///< What all units with both end groups come to, for ions of the right.
+        const double* sums; ///< What stands left of each unit, and all units.
+        double rightTotal;  ///< What all units with both end groups come to, for ions of the right.
         qsizetype index;
         qsizetype size;
     };
@@ -50,26 +41,28 @@ private:
     };
 
     bool isPlain() const;
-    void clear();
-    Chain sumUp(qsizetype index);
+    Chain chainAt(qsizetype index, const double* sums) const;
+    void usePlan();
+    void makeRoom(std::size_t ions);
     std::optional<Error> writePlain();
     std::optional<Error> writeAll();
+    void writeUniform(const Chain& chain);
     std::optional<Error> plan();
 
-    void writeKind(const Kind& kind);
-    void writeTerminal(const Kind& kind, const Chain& chain);
-    void writePrecursor(const Kind& kind);
-    void writeImmonium(const Kind& kind, const Chain& chain);
-    void writeInternal(const Kind& kind, const Chain& chain);
-    void writeMiddle(const Kind& kind, const Chain& chain, qsizetype start, NumberSpan numbers);
+    void writeKind(const IonKind& kind);
+    void writeTerminal(const IonKind& kind, const Chain& chain);
+    void writePrecursor(const IonKind& kind);
+    void writeImmonium(const IonKind& kind, const Chain& chain);
+    void writeInternal(const IonKind& kind, const Chain& chain);
+    void writeMiddle(const IonKind& kind, const Chain& chain, qsizetype start, NumberSpan numbers);
 
-    void writeRun(const Kind& kind, const Chain& chain, NumberSpan numbers, double mass,
+    void writeRun(const IonKind& kind, const Chain& chain, NumberSpan numbers, double mass,
                   std::size_t variant);
-    double* appendRun(const Kind& kind, const Chain& chain, NumberSpan numbers,
+    static IonRun runOf(const IonKind& kind);
+    double* appendRun(const IonKind& kind, const Chain& chain, NumberSpan numbers,
                       std::size_t variant);
-    double chargedMass(const Kind& kind, Polymer polymer) const;
 
-    NumberSpan numbersWithLosses(const Kind& kind, const Chain& chain, const UnitRange& range,
+    NumberSpan numbersWithLosses(const IonKind& kind, const Chain& chain, const UnitRange& range,
                                  const OpenVariant& variant, const std::vector<qsizetype>& others,
                                  NumberSpan numbers) const;
     int holders(const LossKind& loss, const BackboneChain& chain, qsizetype begin,
@@ -79,7 +72,7 @@ private:
     const Backbone& m_backbone;
     const IonOptions& m_options;
     FragmentIons& m_ions;
-    std::optional<LossTable> m_losses; ///< Nothing where no ion loses anything.
+    const IonPlan* m_plan = nullptr; ///< That of the list.
     std::vector<Chain> m_chains;
     std::vector<Plan> m_plans;
 };

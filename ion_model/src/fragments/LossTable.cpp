@@ -18,8 +18,30 @@ LossSet extended(const LossSet& set, const std::vector<LossKind>& kinds, std::si
     longer.times.resize(kinds.size());
     ++longer.times[kind];
     longer.mass += kinds[kind].loss.masses.monoisotopic;
+    longer.isOfAny = longer.isOfAny && kinds[kind].residues.isEmpty() && !kinds[kind].isOfGroup;
     longer.label += u"-"_s + kinds[kind].loss.name;
     return longer;
+}
+
+/// Hands each loss of a group to the function.
+template <typename Visit>
+void visitGroupLosses(const Backbone& backbone, const IonOptions& options, const Visit& visit)
+{
+    if (!options.hasGroupLosses)
+        return;
+    for (const BackboneChain& chain : backbone.chains()) {
+        for (const auto& [unit, group] : chain.lossy)
+            std::for_each(group.losses.begin(), group.losses.end(), visit);
+        for (const OpenGroup& open : chain.open)
+            std::for_each(open.group.losses.begin(), open.group.losses.end(), visit);
+    }
+}
+
+/// Whether one of the first kinds is this loss of a group.
+bool isAmong(const std::vector<LossKind>& kinds, std::size_t count, const NeutralLoss& loss)
+{
+    return std::any_of(kinds.begin(), kinds.begin() + std::ptrdiff_t(count),
+                       [&](const LossKind& kind) { return kind.isOfGroup && kind.loss == loss; });
 }
 
 } // namespace
@@ -28,26 +50,24 @@ LossTable::LossTable(const Backbone& backbone, const IonOptions& options)
 {
     for (const LossRule& rule : options.losses)
         m_kinds.push_back({rule.loss, rule.residues, false});
-    for (const BackboneChain& chain : backbone.chains()) {
-        if (!options.hasGroupLosses)
-            break;
-        for (const auto& [unit, group] : chain.lossy)
-            addGroup(group);
-        for (const OpenGroup& open : chain.open)
-            addGroup(open.group);
-    }
+    visitGroupLosses(backbone, options, [this](const NeutralLoss& loss) {
+        if (!isAmong(m_kinds, m_kinds.size(), loss))
+            m_kinds.push_back({loss, {}, true});
+    });
     combine(std::clamp(options.maxLosses, 0, mostLossesAtOnce));
 }
 
-void LossTable::addGroup(const BackboneGroup& group)
+bool LossTable::hasGroupsOf(const Backbone& backbone, const IonOptions& options) const
 {
-    for (const NeutralLoss& loss : group.losses) {
-        const bool isKnown = std::any_of(m_kinds.begin(), m_kinds.end(), [&](const LossKind& kind) {
-            return kind.isOfGroup && kind.loss == loss;
-        });
-        if (!isKnown)
-            m_kinds.push_back({loss, {}, true});
-    }
+    std::size_t seen = options.losses.size();
+    bool isSame = true;
+    visitGroupLosses(backbone, options, [&](const NeutralLoss& loss) {
+        if (!isSame || isAmong(m_kinds, seen, loss))
+            return;
+        ++seen;
+        isSame = seen <= m_kinds.size() && isAmong(m_kinds, seen, loss);
+    });
+    return isSame && seen == m_kinds.size();
 }
 
 void LossTable::combine(int maxLosses)

@@ -21,6 +21,7 @@ struct LossSet
 {
     QString label;          ///< "-H2O-NH3"; empty for no loss.
     double mass = 0.0;      ///< Monoisotopic, in daltons.
+    bool isOfAny = true;    ///< Whether any ion shows it, whatever it holds.
     std::vector<int> times; ///< How often each kind is lost; empty for no loss.
 };
 
@@ -31,6 +32,9 @@ class LossTable
 public:
     LossTable(const Backbone& backbone, const IonOptions& options);
 
+    /// Whether a table of another backbone and the same options would be the same.
+    bool hasGroupsOf(const Backbone& backbone, const IonOptions& options) const;
+
     const std::vector<LossKind>& kinds() const { return m_kinds; }
     const std::vector<LossSet>& sets() const { return m_sets; }
 
@@ -38,7 +42,6 @@ public:
     bool isTooLarge() const { return m_isTooLarge; }
 
 private:
-    void addGroup(const BackboneGroup& group);
     void combine(int maxLosses);
 
     std::vector<LossKind> m_kinds;

@@ -16,6 +16,12 @@ public:
     qsizetype begin(qsizetype number) const { return m_isRight ? m_size - number : m_start; }
     qsizetype end(qsizetype number) const { return m_isRight ? m_size : m_start + number; }
 
+    /// The unit that the ion of a number holds and the one below it does not.
+    qsizetype newUnit(qsizetype number) const
+    {
+        return m_isRight ? begin(number) : end(number) - 1;
+    }
+
     bool isRight() const { return m_isRight; }
 
 private:

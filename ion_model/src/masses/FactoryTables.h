@@ -1,5 +1,6 @@
 #pragma once
 
+#include "AtomMasses.h"
 #include <zel_chemical_model/ChemicalFactory.h>
 
 namespace ions {
@@ -22,6 +23,16 @@ public:
     const chem::NamedMolecule& unnamedSugar() const { return defaultRibose; }
     /// The linkage of a nucleotide that names none.
     const chem::NamedMolecule& unnamedLinkage() const { return defaultPhosphate; }
+    /// The 5' end of an oligonucleotide that marks none.
+    const chem::Molecule& hydrogenAtom() const { return hydrogen; }
+    /// The 3' end of an oligonucleotide that marks none.
+    const chem::Molecule& hydroxylGroup() const { return hydroxyl; }
 };
+
+/// Both masses of a molecule of the first library.
+inline Masses massesOf(const chem::Molecule& molecule)
+{
+    return {molecule.monoMass(), molecule.averageMass()};
+}
 
 } // namespace ions

@@ -95,7 +95,7 @@ BreakMasses BreakMasses::of(const AtomMasses& atoms)
 struct ResidueTable::Content
 {
     AtomMasses atoms;
-    std::array<Masses, letterCount> letters;
+    std::array<Masses, letterCount + 1> letters; ///< Water behind them.
     std::array<std::optional<Composition>, letterCount> compositions;
     BreakMasses breaks;
     std::vector<MoleculePart> bases;
@@ -123,6 +123,7 @@ private:
     void readAminoAcids(const FactoryTables& tables)
     {
         letters.fill({none, none});
+        letters.back() = breaks.water;
         for (const MoleculePart& part : partsOf(tables, FactoryTables::AminoAcidBlock)) {
             if (part.code.size() != 1 || part.code[0].unicode() >= letterCount)
                 continue;
@@ -188,19 +189,12 @@ QString ResidueTable::candidates(char16_t letter) const
     }
 }
 
-Parsed<Masses> ResidueTable::peptide(QStringView sequence) const
+Error ResidueTable::unknownLetter(QStringView sequence) const
 {
-    Masses sum = m_content->breaks.water;
-    for (const QChar letter : sequence)
-        sum += residue(letter.unicode());
-    // An unknown letter makes the sum NaN: looking at each letter would cost more than the sum.
-    if (std::isnan(sum.average)) {
-        const auto unknown = std::find_if(sequence.begin(), sequence.end(), [this](QChar letter) {
-            return std::isnan(residue(letter.unicode()).average);
-        });
-        return Error{u"expected the letter of a residue with a mass"_s, unknown - sequence.begin()};
-    }
-    return sum;
+    const auto unknown = std::find_if(sequence.begin(), sequence.end(), [this](QChar letter) {
+        return std::isnan(residue(letter.unicode()).average);
+    });
+    return Error{u"expected the letter of a residue with a mass"_s, unknown - sequence.begin()};
 }
 
 const Masses& ResidueTable::water() const

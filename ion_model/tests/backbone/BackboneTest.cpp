@@ -1,5 +1,6 @@
 #include "Backbone.h"
 
+#include "IonLists.h"
 #include "RefusedTexts.h"
 #include "TestPrinters.h"
 #include <zel_chemical_model/ChemicalFactory.h>
@@ -11,12 +12,6 @@ using namespace Qt::StringLiterals;
 namespace ions {
 
 namespace {
-
-const ResidueTable& residues()
-{
-    static const ResidueTable table;
-    return table;
-}
 
 BackboneChain chainOf(const QString& sequence)
 {

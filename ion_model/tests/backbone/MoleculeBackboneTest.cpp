@@ -21,16 +21,12 @@ using chem::MoleculeEntity;
 
 Parsed<Backbone> read(const MoleculeEntity& molecule)
 {
-    return Backbone::ofMolecule(molecule, standardResidues());
+    return Backbone::ofMolecule(molecule, residues());
 }
 
-std::map<QString, std::vector<double>> byLabel(const Backbone& backbone)
+std::map<QString, std::vector<double>> allByLabel(const Backbone& backbone)
 {
-    const FragmentIons ions = ionsOf(backbone, allSeries());
-    std::map<QString, std::vector<double>> labelled;
-    for (qsizetype i = 0; i < std::ssize(ions.mz()); ++i)
-        labelled[ions.label(backbone, i)].push_back(ions.mz()[std::size_t(i)]);
-    return labelled;
+    return byLabel(ionsOf(backbone, allSeries()), backbone);
 }
 
 bool haveSameIons(const Backbone& left, const Backbone& right)
@@ -44,9 +40,9 @@ bool haveSameIons(const Backbone& left, const Backbone& right)
 /// The shifts of ions that differ from those of another molecule, by label.
 std::map<QString, double> shifts(const Backbone& before, const Backbone& after)
 {
-    const auto old = byLabel(before);
+    const auto old = allByLabel(before);
     std::map<QString, double> shifts;
-    for (const auto& [label, mz] : byLabel(after)) {
+    for (const auto& [label, mz] : allByLabel(after)) {
         const double shift = mz[0] - old.at(label)[0];
         if (std::abs(shift) > 1e-9)
             shifts[label] = shift;
@@ -58,12 +54,12 @@ RC_GTEST_PROP(MoleculeBackbone, APeptideHasTheIonsOfItsText, ())
 {
     const auto letters = QString::fromStdString(*rc::gen::nonEmpty(
         rc::gen::container<std::string>(rc::gen::elementOf(std::string("ACDEFGHIKLMNPQRSTVWY")))));
-    const Backbone text = Backbone::peptide(letters, standardResidues()).value();
+    const Backbone text = Backbone::peptide(letters, residues()).value();
     const Backbone molecule = read(builtPeptide(letters)).value();
     RC_ASSERT(haveSameIons(text, molecule));
     RC_ASSERT(molecule.chains()[0].letters == letters);
     RC_ASSERT(molecule.chains()[0].compositions.units.empty());
-    const Backbone chain = Backbone::ofChain(peptideChain(letters), standardResidues()).value();
+    const Backbone chain = Backbone::ofChain(peptideChain(letters), residues()).value();
     RC_ASSERT(haveSameIons(text, chain));
 }
 
@@ -207,7 +203,7 @@ TEST(MoleculeBackbone, SeveralPlacesMakeAnOpenGroup)
     ASSERT_EQ(backbone.chains()[0].open.size(), 1U);
     EXPECT_EQ(backbone.chains()[0].open[0].units, (std::vector<qsizetype>{1, 3}));
     EXPECT_NEAR(backbone.chains()[0].open[0].group.masses.monoisotopic, 79.966331, 1e-6);
-    EXPECT_EQ(byLabel(backbone).at(u"b3"_s).size(), 2U);
+    EXPECT_EQ(allByLabel(backbone).at(u"b3"_s).size(), 2U);
     EXPECT_NEAR(backbone.masses().monoisotopic, molecule.monoMass(), 1e-9);
 }
 
@@ -254,7 +250,7 @@ TEST(MoleculeBackbone, LinksJoinUnits)
     EXPECT_EQ(backbone.links()[0].secondUnit, 1);
     EXPECT_NEAR(backbone.links()[0].masses.monoisotopic, 138.068080, 1e-6);
     EXPECT_NEAR(backbone.masses().monoisotopic, molecule.monoMass(), 1e-9);
-    const auto ions = byLabel(backbone);
+    const auto ions = allByLabel(backbone);
     const double proton = 1.00727646688;
     EXPECT_NEAR(ions.at(u"1:b2"_s)[0] + ions.at(u"1:y1"_s)[0], molecule.monoMass() + 2 * proton,
                 1e-6);
@@ -267,7 +263,7 @@ TEST(MoleculeBackbone, ALinkBetweenBothEndsMakesALoop)
     const Backbone backbone = read(cyclic).value();
     EXPECT_EQ(backbone.links()[0].firstUnit, 0);
     EXPECT_EQ(backbone.links()[0].secondUnit, 3);
-    EXPECT_FALSE(byLabel(backbone).contains(u"b2"_s));
+    EXPECT_FALSE(allByLabel(backbone).contains(u"b2"_s));
 }
 
 TEST(MoleculeBackbone, ClipsHaveNoEnds)

@@ -18,7 +18,7 @@ using Places = QList<std::pair<int, int>>;
 
 Parsed<Backbone> read(const MoleculeEntity& molecule)
 {
-    return Backbone::ofMolecule(molecule, standardResidues());
+    return Backbone::ofMolecule(molecule, residues());
 }
 
 void expectRefusal(const MoleculeEntity& molecule, qsizetype chain, qsizetype residue,

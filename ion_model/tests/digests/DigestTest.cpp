@@ -2,6 +2,7 @@
 
 #include "DigestBySearch.h"
 #include "RandomTexts.h"
+#include "StandardResidues.h"
 #include "TestPrinters.h"
 
 #include <gtest/gtest.h>
@@ -21,12 +22,6 @@ const double infinity = std::numeric_limits<double>::infinity();
 Protease protease(QStringView name)
 {
     return Protease::named(name).value();
-}
-
-const ResidueTable& residues()
-{
-    static const ResidueTable table;
-    return table;
 }
 
 /// Both masses of a peptide.

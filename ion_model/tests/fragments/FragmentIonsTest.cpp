@@ -20,31 +20,9 @@ namespace {
 
 constexpr double proton = 1.00727646688;
 
-const ResidueTable& residues()
-{
-    static const ResidueTable table;
-    return table;
-}
-
 Backbone peptide(const QString& sequence)
 {
     return Backbone::peptide(sequence, residues()).value();
-}
-
-const std::vector<Series> peptideSeries = {Series::A,    Series::ADot, Series::B,    Series::C,
-                                           Series::CDot, Series::X,    Series::XDot, Series::Y,
-                                           Series::Z,    Series::ZDot};
-const std::vector<Series> oligoSeries = {Series::A, Series::B,       Series::C,
-                                         Series::D, Series::AMinusB, Series::W,
-                                         Series::X, Series::Y,       Series::Z};
-
-/// The m/z of each label.
-std::map<QString, std::vector<double>> byLabel(const FragmentIons& ions, const Backbone& backbone)
-{
-    std::map<QString, std::vector<double>> labelled;
-    for (qsizetype i = 0; i < std::ssize(ions.mz()); ++i)
-        labelled[ions.label(backbone, i)].push_back(ions.mz()[std::size_t(i)]);
-    return labelled;
 }
 
 void expectFragmentsOfTheFirstLibrary(const Backbone& backbone,

@@ -20,7 +20,7 @@ constexpr double electron = 0.000548579909065;
 
 Backbone molecule(const chem::MoleculeEntity& entity)
 {
-    return Backbone::ofMolecule(entity, standardResidues()).value();
+    return Backbone::ofMolecule(entity, residues()).value();
 }
 
 /// The m/z of an ion by the first library, which knows nothing of backbones.
@@ -39,7 +39,7 @@ bool weighTheirMz(const Backbone& backbone, const IonOptions& options)
 {
     const FragmentIons ions = ionsOf(backbone, options);
     for (qsizetype i = 0; i < std::ssize(ions.mz()); ++i) {
-        const auto ion = ions.composition(backbone, standardResidues(), i);
+        const auto ion = ions.composition(backbone, residues(), i);
         if (!ion || std::abs(mzOf(*ion) - ions.mz()[std::size_t(i)]) > 1e-9) {
             ADD_FAILURE() << ions.label(backbone, i).toStdString() << ": "
                           << (ion ? ion->neutral.toString() : ion.error().message).toStdString();
@@ -54,7 +54,7 @@ std::map<QString, QString> byLabel(const Backbone& backbone, const IonOptions& o
     const FragmentIons ions = ionsOf(backbone, options);
     std::map<QString, QString> formulas;
     for (qsizetype i = 0; i < std::ssize(ions.mz()); ++i) {
-        const auto ion = ions.composition(backbone, standardResidues(), i);
+        const auto ion = ions.composition(backbone, residues(), i);
         formulas[ions.label(backbone, i)] = ion ? ion->neutral.toString() : ion.error().message;
     }
     return formulas;
@@ -62,8 +62,7 @@ std::map<QString, QString> byLabel(const Backbone& backbone, const IonOptions& o
 
 Error refusalOf(const Backbone& backbone, const IonOptions& options, qsizetype ion)
 {
-    const auto composition =
-        ionsOf(backbone, options).composition(backbone, standardResidues(), ion);
+    const auto composition = ionsOf(backbone, options).composition(backbone, residues(), ion);
     EXPECT_FALSE(composition.hasValue());
     return composition ? Error() : composition.error();
 }
@@ -85,7 +84,7 @@ void expectFormulasOfTheFirstLibrary(const Backbone& backbone, const chem::Molec
             ASSERT_EQ(label, u"aB"_s); // which the first library has from the second nucleotide on
             continue;
         }
-        const auto ion = ions.composition(backbone, standardResidues(), i);
+        const auto ion = ions.composition(backbone, residues(), i);
         ASSERT_TRUE(ion.hasValue()) << ion.error().message.toStdString();
         ASSERT_EQ(ion->neutral, Composition::fromFormula(fragment->second.formula()).value())
             << ions.label(backbone, i).toStdString();
@@ -98,7 +97,7 @@ TEST(IonComposition, IonsHaveTheFormulasOfTheFirstLibrary)
 {
     const auto factory = chem::defaultChemicalFactory();
     for (const QString& sequence : {u"DRVYIHPF"_s, u"ACDEFGHIKLMNPQRSTVWY"_s}) {
-        expectFormulasOfTheFirstLibrary(Backbone::peptide(sequence, standardResidues()).value(),
+        expectFormulasOfTheFirstLibrary(Backbone::peptide(sequence, residues()).value(),
                                         *factory->constructLinearPeptideComplex(sequence));
     }
     for (const QString& text : {u"ACGT"_s, u"rArC*rGrU"_s, u"{A*C**G}"_s, u"eT*eQ*dAdG"_s, u"AC*"_s,
@@ -114,7 +113,7 @@ TEST(IonComposition, IonsHaveTheFormulasOfTheFirstLibrary)
 /// Formulas of tables: immonium ions and the small ions of glycine.
 TEST(IonComposition, SmallIonsHaveTheirPublishedFormulas)
 {
-    const Backbone backbone = Backbone::peptide(u"GHG", standardResidues()).value();
+    const Backbone backbone = Backbone::peptide(u"GHG", residues()).value();
     const auto formulas = byLabel(backbone, allSeries());
     EXPECT_EQ(formulas.at(u"IH"_s), u"C5H7N3"_s);  // m/z 110.0713 is C5H8N3+
     EXPECT_EQ(formulas.at(u"y1"_s), u"C2H5NO2"_s); // glycine
@@ -131,10 +130,10 @@ RC_GTEST_PROP(IonComposition, WeighsTheMzOfPeptides, ())
     IonOptions options = allSeries();
     options.charges = {*rc::gen::element(1, 3, -2)};
     options.hydrogens = {*rc::gen::element(0, -1, 2)};
-    options.losses = {LossRule::read(u"H2O@STED", standardResidues().atoms()).value(),
-                      LossRule::read(u"NH3", standardResidues().atoms()).value()};
+    options.losses = {LossRule::read(u"H2O@STED", residues().atoms()).value(),
+                      LossRule::read(u"NH3", residues().atoms()).value()};
     options.maxLosses = 2;
-    RC_ASSERT(weighTheirMz(Backbone::peptide(letters, standardResidues()).value(), options));
+    RC_ASSERT(weighTheirMz(Backbone::peptide(letters, residues()).value(), options));
 }
 
 RC_GTEST_PROP(IonComposition, WeighsTheMzOfModifiedMolecules, ())
@@ -183,17 +182,17 @@ RC_GTEST_PROP(IonComposition, AnIonAndItsComplementMakeTheMolecule, ())
                                          rc::gen::elementOf(std::string("ACDEFGHIKLMNPQRSTVWY"))));
     const chem::MoleculeEntity entity = modified(
         builtPeptide(letters), u"HPO3"_s, {{0, *rc::gen::inRange(0, int(letters.size()) + 2)}});
-    const Composition whole = Composition::ofMolecule(entity, standardResidues().atoms()).value();
+    const Composition whole = Composition::ofMolecule(entity, residues().atoms()).value();
     const Backbone backbone = molecule(entity);
     const FragmentIons ions = ionsOf(backbone, series({Series::B, Series::Y, Series::Precursor}));
     const qsizetype cuts = letters.size() - 1;
     for (qsizetype k = 0; k < cuts; ++k) {
-        Composition sum = ions.composition(backbone, standardResidues(), k)->neutral;
-        const auto complement = ions.composition(backbone, standardResidues(), 2 * cuts - 1 - k);
+        Composition sum = ions.composition(backbone, residues(), k)->neutral;
+        const auto complement = ions.composition(backbone, residues(), 2 * cuts - 1 - k);
         RC_ASSERT(sum.add(complement->neutral));
         RC_ASSERT(sum == whole);
     }
-    RC_ASSERT(ions.composition(backbone, standardResidues(), 2 * cuts)->neutral == whole);
+    RC_ASSERT(ions.composition(backbone, residues(), 2 * cuts)->neutral == whole);
 }
 
 TEST(IonComposition, LinkedChainsCarryTheWholeOtherOne)
@@ -210,7 +209,7 @@ TEST(IonComposition, LinkedChainsCarryTheWholeOtherOne)
 TEST(IonComposition, HeavyAtomsStandUnderTheirIsotopes)
 {
     const chem::Molecule heavy =
-        standardResidues().atoms().molecule(formula(u"[13C6][15N2]C-6N-2"_s)).value();
+        residues().atoms().molecule(formula(u"[13C6][15N2]C-6N-2"_s)).value();
     const Backbone backbone = molecule(
         chem::Modify(chem::Modification(heavy, {{0, 2}})).transform(builtPeptide(u"GK"_s)));
     EXPECT_EQ(byLabel(backbone, IonOptions()).at(u"y1"_s), u"[13C6]H14[15N2]O2"_s);
@@ -218,16 +217,16 @@ TEST(IonComposition, HeavyAtomsStandUnderTheirIsotopes)
 
 TEST(IonComposition, IsotopesThatBreaksAddAreKnownByTheirMass)
 {
-    const AtomMasses& atoms = standardResidues().atoms();
+    const AtomMasses& atoms = residues().atoms();
     const auto weigh = [&atoms](const QString& text) {
         return atoms.weigh(formula(text)).value();
     };
-    BackboneChain chain = Backbone::peptide(u"GG", standardResidues())->chains()[0];
+    BackboneChain chain = Backbone::peptide(u"GG", residues())->chains()[0];
     for (qsizetype unit = 0; unit < 2; ++unit) {
         chain.units[std::size_t(unit)] = weigh(u"[13C2]H3[15N]O"_s);
         chain.compositions.units.emplace_back(unit, formula(u"[13C2]H3[15N]O"_s));
     }
-    BreakMasses breaks = standardResidues().breaks();
+    BreakMasses breaks = residues().breaks();
     breaks.carbonMonoxide = weigh(u"[13C]O"_s);
     breaks.ammonia = weigh(u"[15N]H3"_s);
     const Backbone backbone = Backbone::ofChains({chain}, {}, breaks).value();
@@ -242,16 +241,16 @@ TEST(IonComposition, IsotopesThatBreaksAddAreKnownByTheirMass)
 
 TEST(IonComposition, OpenAndLabileGroupsAreCounted)
 {
-    BackboneChain chain = Backbone::peptide(u"GSSG", standardResidues())->chains()[0];
+    BackboneChain chain = Backbone::peptide(u"GSSG", residues())->chains()[0];
     const Composition phospho = formula(u"HPO3"_s);
-    const Masses masses = standardResidues().atoms().weigh(phospho).value();
+    const Masses masses = residues().atoms().weigh(phospho).value();
     chain.open = {{{masses, {}, phospho}, {1, 2}}, {{masses, {}, phospho}, {2, 3}}};
     chain.labile = {{masses, {}, phospho}};
-    const Backbone backbone = Backbone::ofChains({chain}, {}, standardResidues().breaks()).value();
+    const Backbone backbone = Backbone::ofChains({chain}, {}, residues().breaks()).value();
     EXPECT_TRUE(weighTheirMz(backbone, allSeries()));
     const FragmentIons ions = ionsOf(backbone, series({Series::Precursor}));
     const auto phosphorus = [&](qsizetype ion) {
-        return ions.composition(backbone, standardResidues(), ion)->neutral.count({15, 0});
+        return ions.composition(backbone, residues(), ion)->neutral.count({15, 0});
     };
     EXPECT_EQ(phosphorus(0), 3);
     EXPECT_EQ(phosphorus(1), 2);
@@ -259,25 +258,25 @@ TEST(IonComposition, OpenAndLabileGroupsAreCounted)
 
 TEST(IonComposition, OpenGroupsOfOneMassMustBeOfOneComposition)
 {
-    BackboneChain chain = Backbone::peptide(u"GSSG", standardResidues())->chains()[0];
-    const AtomMasses& atoms = standardResidues().atoms();
+    BackboneChain chain = Backbone::peptide(u"GSSG", residues())->chains()[0];
+    const AtomMasses& atoms = residues().atoms();
     const Composition methylene = formula(u"CH2"_s);
     const Composition odd = formula(u"[12C]H2"_s); // of one monoisotopic mass
     chain.open = {{{atoms.weigh(methylene).value(), {}, methylene}, {0, 3}},
                   {{atoms.weigh(odd).value(), {}, odd}, {0, 3}}};
-    const Backbone backbone = Backbone::ofChains({chain}, {}, standardResidues().breaks()).value();
+    const Backbone backbone = Backbone::ofChains({chain}, {}, residues().breaks()).value();
     const IonOptions options = series({Series::B, Series::Precursor});
     const FragmentIons ions = ionsOf(backbone, options);
     std::size_t refused = 0;
     for (qsizetype i = 0; i < std::ssize(ions.mz()); ++i) {
-        const auto ion = ions.composition(backbone, standardResidues(), i);
+        const auto ion = ions.composition(backbone, residues(), i);
         if (ion)
             continue;
         ++refused;
         EXPECT_TRUE(ion.error().message.contains(u"one composition"_s));
     }
     EXPECT_EQ(refused, 3U); // the ions that hold one of the two
-    EXPECT_TRUE(ions.composition(backbone, standardResidues(), 9).hasValue());
+    EXPECT_TRUE(ions.composition(backbone, residues(), 9).hasValue());
 }
 
 TEST(IonComposition, PartsOfUnknownCompositionAreRefusedWithTheirPlace)
@@ -288,7 +287,7 @@ TEST(IonComposition, PartsOfUnknownCompositionAreRefusedWithTheirPlace)
     };
     const Backbone residue = bare(79.966331, {{0, 3}});
     const FragmentIons ions = ionsOf(residue, IonOptions());
-    EXPECT_TRUE(ions.composition(residue, standardResidues(), 1).hasValue()); // b2
+    EXPECT_TRUE(ions.composition(residue, residues(), 1).hasValue()); // b2
     const Error error = refusalOf(residue, IonOptions(), 2);
     EXPECT_EQ(error.chain, 0);
     EXPECT_EQ(error.residue, 2);
@@ -302,8 +301,8 @@ TEST(IonComposition, PartsOfUnknownCompositionAreRefusedWithTheirPlace)
 
 TEST(IonComposition, PartsThatNobodyDescribedAreRefusedWithTheirPlace)
 {
-    const BreakMasses& breaks = standardResidues().breaks();
-    const BackboneChain chain = Backbone::peptide(u"GG", standardResidues())->chains()[0];
+    const BreakMasses& breaks = residues().breaks();
+    const BackboneChain chain = Backbone::peptide(u"GG", residues())->chains()[0];
     const Backbone linked =
         Backbone::ofChains({chain, chain}, {{1, 1, 0, 1, {138.0, 138.0}}}, breaks).value();
     const Error link = refusalOf(linked, series({Series::Y}), 0);
@@ -330,33 +329,33 @@ TEST(IonComposition, LossesWithoutAFormulaAreRefused)
     IonOptions options;
     options.losses = {{{u"phosphoric acid"_s, {97.976896, 97.995}}, {}},
                       {{u"H2O"_s, {97.976896, 97.995}}, {}}};
-    const Backbone backbone = Backbone::peptide(u"GG", standardResidues()).value();
+    const Backbone backbone = Backbone::peptide(u"GG", residues()).value();
     EXPECT_TRUE(refusalOf(backbone, options, 1).message.contains(u"phosphoric acid"_s));
-    EXPECT_FALSE(ionsOf(backbone, options).composition(backbone, standardResidues(), 2));
+    EXPECT_FALSE(ionsOf(backbone, options).composition(backbone, residues(), 2));
 }
 
 TEST(IonComposition, LossesMayHaveNegativeCounts)
 {
     IonOptions options = series({Series::Y});
-    options.losses = {LossRule::read(u"C2H-1O", standardResidues().atoms()).value(),
-                      LossRule::read(u"NH3", standardResidues().atoms()).value()};
+    options.losses = {LossRule::read(u"C2H-1O", residues().atoms()).value(),
+                      LossRule::read(u"NH3", residues().atoms()).value()};
     options.maxLosses = 2;
-    EXPECT_TRUE(weighTheirMz(Backbone::peptide(u"GGG", standardResidues()).value(), options));
+    EXPECT_TRUE(weighTheirMz(Backbone::peptide(u"GGG", residues()).value(), options));
 }
 
 TEST(IonComposition, AnotherBackboneOrIndexIsRefused)
 {
-    const Backbone backbone = Backbone::peptide(u"GGG", standardResidues()).value();
+    const Backbone backbone = Backbone::peptide(u"GGG", residues()).value();
     const auto factory = chem::defaultChemicalFactory();
     const FragmentIons ions = ionsOf(backbone, allSeries());
     const qsizetype count = std::ssize(ions.mz());
-    EXPECT_FALSE(ions.composition(backbone, standardResidues(), -1));
-    EXPECT_FALSE(ions.composition(backbone, standardResidues(), count));
-    for (const Backbone& other : {Backbone(), Backbone::peptide(u"A", standardResidues()).value(),
-                                  Backbone::peptide(u"AAAA", standardResidues()).value(),
+    EXPECT_FALSE(ions.composition(backbone, residues(), -1));
+    EXPECT_FALSE(ions.composition(backbone, residues(), count));
+    for (const Backbone& other : {Backbone(), Backbone::peptide(u"A", residues()).value(),
+                                  Backbone::peptide(u"AAAA", residues()).value(),
                                   Backbone::oligonucleotide(u"ACG", *factory).value()}) {
         for (qsizetype i = 0; i < count; ++i)
-            EXPECT_FALSE(ions.composition(other, standardResidues(), i).hasValue());
+            EXPECT_FALSE(ions.composition(other, residues(), i).hasValue());
     }
     const ResidueTable labelled(*chem::ChemicalFactory::construct(u"N15:1"_s));
     EXPECT_FALSE(ions.composition(backbone, labelled, 0).hasValue());
@@ -364,14 +363,14 @@ TEST(IonComposition, AnotherBackboneOrIndexIsRefused)
 
 TEST(IonComposition, CompositionsStandAtAscendingUnits)
 {
-    BackboneChain chain = Backbone::peptide(u"GG", standardResidues())->chains()[0];
+    BackboneChain chain = Backbone::peptide(u"GG", residues())->chains()[0];
     chain.compositions.units = {{1, {}}, {0, {}}};
-    EXPECT_FALSE(Backbone::ofChains({chain}, {}, standardResidues().breaks()).hasValue());
+    EXPECT_FALSE(Backbone::ofChains({chain}, {}, residues().breaks()).hasValue());
     chain.compositions.units = {{2, {}}};
-    EXPECT_FALSE(Backbone::ofChains({chain}, {}, standardResidues().breaks()).hasValue());
+    EXPECT_FALSE(Backbone::ofChains({chain}, {}, residues().breaks()).hasValue());
     chain.compositions.units = {{0, {}}, {1, {}}};
-    Backbone backbone = Backbone::ofChains({chain}, {}, standardResidues().breaks()).value();
-    EXPECT_FALSE(backbone.assignPeptide(u"GGG", standardResidues()).has_value());
+    Backbone backbone = Backbone::ofChains({chain}, {}, residues().breaks()).value();
+    EXPECT_FALSE(backbone.assignPeptide(u"GGG", residues()).has_value());
     EXPECT_TRUE(backbone.chains()[0].compositions.units.empty());
 }
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "ResidueTable.h"
+#include "StandardResidues.h"
 #include <zel_chemical_model/ChainFragmenter.h>
 #include <zel_chemical_model/ChemicalFactory.h>
 #include <zel_chemical_model/Modify.h>
@@ -12,13 +12,6 @@
 /// Molecules of the first library, built as its users build them, from the default factory.
 
 namespace ions {
-
-/// The default factory's table, read once.
-inline const ResidueTable& standardResidues()
-{
-    static const ResidueTable table;
-    return table;
-}
 
 inline chem::Chain peptideChain(const QString& sequence)
 {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "FragmentIons.h"
+#include "StandardResidues.h"
 #include <zel_chemical_model/ChemicalFactory.h>
 #include <zel_chemical_model/LinearComplex.h>
 
@@ -17,6 +18,14 @@
 /// Lists of ions, and the fragments that the first library makes instead.
 
 namespace ions {
+
+/// All series of the ends.
+inline const std::vector<Series> peptideSeries = {
+    Series::A, Series::ADot, Series::B, Series::C, Series::CDot,
+    Series::X, Series::XDot, Series::Y, Series::Z, Series::ZDot};
+inline const std::vector<Series> oligoSeries = {Series::A, Series::B,       Series::C,
+                                                Series::D, Series::AMinusB, Series::W,
+                                                Series::X, Series::Y,       Series::Z};
 
 inline IonOptions series(std::vector<Series> wanted)
 {
@@ -39,6 +48,16 @@ inline FragmentIons ionsOf(const Backbone& backbone, const IonOptions& options)
     const auto refusal = ions.assign(backbone, options);
     EXPECT_FALSE(refusal.has_value()) << (refusal ? refusal->message.toStdString() : "");
     return ions;
+}
+
+/// The m/z of each label.
+inline std::map<QString, std::vector<double>> byLabel(const FragmentIons& ions,
+                                                      const Backbone& backbone)
+{
+    std::map<QString, std::vector<double>> labelled;
+    for (qsizetype i = 0; i < std::ssize(ions.mz()); ++i)
+        labelled[ions.label(backbone, i)].push_back(ions.mz()[std::size_t(i)]);
+    return labelled;
 }
 
 /// Fragments as the first library makes them, by complexes of residues and sites from both ends: by

@@ -6,7 +6,7 @@
 #include "FragmentIons.h"
 #include "Ionization.h"
 #include "ModificationTable.h"
-#include "ResidueTable.h"
+#include "StandardResidues.h"
 #include "Tolerance.h"
 #include <zel_chemical_model/ChemicalFactory.h>
 #include <zel_chemical_model/LinearComplex.h>
@@ -88,12 +88,6 @@ Outcome exactOutcomeOf(const QString& text, const Read& read, const Law& law)
     if (front || front.error().position == position || isRefusedForItsMeaning(front.error()))
         return outcome;
     return {false, "what stands in front of an error can stand there"};
-}
-
-inline const ions::ResidueTable& residues()
-{
-    static const ions::ResidueTable table;
-    return table;
 }
 
 /// The law of a composition: its text and its formula have the same atoms.
@@ -180,7 +174,7 @@ inline Outcome readTolerance(const QString& text)
 inline Outcome readLossRule(const QString& text)
 {
     const auto read = [](QStringView t) {
-        return ions::LossRule::read(t, residues().atoms());
+        return ions::LossRule::read(t, ions::residues().atoms());
     };
     return exactOutcomeOf(text, read, [&read](const ions::LossRule& rule) -> const char* {
         const QString sites = rule.residues.isEmpty() ? QString() : QString(u'@' + rule.residues);
@@ -195,13 +189,13 @@ inline Outcome readLossRule(const QString& text)
 inline Outcome readPeptide(const QString& text)
 {
     const auto read = [](QStringView t) {
-        return ions::Backbone::peptide(t, residues());
+        return ions::Backbone::peptide(t, ions::residues());
     };
     return exactOutcomeOf(text, read, [&text](const ions::Backbone& backbone) -> const char* {
         const ions::BackboneChain& chain = backbone.chains()[0];
         if (chain.letters != text || std::ssize(chain.units) != text.size())
             return "a peptide has the letters of its text";
-        const double mass = residues().peptide(text)->monoisotopic;
+        const double mass = ions::residues().peptide(text)->monoisotopic;
         const double difference = std::abs(backbone.masses().monoisotopic - mass);
         return difference <= 1e-12 * mass ? nullptr : "a peptide weighs its residues and water";
     });
@@ -288,7 +282,7 @@ inline Outcome readExpression(const QString& text)
 
 inline const ions::ModificationTable& modifications()
 {
-    static const auto table = ions::ModificationTable::standard(residues().atoms());
+    static const auto table = ions::ModificationTable::standard(ions::residues().atoms());
     return table;
 }
 
@@ -304,10 +298,10 @@ inline Outcome lookUp(const QString& text)
     const ions::Atom element = ions::Atom::element(text);
     if (element.atomicNumber != 0 && element.symbol() != text)
         return {true, "an element is found by its symbol alone"};
-    const ions::MoleculePart* const sugar = residues().monosaccharide(text);
+    const ions::MoleculePart* const sugar = ions::residues().monosaccharide(text);
     if (sugar && sugar->code != text)
         return {true, "a monosaccharide is found by its name alone"};
-    const auto peptide = residues().peptide(text);
+    const auto peptide = ions::residues().peptide(text);
     if (!peptide)
         return {false, brokenBy(peptide.error(), text)};
     return {true, std::isfinite(peptide->monoisotopic) ? nullptr : "a peptide has a mass"};

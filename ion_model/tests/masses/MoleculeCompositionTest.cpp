@@ -17,7 +17,7 @@ namespace {
 
 const AtomMasses& atoms()
 {
-    return standardResidues().atoms();
+    return residues().atoms();
 }
 
 Error refusalOf(const chem::MoleculeEntity& molecule)
