@@ -92,7 +92,8 @@ public:
     /// The composition of any molecule of the first library: that of its formula, whose isotopes
     /// stand under keys such as `[13C]`. `atoms` are those of the factory that made the molecule.
     ///
-    /// Given only if the formula weighs the stored masses, both within 10^-6 Da. Refused otherwise,
+    /// Given only if the formula weighs both stored masses within 10^-6 Da (and 10^-11 of them for
+    /// the rounding of long sums). Refused otherwise,
     /// as for a group that is a bare mass: with chain and residue, or the number of the link or
     /// modification in the message, if one part is to blame. A residue without formula and mass, as
     /// readers make of an unknown letter, is refused as well. Linear in the parts.

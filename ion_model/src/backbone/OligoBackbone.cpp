@@ -1,5 +1,5 @@
 #include "Backbone.h"
-#include "masses/FactoryTables.h"
+#include "masses/EntityMasses.h"
 #include "tables/NucleotideContent.h"
 
 #include <utility>

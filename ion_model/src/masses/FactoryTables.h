@@ -1,6 +1,5 @@
 #pragma once
 
-#include "AtomMasses.h"
 #include <zel_chemical_model/ChemicalFactory.h>
 
 namespace ions {
@@ -28,11 +27,5 @@ public:
     /// The 3' end of an oligonucleotide that marks none.
     const chem::Molecule& hydroxylGroup() const { return hydroxyl; }
 };
-
-/// Both masses of a molecule of the first library.
-inline Masses massesOf(const chem::Molecule& molecule)
-{
-    return {molecule.monoMass(), molecule.averageMass()};
-}
 
 } // namespace ions

@@ -14,6 +14,13 @@ namespace ions {
 namespace {
 
 constexpr double sameMass = 1e-6;
+/// Of a mass: what tens of thousands of additions round off, 0.00005 Da in 5 MDa.
+constexpr double rounding = 1e-11;
+
+bool isSame(double left, double right)
+{
+    return std::abs(left - right) <= sameMass + rounding * std::abs(right);
+}
 
 /// Formula and masses of several parts.
 struct Totals
@@ -98,8 +105,7 @@ std::optional<Error> partToBlame(const chem::MoleculeEntity& molecule, const Ato
 
 bool isSameMass(const Masses& left, const Masses& right)
 {
-    return std::abs(left.monoisotopic - right.monoisotopic) <= sameMass &&
-           std::abs(left.average - right.average) <= sameMass;
+    return isSame(left.monoisotopic, right.monoisotopic) && isSame(left.average, right.average);
 }
 
 Parsed<Composition> weighedComposition(const chem::ChemicalFormula& formula, const Masses& masses,

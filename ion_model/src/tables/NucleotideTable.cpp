@@ -1,5 +1,6 @@
 #include "NucleotideTable.h"
 
+#include "masses/EntityMasses.h"
 #include "tables/NucleotideContent.h"
 
 using namespace Qt::StringLiterals;

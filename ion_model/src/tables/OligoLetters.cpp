@@ -1,5 +1,7 @@
 #include "tables/OligoLetters.h"
 
+#include "masses/EntityMasses.h"
+
 namespace ions {
 
 namespace {

@@ -70,27 +70,17 @@ Error refusalOf(const Backbone& backbone, const IonOptions& options, qsizetype i
 /// Every ion of a complex of the first library has its formula.
 void expectFormulasOfTheFirstLibrary(const Backbone& backbone, const chem::MoleculeComplex& complex)
 {
-    const auto fragments = fragmentsOf(complex);
     IonOptions options = allSeries();
     options.series.resize(std::size_t(Series::Precursor));
     const FragmentIons ions = ionsOf(backbone, options);
-    std::size_t compared = 0;
-    for (qsizetype i = 0; i < std::ssize(ions.mz()); ++i) {
-        const auto [run, offset] = ions.runOf(i);
-        const Series of = ions.runs()[std::size_t(run)].series;
-        const QString label = of == Series::AMinusB ? u"aB"_s : seriesName(of);
-        const auto fragment = fragments.find({label, offset + 1});
-        if (fragment == fragments.end()) {
-            ASSERT_EQ(label, u"aB"_s); // which the first library has from the second nucleotide on
-            continue;
-        }
-        const auto ion = ions.composition(backbone, residues(), i);
+    const auto fragments = fragmentsOf(complex, ions);
+    for (const auto& [index, fragment] : fragments) {
+        const auto ion = ions.composition(backbone, residues(), index);
         ASSERT_TRUE(ion.hasValue()) << ion.error().message.toStdString();
-        ASSERT_EQ(ion->neutral, Composition::fromFormula(fragment->second.formula()).value())
-            << ions.label(backbone, i).toStdString();
-        ++compared;
+        ASSERT_EQ(ion->neutral, Composition::fromFormula(fragment.formula()).value())
+            << ions.label(backbone, index).toStdString();
     }
-    ASSERT_GE(compared, 9 * (backbone.chains()[0].units.size() - 1) - 1);
+    ASSERT_GE(fragments.size(), 9 * (backbone.chains()[0].units.size() - 1) - 1);
 }
 
 TEST(IonComposition, IonsHaveTheFormulasOfTheFirstLibrary)
@@ -125,7 +115,7 @@ TEST(IonComposition, SmallIonsHaveTheirPublishedFormulas)
 RC_GTEST_PROP(IonComposition, WeighsTheMzOfPeptides, ())
 {
     const auto letters = QString::fromStdString(
-        *rc::gen::container<std::string>(*rc::gen::inRange<std::size_t>(2, 16),
+        *rc::gen::container<std::string>(*rc::gen::inRange<std::size_t>(2, 10),
                                          rc::gen::elementOf(std::string("ACDEFGHIKLMNPQRSTUVWY"))));
     IonOptions options = allSeries();
     options.charges = {*rc::gen::element(1, 3, -2)};

@@ -73,4 +73,24 @@ fragmentsOf(const chem::MoleculeComplex& complex)
     return molecules;
 }
 
+/// The same by the index of the ion in a list of one chain. All have one but a1-B, which the first
+/// library has from the second nucleotide on.
+inline std::map<qsizetype, chem::Molecule> fragmentsOf(const chem::MoleculeComplex& complex,
+                                                       const FragmentIons& ions)
+{
+    const auto fragments = fragmentsOf(complex);
+    std::map<qsizetype, chem::Molecule> molecules;
+    for (qsizetype i = 0; i < std::ssize(ions.mz()); ++i) {
+        const auto [run, offset] = ions.runOf(i);
+        const Series of = ions.runs()[std::size_t(run)].series;
+        const QString label = of == Series::AMinusB ? QStringLiteral("aB") : seriesName(of);
+        const auto fragment = fragments.find({label, offset + 1});
+        if (fragment != fragments.end())
+            molecules[i] = fragment->second;
+        else
+            EXPECT_TRUE(of == Series::AMinusB && offset == 0) << label.toStdString();
+    }
+    return molecules;
+}
+
 } // namespace ions
