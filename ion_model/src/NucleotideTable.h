@@ -20,7 +20,7 @@ namespace ions {
 ///
 /// \code
 /// const NucleotideTable nucleotides;                       // natural isotopes
-/// nucleotides.oligonucleotide(u"rA*rC*rG")->monoisotopic;  // 989.10883 Da
+/// nucleotides.oligonucleotide(u"rA*rC*rG")->monoisotopic;  // 949.13979 Da
 /// nucleotides.oligonucleotide(u"rA*rX").error().position;  // 4
 /// \endcode
 ///
