@@ -1,5 +1,7 @@
 #include "Backbone.h"
 
+#include "backbone/ChainEnds.h"
+
 #include <algorithm>
 #include <cmath>
 
@@ -62,10 +64,10 @@ std::optional<Error> refusalOf(const BackboneChain& chain, qsizetype index)
 }
 
 /// Writes what stands left of each unit, then all of them; gives the place behind.
-double* writeSums(const BackboneChain& chain, double* next)
+double* writeSums(const BackboneChain& chain, const BreakMasses& breaks, double* next)
 {
     const std::size_t size = chain.units.size();
-    double sum = chain.leftGroup.monoisotopic;
+    double sum = chainEnds(chain, breaks).left.monoisotopic;
     *next++ = sum;
     if (chain.linkages.empty()) {
         for (std::size_t i = 0; i < size; ++i)
@@ -157,7 +159,7 @@ void Backbone::sumUp()
         size += chain.units.size() + 1;
     double* next = roomForSums(size);
     for (const BackboneChain& chain : m_chains)
-        next = writeSums(chain, next);
+        next = writeSums(chain, m_breaks, next);
 }
 
 Parsed<Backbone> Backbone::ofChains(std::vector<BackboneChain> chains,
@@ -188,11 +190,8 @@ Parsed<Backbone> Backbone::ofChains(std::vector<BackboneChain> chains,
 Masses Backbone::chainMasses(qsizetype index) const
 {
     const BackboneChain& chain = m_chains[std::size_t(index)];
-    Masses sum = chain.leftGroup + chain.rightGroup;
-    if (chain.hasLeftEnd)
-        sum += m_breaks.hydrogen;
-    if (chain.hasRightEnd)
-        sum += m_breaks.water - m_breaks.hydrogen;
+    const ChainEnds ends = chainEnds(chain, m_breaks);
+    Masses sum = m_breaks.water + ends.left + ends.right;
     for (const Masses& unit : chain.units)
         sum += unit;
     for (const Masses& linkage : chain.linkages)

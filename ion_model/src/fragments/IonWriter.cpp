@@ -1,5 +1,6 @@
 #include "fragments/IonWriter.h"
 
+#include "backbone/ChainEnds.h"
 #include "fragments/SeriesMasses.h"
 
 #include <algorithm>
@@ -147,8 +148,8 @@ IonWriter::Chain IonWriter::chainAt(qsizetype index, const double* sums) const
     const BackboneChain& chain = m_backbone.chains()[std::size_t(index)];
     const std::size_t size = chain.units.size();
     const double trailing = chain.linkages.empty() ? 0.0 : chain.linkages.back().monoisotopic;
-    return {&chain, sums, sums[size] + trailing + chain.rightGroup.monoisotopic, index,
-            qsizetype(size)};
+    const double end = chainEnds(chain, m_backbone.breaks()).right.monoisotopic;
+    return {&chain, sums, sums[size] + trailing + end, index, qsizetype(size)};
 }
 
 std::optional<Error> IonWriter::writePlain()

@@ -126,6 +126,8 @@ void PartSum::addLeftGroup(qsizetype index)
     const Composition& group = chain.compositions.leftGroup;
     addPart(group.isEmpty() ? plainLeftGroup(chain, m_residues) : group, chain.leftGroup,
             unknown(u"a left end"_s, index));
+    if (!chain.hasLeftEnd)
+        addBreaks({.hydrogen = -1});
 }
 
 void PartSum::addRightGroup(qsizetype index)
@@ -134,6 +136,8 @@ void PartSum::addRightGroup(qsizetype index)
     const Composition& group = chain.compositions.rightGroup;
     addPart(group.isEmpty() ? plainRightGroup(chain, m_residues) : group, chain.rightGroup,
             unknown(u"a right end"_s, index));
+    if (!chain.hasRightEnd)
+        addBreaks({.water = -1, .hydrogen = 1});
 }
 
 void PartSum::addOpenGroup(qsizetype chain, const OpenGroup& open, int times)
@@ -170,9 +174,7 @@ void PartSum::addChain(qsizetype index)
     addUnits(index, 0, size);
     addLinkages(index, 0, size);
     addRightGroup(index);
-    const int leftHydrogens = chain.hasLeftEnd ? 1 : 0;
-    const int rightWaters = chain.hasRightEnd ? 1 : 0;
-    addBreaks({.water = rightWaters, .hydrogen = leftHydrogens - rightWaters});
+    addBreaks({.water = 1});
     for (const OpenGroup& open : chain.open)
         addOpenGroup(index, open);
     addLabileGroups(index);
