@@ -153,8 +153,10 @@ inline std::optional<ions::Tolerance> toleranceByExpression(const QString& text)
     if (!match.hasMatch())
         return {};
     const double width = std::strtod(match.captured(1).toLatin1().constData(), nullptr);
-    if (!std::isfinite(width))
-        return {};
+    static const QRegularExpression digit(QStringLiteral("[1-9]"));
+    const bool isLost = width == 0.0 && match.captured(1).contains(digit);
+    if (!std::isfinite(width) || isLost)
+        return {}; // neither too large nor too small for a double
     return match.capturedLength(2) > 0 ? ions::ppm(width) : ions::daltons(width);
 }
 
@@ -219,7 +221,9 @@ inline Outcome readOligonucleotide(const QString& text)
         const double mass = factory->constructLinearOligoComplex(text)->monoMass();
         const double difference = std::abs(backbone.masses().monoisotopic - mass);
         const char* const law = "an oligonucleotide weighs what its complex does";
-        return difference <= 1e-11 * mass ? nullptr : law;
+        // Each of the two sums is rounded once a unit.
+        const double rounding = (1e-12 + 1e-16 * double(text.size())) * mass;
+        return difference <= rounding ? nullptr : law;
     });
     const auto isDigit = [](QChar c) {
         return c >= u'0' && c <= u'9';
