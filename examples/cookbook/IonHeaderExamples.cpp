@@ -76,6 +76,16 @@ void residueTables(QTextStream& out)
             "ResidueTable", out);
 }
 
+void nucleotideTables(QTextStream& out)
+{
+    const NucleotideTable nucleotides;                      // natural isotopes
+    nucleotides.oligonucleotide(u"rA*rC*rG")->monoisotopic; // 949.13979 Da
+    nucleotides.oligonucleotide(u"rA*rX").error().position; // 4
+    require(isNear(nucleotides.oligonucleotide(u"rA*rC*rG")->monoisotopic, 949.13979, 5e-6) &&
+                nucleotides.oligonucleotide(u"rA*rX").error().position == 4,
+            "NucleotideTable", out);
+}
+
 void modificationTables(QTextStream& out)
 {
     const ModificationTable table = ModificationTable::standard(AtomMasses());
@@ -152,6 +162,7 @@ void ionHeaderExamples(QTextStream& out)
     ionizations(out);
     tolerances(out);
     residueTables(out);
+    nucleotideTables(out);
     modificationTables(out);
     digests(out);
     backbones(out);

@@ -74,6 +74,32 @@ void fragmentIons(QTextStream& out)
     //! [FragmentIons]
 }
 
+void ionsOfMolecules(QTextStream& out)
+{
+    const auto factory = chem::defaultChemicalFactory();
+    //! [IonsOfMolecules]
+    const ResidueTable residues(*factory);
+    const chem::Chain chain =
+        chem::constructPeptideChain(u"somatostatin"_s, u"S"_s, u"AGCKNFFWKTFTSC"_s, factory.data());
+    chem::MoleculeEntity molecule =
+        chem::constructProteinFromChains(u"somatostatin"_s, {chain}, {}, {}, factory.data());
+    const chem::Modification acetyl(factory->constructMolecule(u"C2H2O"_s), {{0, 4}});
+    molecule = chem::Modify(acetyl).transform(molecule); // at lysine 4
+
+    const Backbone backbone = Backbone::ofMolecule(molecule, residues).value();
+    FragmentIons fragments;
+    if (fragments.assign(backbone, IonOptions()))
+        return;
+    const IonComposition b4 = fragments.composition(backbone, residues, 3).value();
+    out << fragments.label(backbone, 3) << ' ' << QString::number(fragments.mz()[3], 'f', 4) << ' '
+        << b4.neutral.toString() << '\n';
+
+    const Composition whole = Composition::ofMolecule(molecule, residues.atoms()).value();
+    const IsotopePattern pattern = IsotopePattern::of(whole, residues.atoms()).value();
+    out << whole.toString() << ", " << pattern.shares().size() << " bins\n";
+    //! [IonsOfMolecules]
+}
+
 void annotatedPeaks(QTextStream& out)
 {
     //! [AnnotatedPeaks]

@@ -66,6 +66,7 @@ void strictText(QTextStream& out);
 void modifiedMass(QTextStream& out);
 void proteinDigest(QTextStream& out);
 void fragmentIons(QTextStream& out);
+void ionsOfMolecules(QTextStream& out);
 void annotatedPeaks(QTextStream& out);
 void labelledPattern(QTextStream& out);
 void formulasOfMass(QTextStream& out);

@@ -53,6 +53,7 @@ const QList<NamedRecipe> recipes = {
     {u"ModifiedMass"_s, modifiedMass},
     {u"ProteinDigest"_s, proteinDigest},
     {u"FragmentIons"_s, fragmentIons},
+    {u"IonsOfMolecules"_s, ionsOfMolecules},
     {u"AnnotatedPeaks"_s, annotatedPeaks},
     {u"LabelledPattern"_s, labelledPattern},
     {u"FormulasOfMass"_s, formulasOfMass},

@@ -90,6 +90,14 @@ std::vector<ConstCall> massCalls()
          [](Shared s) {
              use(MoleculePart(s.residues.linkages()[0]));
          }},
+        {"ResidueTable::leftEnds",
+         [](Shared s) {
+             use(MoleculePart(s.residues.leftEnds()[0]));
+         }},
+        {"ResidueTable::rightEnds",
+         [](Shared s) {
+             use(MoleculePart(s.residues.rightEnds()[0]));
+         }},
         {"ResidueTable::monosaccharides",
          [](Shared s) {
              use(MoleculePart(s.residues.monosaccharides()[0]));
@@ -97,6 +105,19 @@ std::vector<ConstCall> massCalls()
         {"ResidueTable::monosaccharide",
          [](Shared s) {
              use(*s.residues.monosaccharide(u"Hex"));
+         }},
+        {"NucleotideTable::NucleotideTable",
+         [](Shared) {
+             use(NucleotideTable());
+         }},
+        {"NucleotideTable::oligonucleotide",
+         [](Shared s) {
+             use(s.oligonucleotides.oligonucleotide(u"{rA*rC"));
+             use(s.oligonucleotides.oligonucleotide(u"rA-100.5")); // by the factory's reader
+         }},
+        {"NucleotideTable::breaks",
+         [](Shared s) {
+             use(BreakMasses(s.oligonucleotides.breaks()));
          }},
     };
 }
@@ -115,6 +136,10 @@ std::vector<ConstCall> textCalls()
         {"Composition::fromFormula",
          [](Shared s) {
              use(Composition::fromFormula(s.glucose.toFormula()));
+         }},
+        {"Composition::ofMolecule",
+         [](Shared s) {
+             use(Composition::ofMolecule(s.molecule, s.atoms));
          }},
         {"Composition::symbol",
          [](Shared) {
@@ -349,6 +374,11 @@ std::vector<ConstCall> ionCalls()
          [](Shared) {
              use(Backbone::oligonucleotide(u"rA*CGT", *chem::defaultChemicalFactory()));
          }},
+        {"Backbone::ofMolecule",
+         [](Shared s) {
+             use(Backbone::ofMolecule(s.molecule, s.residues));
+             use(Backbone::oligonucleotide(u"rA*CGT", s.oligonucleotides));
+         }},
         {"Backbone::chains",
          [](Shared s) {
              use(BackboneChain(s.linked.chains()[1]));
@@ -403,6 +433,10 @@ std::vector<ConstCall> ionCalls()
          [](Shared s) {
              for (qsizetype ion = 0; ion < std::ssize(s.ions.mz()); ion += 5)
                  use(s.ions.label(s.linked, ion));
+         }},
+        {"FragmentIons::composition",
+         [](Shared s) {
+             use(s.ions.composition(s.linked, s.residues, 0));
          }},
     };
 }

@@ -70,7 +70,7 @@ QStringList constFunctionsOf(const QString& header)
 {
     static const QRegularExpression declaration(u"\\b(\\w+)\\([^;{}()]*\\) const\\b"_s);
     static const QSet<QString> others = {u"Digest::listed"_s, u"Ionization::size"_s,
-                                         u"Parsed::bool"_s};
+                                         u"Parsed::bool"_s, u"ResidueTable::unknownLetter"_s};
     QFile file(QStringLiteral(ION_MODEL_SOURCE_DIR "/") + header + u".h"_s);
     EXPECT_TRUE(file.open(QIODevice::ReadOnly)) << header.toStdString();
     QStringList functions;

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "BuiltMolecules.h"
 #include <IonModel.h>
 
 #include <vector>
@@ -12,6 +13,7 @@ struct SharedObjects
     AtomMasses atoms;
     ResidueTable residues;
     RnaTable nucleotides{residues};
+    NucleotideTable oligonucleotides;
     ModificationTable modifications = ModificationTable::standard(atoms);
     Composition glucose = Composition::read(u"C6[13C2]H12O6").value();
     Ionization ion = Ionization::read(u"[M+H+Na]2+").value();
@@ -20,6 +22,7 @@ struct SharedObjects
     Tolerance tolerance = ppm(10);
     Backbone peptide = Backbone::peptide(u"DRVYIHPF", residues).value();
     Backbone linked;
+    chem::MoleculeEntity molecule = builtPeptide(QStringLiteral("DRVYIHPF"));
     Protease compiled = Protease::named(u"Trypsin").value();
     Protease engine = Protease::fromExpression(QStringLiteral("[KR]+(?!P)")).value();
     Ribonuclease ribonuclease = Ribonuclease::named(u"T1").value();
