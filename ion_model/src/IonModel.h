@@ -14,5 +14,6 @@
 #include "ModificationTable.h"
 #include "Parsed.h"
 #include "PeakMatch.h"
+#include "ProForma.h"
 #include "ResidueTable.h"
 #include "Tolerance.h"
