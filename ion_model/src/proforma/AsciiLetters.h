@@ -20,14 +20,18 @@ constexpr bool isLetterOrDigit(QChar c)
     return capitalOf(c.unicode()) != 0 || (c >= u'0' && c <= u'9');
 }
 
-/// Whether two texts are equal but for the case of these letters. Other letters that fold to them,
-/// such as the Kelvin sign, stay apart.
+/// Whether two characters are equal but for the case of these letters. Other letters that fold to
+/// them, such as the Kelvin sign, stay apart.
+constexpr bool isSameLetter(char16_t left, char16_t right)
+{
+    return left == right || (capitalOf(left) != 0 && capitalOf(left) == capitalOf(right));
+}
+
+/// Whether two texts are equal but for the case of these letters.
 inline bool isSameWord(QStringView left, QStringView right)
 {
-    return std::equal(left.begin(), left.end(), right.begin(), right.end(), [](QChar l, QChar r) {
-        return l == r ||
-               (capitalOf(l.unicode()) != 0 && capitalOf(l.unicode()) == capitalOf(r.unicode()));
-    });
+    return std::equal(left.begin(), left.end(), right.begin(), right.end(),
+                      [](QChar l, QChar r) { return isSameLetter(l.unicode(), r.unicode()); });
 }
 
 } // namespace ions

@@ -33,7 +33,7 @@ qsizetype commonLength(QStringView text, QStringView name)
 {
     const qsizetype longest = std::min(text.size(), name.size());
     qsizetype length = 0;
-    while (length < longest && isSameWord(text.sliced(length, 1), name.sliced(length, 1)))
+    while (length < longest && isSameLetter(text[length].unicode(), name[length].unicode()))
         ++length;
     return length;
 }
@@ -96,11 +96,11 @@ private:
             return extendByFormula(at, cursor);
         for (const QString& name : monosaccharideNames()) {
             const qsizetype common = commonLength(cursor.rest(), name);
-            TextCursor behind = cursor;
-            behind.skip(common);
             m_farthest = std::max(m_farthest, at + common);
             if (common < name.size())
                 continue;
+            TextCursor behind = cursor;
+            behind.skip(common);
             if (Failure failure = reach(at, {name, {}, 1}, behind))
                 return failure;
         }

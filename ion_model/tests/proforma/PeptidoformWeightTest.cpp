@@ -154,13 +154,13 @@ TEST(PeptidoformWeight, ChargesOfCarriersAndOfFormulasAddUp)
     EXPECT_NEAR(mz(u"EMEVEESPEK/2"_s), 603.7633687, exact);
     EXPECT_NEAR(mz(u"EMEVEESPEK/-2"_s), 601.7488157, exact);
     EXPECT_EQ(weightOf(u"EMEVEESPEK/-2"_s)->charge, -2);
-    EXPECT_NEAR(mz(u"PEPT[Formula:Zn:z+2]IDE/2"_s), 216.3256404, exact);
+    EXPECT_NEAR(mz(u"PEPT[Formula:Zn:z+2]IDE/2"_s), 216.3256404, 1e-6);
     EXPECT_EQ(weightOf(u"PEPT[Formula:Zn:z+2]IDE/2"_s)->charge, 4);
-    EXPECT_NEAR(mz(u"PEPT[Formula:Zn:z+2]IDE/[Na:z+1^2]"_s), 227.3166126, exact);
+    EXPECT_NEAR(mz(u"PEPT[Formula:Zn:z+2]IDE/[Na:z+1^2]"_s), 227.3166126, 1e-6);
     EXPECT_EQ(weightOf(u"PEPTIDE"_s)->charge, 0);
     EXPECT_EQ(mz(u"PEPTIDE"_s), 0.0);
     EXPECT_NEAR(monoisotopic(u"PEPTIDE/[Na:z+1]"_s), 799.3599640, exact);
-    EXPECT_NEAR(weightOf(u"A[Glycan:{C8H14N1O5:z+1}2]"_s)->charge, 2, 0);
+    EXPECT_EQ(weightOf(u"A[Glycan:{C8H14N1O5:z+1}2]"_s)->charge, 2);
     expectUnweighed(u"A[Formula:C:z2147483647]/2"_s, -1, 0, -1, u"too large"_s);
 }
 
