@@ -4,7 +4,6 @@
 #include "proforma/ModificationText.h"
 
 #include <algorithm>
-#include <cmath>
 
 using namespace Qt::StringLiterals;
 
@@ -26,12 +25,6 @@ struct LabelGroup
 
 /// Labels by kind, and by chain where they hold for one chain only.
 using GroupKey = std::tuple<std::size_t, int, QString>;
-
-bool isSameWeight(const PartWeight& left, const PartWeight& right)
-{
-    return left.composition == right.composition && left.charge == right.charge &&
-           std::abs(left.masses.monoisotopic - right.masses.monoisotopic) < 1e-9;
-}
 
 } // namespace
 
@@ -299,10 +292,12 @@ private:
     IonLayout m_layout;
 };
 
-Parsed<IonLayout> IonLayout::of(const Peptidoform& peptidoform, const PeptidoformIon& ion,
+Parsed<IonLayout> IonLayout::of(const Peptidoform& peptidoform, qsizetype ion,
                                 const PartWeigher& weigher)
 {
-    return LayoutBuilder(peptidoform, ion, weigher).build();
+    if (ion < 0 || ion >= std::ssize(peptidoform.ions))
+        return Error{u"expected the number of an ion, from 0"_s};
+    return LayoutBuilder(peptidoform, peptidoform.ions[std::size_t(ion)], weigher).build();
 }
 
 } // namespace ions

@@ -42,8 +42,8 @@ struct LaidLink
 class IonLayout
 {
 public:
-    /// Weighs the parts of an ion; `peptidoform` gives the rules for all of them.
-    static Parsed<IonLayout> of(const Peptidoform& peptidoform, const PeptidoformIon& ion,
+    /// Weighs the parts of one ion, counted from 0, by the rules for all of them.
+    static Parsed<IonLayout> of(const Peptidoform& peptidoform, qsizetype ion,
                                 const PartWeigher& weigher);
 
     const std::vector<LaidPart>& parts() const { return m_parts; }

@@ -13,7 +13,7 @@ namespace ions {
 
 namespace {
 
-const Error tooManyAtoms()
+Error tooManyAtoms()
 {
     return {u"this makes more than 2147483647 atoms of a kind, too large"_s};
 }
@@ -25,6 +25,13 @@ PartWeight bareMass(const Tag& tag)
 }
 
 } // namespace
+
+bool isSameWeight(const PartWeight& left, const PartWeight& right)
+{
+    constexpr double rounding = 1e-9; // daltons
+    return left.composition == right.composition && left.charge == right.charge &&
+           std::abs(left.masses.monoisotopic - right.masses.monoisotopic) < rounding;
+}
 
 std::optional<Error> PartWeigher::refusal() const
 {

@@ -22,6 +22,9 @@ struct PartWeight
     const ModificationEntry* entry = nullptr; ///< What a table knows of it, its losses.
 };
 
+/// Whether two parts add the same to a molecule, whatever they are called.
+bool isSameWeight(const PartWeight& left, const PartWeight& right);
+
 /// Weighs parts of peptidoforms by tables, in the isotopes that the peptidoform states.
 class PartWeigher
 {

@@ -180,13 +180,11 @@ Failure orderRefusal(const PeptidoformIon& ion, const Backbone& backbone)
 Parsed<Backbone> Peptidoform::backbone(qsizetype ion, const ResidueTable& residues,
                                        const ModificationTable& modifications) const
 {
-    if (ion < 0 || ion >= std::ssize(ions))
-        return Error{u"expected the number of an ion, from 0"_s};
-    const PeptidoformIon& wanted = ions[std::size_t(ion)];
     const PartWeigher weigher(residues, modifications, isotopes);
-    const Parsed<IonLayout> layout = IonLayout::of(*this, wanted, weigher);
+    const Parsed<IonLayout> layout = IonLayout::of(*this, ion, weigher);
     if (!layout)
         return layout.error();
+    const PeptidoformIon& wanted = ions[std::size_t(ion)];
     Parsed<Backbone> backbone = BackboneBuilder(wanted, *layout, weigher).build();
     if (!backbone)
         return backbone;

@@ -15,7 +15,8 @@ namespace {
 
 using Failure = std::optional<Error>;
 
-/// Reads all of a text: names, rules for all ions, and the ions.
+/// Reads all of a text into a peptidoform with one ion of one chain that hold nothing yet: names,
+/// rules for all ions, and the ions.
 class PeptidoformReader
 {
 public:
@@ -33,9 +34,9 @@ public:
         if (failure)
             return failure;
         sortGlobals(&m_peptidoform);
-        do {
-            failure = readIon();
-        } while (!failure && m_cursor.take(u'+'));
+        failure = readIon(true);
+        while (!failure && m_cursor.take(u'+'))
+            failure = readIon(false);
         if (failure || m_cursor.atEnd())
             return failure;
         return m_cursor.expected(continuation());
@@ -110,13 +111,16 @@ private:
         return m_cursor.expected(others + u"\">\""_s);
     }
 
-    Failure readIon()
+    /// Reads an ion; the first one into memory that is there already.
+    Failure readIon(bool isFirst)
     {
-        PeptidoformIon& ion = m_peptidoform.ions.emplace_back();
+        PeptidoformIon& ion =
+            isFirst ? m_peptidoform.ions.front() : m_peptidoform.ions.emplace_back();
         Failure failure = readName(2, &ion.name);
         bool isMore = true;
-        while (!failure && isMore) {
-            failure = ChainReader(&m_cursor, &ion.chains.emplace_back()).read();
+        for (bool isUsed = isFirst; !failure && isMore; isUsed = false) {
+            PeptidoformChain& chain = isUsed ? ion.chains.front() : ion.chains.emplace_back();
+            failure = ChainReader(&m_cursor, &chain).read();
             isMore = !failure && m_cursor.rest().startsWith(u"//");
             if (isMore)
                 m_cursor.skip(2);
@@ -172,18 +176,20 @@ private:
     Peptidoform& m_peptidoform;
 };
 
-/// Reads a text that is nothing but residues, which most are; false for any other.
+/// Reads a text that is nothing but residues, which most are; false for any other. Looks at each
+/// character without a branch: capitals and small letters differ in one bit.
 bool assignResidues(QStringView text, PeptidoformChain* chain)
 {
+    constexpr char16_t withoutCase = 0xffdf;
     chain->residues.resize(text.size());
-    QChar* residue = chain->residues.data();
-    char16_t least = 1;
-    for (const QChar c : text) {
-        const char16_t capital = capitalOf(c.unicode());
-        *residue++ = QChar(capital);
-        least = std::min(least, capital);
+    QChar* const residues = chain->residues.data();
+    bool isOther = text.isEmpty();
+    for (qsizetype i = 0; i < text.size(); ++i) {
+        const auto capital = char16_t(text[i].unicode() & withoutCase);
+        isOther |= char16_t(capital - u'A') > u'Z' - u'A';
+        residues[i] = QChar(capital);
     }
-    return least != 0 && !text.isEmpty();
+    return !isOther;
 }
 
 void clear(PeptidoformChain* chain)
@@ -231,7 +237,7 @@ std::optional<Error> Peptidoform::assign(QStringView text)
         chain->positions.addRun(0, 0);
         return {};
     }
-    ions.clear();
+    chain->residues.resize(0);
     std::optional<Error> failure = PeptidoformReader(text, this).read();
     if (failure)
         *this = {};

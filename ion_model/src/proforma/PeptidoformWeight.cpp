@@ -132,13 +132,11 @@ private:
 Parsed<PeptidoformWeight> Peptidoform::weigh(qsizetype ion, const ResidueTable& residues,
                                              const ModificationTable& modifications) const
 {
-    if (ion < 0 || ion >= std::ssize(ions))
-        return Error{u"expected the number of an ion, from 0"_s};
-    const PeptidoformIon& wanted = ions[std::size_t(ion)];
     const PartWeigher weigher(residues, modifications, isotopes);
-    const Parsed<IonLayout> layout = IonLayout::of(*this, wanted, weigher);
-    return layout ? IonSum(wanted, *layout, weigher).weigh()
-                  : Parsed<PeptidoformWeight>(layout.error());
+    const Parsed<IonLayout> layout = IonLayout::of(*this, ion, weigher);
+    if (!layout)
+        return layout.error();
+    return IonSum(ions[std::size_t(ion)], *layout, weigher).weigh();
 }
 
 } // namespace ions

@@ -1,6 +1,5 @@
+#include "DataRows.h"
 #include "Peptidoforms.h"
-
-#include <QFile>
 
 #include <gtest/gtest.h>
 
@@ -14,19 +13,6 @@ namespace {
 
 /// Masses summed by hand from those of the atomic mass evaluation, good to the last digit.
 constexpr double exact = 1e-7;
-
-/// The rows of a data file, read here by other means than the library's own.
-QList<QStringList> rowsOf(const QString& name)
-{
-    QFile file(QString::fromUtf8(ION_MODEL_DATA_DIR) + u'/' + name);
-    EXPECT_TRUE(file.open(QIODevice::ReadOnly));
-    QList<QStringList> rows;
-    for (const QString& line : QString::fromUtf8(file.readAll()).split(u'\n', Qt::SkipEmptyParts)) {
-        if (!line.startsWith(u'#'))
-            rows.append(line.split(u'\t'));
-    }
-    return rows;
-}
 
 void expectUnweighed(const QString& text, qsizetype position, qsizetype chain, qsizetype residue,
                      const QString& part)
@@ -51,7 +37,7 @@ TEST(PeptidoformWeight, SumsResiduesAndModifications)
 TEST(PeptidoformWeight, EveryModificationOfUnimodWeighsWhatUnimodSays)
 {
     const double glycine = monoisotopic(u"G"_s);
-    const auto rows = rowsOf(u"unimod.tsv"_s);
+    const auto rows = dataRows(u"unimod.tsv"_s);
     ASSERT_EQ(rows.size(), 1543);
     for (const QStringList& row : rows) {
         SCOPED_TRACE(row.at(1).toStdString());
@@ -65,7 +51,7 @@ TEST(PeptidoformWeight, EveryModificationOfUnimodWeighsWhatUnimodSays)
 TEST(PeptidoformWeight, EveryCrosslinkerWeighsOnceAtItsTwoEnds)
 {
     const double peptide = monoisotopic(u"KAK"_s);
-    const auto rows = rowsOf(u"crosslinkers.tsv"_s);
+    const auto rows = dataRows(u"crosslinkers.tsv"_s);
     ASSERT_EQ(rows.size(), 60);
     for (const QStringList& row : rows) {
         const QString text = u"K["_s + row.at(0) + u"#XL1]AK[#XL1]"_s;
