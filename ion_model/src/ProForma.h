@@ -276,7 +276,7 @@ struct PeptidoformWeight
 /// const ResidueTable residues;
 /// const ModificationTable table = ModificationTable::standard(residues.atoms());
 /// const Peptidoform peptidoform = Peptidoform::read(u"EM[Oxidation]K/2").value();
-/// peptidoform.weigh(0, residues, table)->mz.monoisotopic; // 212.6019
+/// peptidoform.weigh(0, residues, table)->mz.monoisotopic; // 212.0990
 /// \endcode
 ///
 /// A value: separate instances may be used from separate threads.

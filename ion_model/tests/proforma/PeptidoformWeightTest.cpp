@@ -138,6 +138,7 @@ TEST(PeptidoformWeight, AmbiguousResiduesHaveNoMassButXUnderAModification)
 TEST(PeptidoformWeight, ChargesOfCarriersAndOfFormulasAddUp)
 {
     EXPECT_NEAR(mz(u"EMEVEESPEK/2"_s), 603.7633687, exact);
+    EXPECT_NEAR(mz(u"EM[Oxidation]K/2"_s), 212.0990, 5e-5);
     EXPECT_NEAR(mz(u"EMEVEESPEK/-2"_s), 601.7488157, exact);
     EXPECT_EQ(weightOf(u"EMEVEESPEK/-2"_s)->charge, -2);
     EXPECT_NEAR(mz(u"PEPT[Formula:Zn:z+2]IDE/2"_s), 216.3256404, 1e-6);
