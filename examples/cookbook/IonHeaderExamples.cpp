@@ -123,6 +123,23 @@ void backbones(QTextStream& out)
     require(isNear(ions.mz()[1], 272.13533, 5e-6), "FragmentIons", out);
 }
 
+void notations(QTextStream& out)
+{
+    const Peptidoform peptidoform = Peptidoform::read(u"em[unimod:0035]K/+2").value();
+    peptidoform.toString(); // "EM[UNIMOD:35]K/2"
+    require(peptidoform.toString() == u"EM[UNIMOD:35]K/2", "Peptidoform, text", out);
+}
+
+void peptidoforms(QTextStream& out)
+{
+    const ResidueTable residues;
+    const ModificationTable table = ModificationTable::standard(residues.atoms());
+    const Peptidoform peptidoform = Peptidoform::read(u"EM[Oxidation]K/2").value();
+    peptidoform.weigh(0, residues, table)->mz.monoisotopic; // 212.0990
+    require(isNear(peptidoform.weigh(0, residues, table)->mz.monoisotopic, 212.0990, 5e-5),
+            "Peptidoform, masses", out);
+}
+
 void patterns(QTextStream& out)
 {
     const AtomMasses natural;
@@ -166,6 +183,8 @@ void ionHeaderExamples(QTextStream& out)
     modificationTables(out);
     digests(out);
     backbones(out);
+    notations(out);
+    peptidoforms(out);
     patterns(out);
     peaks(out);
     formulasOfCaffeine(out);

@@ -15,5 +15,6 @@
 #include "NucleotideTable.h"
 #include "Parsed.h"
 #include "PeakMatch.h"
+#include "ProForma.h"
 #include "ResidueTable.h"
 #include "Tolerance.h"

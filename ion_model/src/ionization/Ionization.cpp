@@ -1,5 +1,6 @@
 #include "Ionization.h"
 
+#include "masses/NaturalAtoms.h"
 #include "support/TextCursor.h"
 
 #include <algorithm>
@@ -49,13 +50,6 @@ std::optional<int> knownCharge(const Composition& carrier)
     if (known == compositions.end())
         return {};
     return knownCarriers[std::size_t(known - compositions.begin())].charge;
-}
-
-/// Carriers come from bottles, whose isotopes are natural.
-const AtomMasses& naturalAtoms()
-{
-    static const AtomMasses atoms;
-    return atoms;
 }
 
 QString signedNumber(int number)

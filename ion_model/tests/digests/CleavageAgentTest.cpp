@@ -1,9 +1,9 @@
+#include "DataRows.h"
 #include "Digest.h"
 #include "RandomTexts.h"
 #include "RefusedTexts.h"
 #include "TestPrinters.h"
 
-#include <QFile>
 #include <QRegularExpression>
 
 #include <gtest/gtest.h>
@@ -16,19 +16,6 @@ namespace {
 
 /// Every letter, and what else may stand in a protein's text.
 const QString oddLetters = u"ACDEFGHIKLMNPQRSTVWYBJOUXZ*-. kp\u00e9\n"_s;
-
-/// The rows of a data file: texts separated by tabs.
-QList<QStringList> rowsOf(const QString& fileName)
-{
-    QFile file(QStringLiteral(ION_MODEL_DATA_DIR) + u'/' + fileName);
-    EXPECT_TRUE(file.open(QIODevice::ReadOnly));
-    QList<QStringList> rows;
-    for (const QString& line : QString::fromUtf8(file.readAll()).split(u'\n', Qt::SkipEmptyParts)) {
-        if (!line.startsWith(u'#'))
-            rows.append(line.split(u'\t'));
-    }
-    return rows;
-}
 
 std::vector<qsizetype> cutsOf(const CleavageAgent& agent, const QString& text)
 {
@@ -63,7 +50,7 @@ QString productsOf(const CleavageAgent& agent, const QString& text)
 QList<QStringList> rulesOf(const QString& fileName, qsizetype column)
 {
     QList<QStringList> rules;
-    for (const QStringList& row : rowsOf(fileName)) {
+    for (const QStringList& row : dataRows(fileName)) {
         if (!row.at(column).isEmpty())
             rules.append({row.at(column - 1), row.at(column)});
     }
@@ -72,7 +59,7 @@ QList<QStringList> rulesOf(const QString& fileName, qsizetype column)
 
 TEST(Protease, EveryNameAndAccessionOfTheVocabularyIsKnownInAnyCase)
 {
-    const QList<QStringList> rows = rowsOf(u"proteases.tsv"_s);
+    const QList<QStringList> rows = dataRows(u"proteases.tsv"_s);
     EXPECT_EQ(rows.size(), 26);
     ASSERT_EQ(Protease::names().size(), rows.size());
     for (qsizetype i = 0; i < rows.size(); ++i) {

@@ -379,6 +379,22 @@ std::vector<ConstCall> ionCalls()
              use(Backbone::ofMolecule(s.molecule, s.residues));
              use(Backbone::oligonucleotide(u"rA*CGT", s.oligonucleotides));
          }},
+        {"ProForma::of",
+         [](Shared s) {
+             use(s.peptidoform.ions[0].chains[0].positions.of(1));
+         }},
+        {"ProForma::toString",
+         [](Shared s) {
+             use(s.peptidoform.toString(), Peptidoform::read(u"EM[U:35]K"));
+         }},
+        {"ProForma::weigh",
+         [](Shared s) {
+             use(s.peptidoform.weigh(0, s.residues, s.modifications));
+         }},
+        {"ProForma::backbone",
+         [](Shared s) {
+             use(s.peptidoform.backbone(0, s.residues, s.modifications));
+         }},
         {"Backbone::chains",
          [](Shared s) {
              use(BackboneChain(s.linked.chains()[1]));

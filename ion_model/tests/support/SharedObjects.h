@@ -15,6 +15,7 @@ struct SharedObjects
     RnaTable nucleotides{residues};
     NucleotideTable oligonucleotides;
     ModificationTable modifications = ModificationTable::standard(atoms);
+    Peptidoform peptidoform = Peptidoform::read(u"[Acetyl]-EM[Oxidation]K/2").value();
     Composition glucose = Composition::read(u"C6[13C2]H12O6").value();
     Ionization ion = Ionization::read(u"[M+H+Na]2+").value();
     Parsed<Composition> parsed = Composition::read(u"H2O");

@@ -1,0 +1,303 @@
+#include "proforma/IonLayout.h"
+
+#include "proforma/ChainSites.h"
+#include "proforma/ModificationText.h"
+
+#include <algorithm>
+
+using namespace Qt::StringLiterals;
+
+namespace ions {
+
+namespace {
+
+using Failure = std::optional<Error>;
+
+/// What one label joins.
+struct LabelGroup
+{
+    const Modification* description = nullptr; ///< Null as long as only the label was met.
+    PartWeight weight;
+    int count = 1;
+    std::vector<std::pair<std::size_t, qsizetype>> sites; ///< Chains and units.
+    TextPosition position;                                ///< Of the first mention.
+};
+
+/// Labels by kind, and by chain where they hold for one chain only.
+using GroupKey = std::tuple<std::size_t, int, QString>;
+
+} // namespace
+
+/// Goes through the lists of an ion and weighs what it finds.
+class LayoutBuilder
+{
+public:
+    LayoutBuilder(const Peptidoform& peptidoform, const PeptidoformIon& ion,
+                  const PartWeigher& weigher)
+        : m_peptidoform(peptidoform)
+        , m_ion(ion)
+        , m_weigher(weigher)
+    {
+    }
+
+    Parsed<IonLayout> build()
+    {
+        Failure failure = m_weigher.refusal();
+        for (m_chainIndex = 0; !failure && m_chainIndex < m_ion.chains.size(); ++m_chainIndex)
+            failure = layChain();
+        if (!failure)
+            failure = layGroups();
+        return failure ? Parsed<IonLayout>(*std::move(failure)) : std::move(m_layout);
+    }
+
+private:
+    const PeptidoformChain& chain() const { return m_ion.chains[m_chainIndex]; }
+    qsizetype lastUnit() const { return chain().residues.size() - 1; }
+
+    Failure layChain()
+    {
+        if (chain().residues.isEmpty())
+            return at(Error{u"expected a residue"_s}, {}, -1);
+        ChainSites sites(chain());
+        Failure failure = layFixed(&sites);
+        if (!failure)
+            failure = layResidues(sites);
+        if (!failure)
+            failure = layPlaced();
+        return failure ? failure : layOpen(sites);
+    }
+
+    /// Adds the place to a refusal.
+    Error at(Error error, TextPosition position, qsizetype residue) const
+    {
+        if (error.position < 0)
+            error.position = position.index;
+        error.chain = qsizetype(m_chainIndex);
+        error.residue = residue;
+        return error;
+    }
+
+    Failure layResidues(const ChainSites& sites)
+    {
+        for (qsizetype i = 0; i < chain().residues.size(); ++i) {
+            const char16_t letter = chain().residues[i].unicode();
+            const TextPosition position{chain().positions.of(i)};
+            if (letter == u'X' && !sites.isTaken(i))
+                return at({u"X weighs nothing known without a modification"_s}, position, i);
+            const auto index = std::size_t(letter - u'A');
+            if (index >= m_isWeighed.size())
+                return at({u"expected a capital letter from A to Z"_s}, position, i);
+            if (m_isWeighed[index])
+                continue;
+            Parsed<PartWeight> weight = m_weigher.residue(letter);
+            if (!weight)
+                return at(weight.error(), position, i);
+            m_layout.m_residues[index] = *std::move(weight);
+            m_isWeighed[index] = true;
+        }
+        return {};
+    }
+
+    /// Rules for all ions: each looks at what is written, not at what other rules add.
+    Failure layFixed(ChainSites* sites)
+    {
+        const ChainSites written = *sites;
+        for (const FixedModification& rule : m_peptidoform.fixed) {
+            Parsed<PartWeight> weight = m_weigher.modification(rule.modification);
+            if (!weight)
+                return weight.error();
+            const auto isAny = [&rule](auto matches) {
+                return std::any_of(rule.places.begin(), rule.places.end(), matches);
+            };
+            const TextPosition position = rule.modification.position;
+            if (!written.isLeftEndTaken() &&
+                isAny([&](const PlaceRule& place) { return written.isLeftEndOf(place); }))
+                lay(LaidPart::LeftEnd, 0, *weight, position);
+            if (!written.isRightEndTaken() &&
+                isAny([&](const PlaceRule& place) { return written.isRightEndOf(place); }))
+                lay(LaidPart::RightEnd, lastUnit(), *weight, position);
+            for (qsizetype i = 0; i <= lastUnit(); ++i) {
+                if (!written.isTaken(i) &&
+                    isAny([&](const PlaceRule& place) { return written.isResidueOf(place, i); })) {
+                    lay(LaidPart::Unit, i, *weight, position);
+                    sites->take(i);
+                }
+            }
+        }
+        return {};
+    }
+
+    LaidPart& lay(LaidPart::Place place, qsizetype unit, PartWeight weight, TextPosition position)
+    {
+        m_layout.m_parts.push_back({place, m_chainIndex, unit, {}, std::move(weight), 1, position});
+        return m_layout.m_parts.back();
+    }
+
+    Failure layPlaced()
+    {
+        for (const Modification& modification : chain().leftEnd) {
+            if (Failure failure = layOne(modification, LaidPart::LeftEnd, 0))
+                return failure;
+        }
+        for (const ResidueModification& one : chain().modifications) {
+            if (Failure failure = layOne(one.modification, LaidPart::Unit, one.residue))
+                return failure;
+        }
+        for (const Modification& modification : chain().rightEnd) {
+            if (Failure failure = layOne(modification, LaidPart::RightEnd, lastUnit()))
+                return failure;
+        }
+        for (const Modification& modification : chain().labile) {
+            if (Failure failure = layOne(modification, LaidPart::Labile, 0))
+                return failure;
+        }
+        return {};
+    }
+
+    Failure layOne(const Modification& modification, LaidPart::Place place, qsizetype unit)
+    {
+        if (modification.label.kind != ModificationLabel::None)
+            return join(modification, {unit}, 1, unit);
+        Parsed<PartWeight> weight = m_weigher.modification(modification);
+        if (!weight)
+            return at(weight.error(), modification.position, unit);
+        lay(place, unit, *std::move(weight), modification.position);
+        return {};
+    }
+
+    Failure layOpen(const ChainSites& sites)
+    {
+        for (const UnlocalisedModification& one : chain().unlocalised) {
+            if (Failure failure = layOpen(one.modification, sites, 0, lastUnit(), one.count))
+                return failure;
+        }
+        for (const ResidueRange& range : chain().ranges) {
+            for (const Modification& modification : range.modifications) {
+                if (Failure failure = layOpen(modification, sites, range.first, range.last, 1))
+                    return failure;
+            }
+        }
+        return {};
+    }
+
+    /// A modification somewhere from one unit to another. With a label it is where the label is; a
+    /// range is one of its places, all of the chain only where no other place is named.
+    Failure layOpen(const Modification& modification, const ChainSites& sites, qsizetype first,
+                    qsizetype last, int count)
+    {
+        std::vector<qsizetype> units = sites.openSites(modification.placement, first, last);
+        if (modification.label.kind != ModificationLabel::None) {
+            const bool isEverywhere = first == 0 && last == lastUnit();
+            if (isEverywhere)
+                m_everywhere[keyOf(modification.label)] = units;
+            return join(modification, isEverywhere ? std::vector<qsizetype>() : units, count,
+                        first);
+        }
+        Parsed<PartWeight> weight = m_weigher.modification(modification);
+        if (!weight)
+            return at(weight.error(), modification.position, first);
+        LaidPart& part = lay(LaidPart::Open, 0, *std::move(weight), modification.position);
+        part.units = std::move(units);
+        part.count = count;
+        return {};
+    }
+
+    GroupKey keyOf(const ModificationLabel& label) const
+    {
+        // Bridges reach from chain to chain, ambiguous places belong to one.
+        const bool isOfChain = label.kind == ModificationLabel::Ambiguous;
+        return {isOfChain ? m_chainIndex + 1 : 0, int(label.kind), label.name};
+    }
+
+    /// Adds a mention of a label to those met so far.
+    Failure join(const Modification& modification, const std::vector<qsizetype>& units, int count,
+                 qsizetype residue)
+    {
+        const auto [place, isNew] = m_groups.try_emplace(keyOf(modification.label));
+        LabelGroup& group = place->second;
+        if (isNew) {
+            m_order.push_back(place->first);
+            group.position = modification.position;
+        }
+        for (const qsizetype unit : units)
+            group.sites.emplace_back(m_chainIndex, unit);
+        return modification.tags.empty() ? Failure()
+                                         : describe(modification, count, residue, &group);
+    }
+
+    Failure describe(const Modification& modification, int count, qsizetype residue,
+                     LabelGroup* group)
+    {
+        Parsed<PartWeight> weight = m_weigher.modification(modification);
+        if (!weight)
+            return at(weight.error(), modification.position, residue);
+        if (group->description && !isSameWeight(group->weight, *weight)) {
+            return at({u"expected the modification that the label has elsewhere, "_s +
+                       modificationText(*group->description)},
+                      modification.position, residue);
+        }
+        group->description = &modification;
+        group->weight = *std::move(weight);
+        group->count = std::max(group->count, count);
+        return {};
+    }
+
+    Failure layGroups()
+    {
+        for (const GroupKey& key : m_order) {
+            LabelGroup& group = m_groups[key];
+            if (!group.description) {
+                m_chainIndex = group.sites.front().first;
+                return at({u"no modification is described for the label "_s + labelOf(key)},
+                          group.position, group.sites.front().second);
+            }
+            std::sort(group.sites.begin(), group.sites.end());
+            if (std::get<1>(key) == ModificationLabel::Ambiguous)
+                layAmbiguous(key, std::move(group));
+            else
+                m_layout.m_links.push_back(
+                    {std::move(group.weight), std::move(group.sites), group.description->position});
+        }
+        return {};
+    }
+
+    void layAmbiguous(const GroupKey& key, LabelGroup group)
+    {
+        m_chainIndex = std::get<0>(key) - 1;
+        LaidPart& part =
+            lay(LaidPart::Open, 0, std::move(group.weight), group.description->position);
+        part.count = group.count;
+        for (const auto& [chain, unit] : group.sites)
+            part.units.push_back(unit);
+        part.units.erase(std::unique(part.units.begin(), part.units.end()), part.units.end());
+        if (part.units.empty())
+            part.units = m_everywhere[key];
+    }
+
+    static QString labelOf(const GroupKey& key)
+    {
+        Modification modification;
+        modification.label = {ModificationLabel::Kind(std::get<1>(key)), std::get<2>(key), {}};
+        return modificationText(modification);
+    }
+
+    const Peptidoform& m_peptidoform;
+    const PeptidoformIon& m_ion;
+    const PartWeigher& m_weigher;
+    std::size_t m_chainIndex = 0;
+    std::array<bool, 26> m_isWeighed{};
+    std::map<GroupKey, LabelGroup> m_groups;
+    std::vector<GroupKey> m_order;                           ///< As they are met.
+    std::map<GroupKey, std::vector<qsizetype>> m_everywhere; ///< Places of unlocalised ones.
+    IonLayout m_layout;
+};
+
+Parsed<IonLayout> IonLayout::of(const Peptidoform& peptidoform, qsizetype ion,
+                                const PartWeigher& weigher)
+{
+    if (ion < 0 || ion >= std::ssize(peptidoform.ions))
+        return Error{u"expected the number of an ion, from 0"_s};
+    return LayoutBuilder(peptidoform, peptidoform.ions[std::size_t(ion)], weigher).build();
+}
+
+} // namespace ions

@@ -1,0 +1,65 @@
+#pragma once
+
+#include "Parsed.h"
+#include "ProForma.h"
+#include "proforma/PartWeigher.h"
+
+#include <QString>
+
+#include <array>
+#include <map>
+#include <optional>
+#include <utility>
+#include <vector>
+
+namespace ions {
+
+/// A part that sits on a chain, and where.
+struct LaidPart
+{
+    /// What it sits on.
+    enum Place { Unit, LeftEnd, RightEnd, Open, Labile };
+
+    Place place = Unit;
+    std::size_t chain = 0;
+    qsizetype unit = 0;           ///< Of a unit; 0 for anything else.
+    std::vector<qsizetype> units; ///< Where an open part may sit, ascending.
+    PartWeight weight;
+    int count = 1;         ///< How many of them there are.
+    TextPosition position; ///< In the text.
+};
+
+/// A bridge, and the units that it joins, by chain and unit in the order of the text.
+struct LaidLink
+{
+    PartWeight weight;
+    std::vector<std::pair<std::size_t, qsizetype>> sites;
+    TextPosition position; ///< Of its description.
+};
+
+/// All parts of one peptidoform ion, weighed, each once and where it sits. Weighing sums them up,
+/// fragments arrange them.
+class IonLayout
+{
+public:
+    /// Weighs the parts of one ion, counted from 0, by the rules for all of them.
+    static Parsed<IonLayout> of(const Peptidoform& peptidoform, qsizetype ion,
+                                const PartWeigher& weigher);
+
+    const std::vector<LaidPart>& parts() const { return m_parts; }
+    const std::vector<LaidLink>& links() const { return m_links; }
+    /// The weight of a residue that the ion has.
+    const PartWeight& residue(QChar letter) const
+    {
+        return m_residues[std::size_t(letter.unicode() - u'A')];
+    }
+
+private:
+    friend class LayoutBuilder;
+
+    std::vector<LaidPart> m_parts;
+    std::vector<LaidLink> m_links;
+    std::array<PartWeight, 26> m_residues; ///< By capital letter.
+};
+
+} // namespace ions

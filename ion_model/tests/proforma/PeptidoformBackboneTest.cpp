@@ -1,0 +1,198 @@
+#include "FragmentIons.h"
+#include "Peptidoforms.h"
+#include "ProFormaExamples.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <cmath>
+
+using namespace Qt::StringLiterals;
+
+namespace ions {
+
+namespace {
+
+Parsed<Backbone> backboneOf(const QString& text)
+{
+    return peptidoform(text).backbone(0, naturalResidues(), standardModifications());
+}
+
+QStringList labelsOf(const QString& text, const IonOptions& options = {})
+{
+    const Parsed<Backbone> backbone = backboneOf(text);
+    EXPECT_TRUE(backbone.hasValue()) << text.toStdString();
+    FragmentIons ions;
+    EXPECT_FALSE(ions.assign(*backbone, options));
+    QStringList labels;
+    for (qsizetype i = 0; i < std::ssize(ions.mz()); ++i)
+        labels.append(ions.label(*backbone, i));
+    return labels;
+}
+
+/// The m/z of all ions with a label, in the order of the list.
+std::vector<double> ionsOf(const QString& text, const QString& label,
+                           const IonOptions& options = {})
+{
+    const Parsed<Backbone> backbone = backboneOf(text);
+    EXPECT_TRUE(backbone.hasValue())
+        << text.toStdString() << ": " << (backbone ? "" : backbone.error().message.toStdString());
+    FragmentIons ions;
+    EXPECT_FALSE(ions.assign(*backbone, options));
+    std::vector<double> all;
+    for (qsizetype i = 0; i < std::ssize(ions.mz()); ++i) {
+        if (ions.label(*backbone, i) == label)
+            all.push_back(ions.mz()[std::size_t(i)]);
+    }
+    return all;
+}
+
+double ion(const QString& text, const QString& label, const IonOptions& options = {})
+{
+    const std::vector<double> all = ionsOf(text, label, options);
+    EXPECT_EQ(all.size(), 1u) << text.toStdString() << " " << label.toStdString();
+    return all.empty() ? 0.0 : all.front();
+}
+
+constexpr double exact = 1e-6;
+constexpr double phospho = 79.9663305;
+
+TEST(PeptidoformBackbone, WeighsWhatThePeptidoformWeighs)
+{
+    int compared = 0;
+    for (const ProFormaExample& example : proFormaExamples()) {
+        const Parsed<Peptidoform> whole = Peptidoform::read(wholeText(example));
+        if (!whole)
+            continue;
+        const auto weight = whole->weigh(0, naturalResidues(), standardModifications());
+        const auto backbone = whole->backbone(0, naturalResidues(), standardModifications());
+        if (!weight || !backbone)
+            continue;
+        qint64 protons = weight->charge; // those that balance charges on the molecule
+        protons -= whole->ions[0].protons.value_or(0);
+        for (const ChargeCarrier& carrier : whole->ions[0].carriers)
+            protons -= qint64(carrier.formula.charge) * carrier.count;
+        const double balance = double(protons) * backbone->breaks().proton;
+        EXPECT_NEAR(backbone->masses().monoisotopic, weight->masses.monoisotopic - balance, 1e-8)
+            << example.text.toStdString();
+        ++compared;
+    }
+    EXPECT_GT(compared, 60);
+}
+
+TEST(PeptidoformBackbone, IonsHoldTheModificationsOfTheirResiduesAndEnd)
+{
+    const double b2 = ion(u"PEPTIDE"_s, u"b2"_s);
+    EXPECT_NEAR(b2, 227.102634, exact);
+    EXPECT_NEAR(ion(u"PE[Phospho]PTIDE"_s, u"b2"_s), b2 + phospho, exact);
+    EXPECT_NEAR(ion(u"PEP[Phospho]TIDE"_s, u"b2"_s), b2, exact);
+    EXPECT_NEAR(ion(u"[+10][+1]-PEPTIDE"_s, u"b2"_s), b2 + 11, exact);
+    EXPECT_NEAR(ion(u"PEPTIDE-[+10]"_s, u"b2"_s), b2, exact);
+    EXPECT_NEAR(ion(u"PEPTIDE-[+10]"_s, u"y1"_s), ion(u"PEPTIDE"_s, u"y1"_s) + 10, exact);
+    EXPECT_NEAR(ion(u"<[+5]@E>PEPTIDE"_s, u"b2"_s), b2 + 5, exact);
+}
+
+TEST(PeptidoformBackbone, IsotopesReachEveryIonAndNoProton)
+{
+    // y1 of glycine is G + H2O + proton, its carbons heavy.
+    EXPECT_NEAR(ion(u"<13C>AG"_s, u"y1"_s), 76.039304 + 2 * 1.0033548, exact);
+    IonOptions options;
+    options.series = {Series::A};
+    // a1 of alanine has lost CO, whose carbon is heavy as well.
+    EXPECT_NEAR(ion(u"<13C>AG"_s, u"a1"_s, options), 44.049476 + 2 * 1.0033548, exact);
+}
+
+TEST(PeptidoformBackbone, LabileModificationsAreInThePrecursorOnly)
+{
+    EXPECT_NEAR(ion(u"{Glycan:Hex}PEPTIDE"_s, u"b2"_s), 227.102634, exact);
+    IonOptions options;
+    options.series = {Series::Precursor};
+    const std::vector<double> both = ionsOf(u"{Glycan:Hex}PEPTIDE"_s, u"p"_s, options);
+    ASSERT_EQ(both.size(), 2u);
+    EXPECT_NEAR(std::abs(both[0] - both[1]), 162.052823, exact);
+}
+
+TEST(PeptidoformBackbone, OpenModificationsComeBothWays)
+{
+    const double b2 = ion(u"ASAS"_s, u"b2"_s);
+    for (const QString& text :
+         {u"AS[Phospho#g1]AS[#g1]"_s, u"AS[#g1]AS[Phospho#g1]"_s, u"[Phospho|Position:S]?ASAS"_s,
+          u"[Phospho#g1]?AS[#g1]AS[#g1]"_s, u"A(SAS)[Phospho]"_s, u"[Phospho]?ASAS"_s}) {
+        const std::vector<double> ways = ionsOf(text, u"b2"_s);
+        ASSERT_EQ(ways.size(), 2u) << text.toStdString();
+        EXPECT_NEAR(ways[0], b2, exact);
+        EXPECT_NEAR(ways[1], b2 + phospho, exact);
+        const bool isAnywhere = text.startsWith(u"[Phospho]?");
+        EXPECT_EQ(ionsOf(text, u"b1"_s).size(), isAnywhere ? 2u : 1u) << text.toStdString();
+    }
+}
+
+TEST(PeptidoformBackbone, OpenModificationsSitBesideKnownOnesOnlyWhereTheTextSaysSo)
+{
+    EXPECT_EQ(ionsOf(u"[Phospho]?AS[+1]A"_s, u"b1"_s).size(), 2u);
+    EXPECT_EQ(ionsOf(u"[Phospho|Position:S]?AS[+1]AS"_s, u"b2"_s).size(), 1u);
+    EXPECT_EQ(ionsOf(u"[Phospho|Position:S|CoMKP]?AS[+1]AS"_s, u"b2"_s).size(), 2u);
+    EXPECT_EQ(ionsOf(u"<[+1]@S>[Phospho|Position:S,N-term]?ASAS"_s, u"b1"_s).size(), 1u);
+    const Parsed<Backbone> none = backboneOf(u"[Phospho|Position:S]?AS[+1]A"_s);
+    ASSERT_FALSE(none.hasValue());
+    EXPECT_EQ(none.error().position, 0);
+    EXPECT_TRUE(none.error().message.contains(u"a place"_s));
+}
+
+TEST(PeptidoformBackbone, AnIonOfOneSideOfALinkCarriesTheOtherSide)
+{
+    const QString linked = u"SEK[X:DSS#XL1]UENCE//EMEVTK[#XL1]SESPEK"_s;
+    const double other = monoisotopic(u"EMEVTKSESPEK"_s) + 138.0680796;
+    EXPECT_NEAR(ion(linked, u"1:b3"_s), ion(u"SEKUENCE"_s, u"b3"_s) + other, 1e-5);
+    EXPECT_NEAR(ion(linked, u"1:b2"_s), ion(u"SEKUENCE"_s, u"b2"_s), 1e-5);
+    // Inside a loop no cut parts the molecule.
+    QStringList labels = labelsOf(u"AC[X:Disulfide#XL1]AC[#XL1]A"_s);
+    labels.sort();
+    EXPECT_EQ(labels, (QStringList{u"b1"_s, u"b4"_s, u"y1"_s, u"y4"_s}));
+}
+
+TEST(PeptidoformBackbone, BranchesAreLinks)
+{
+    const QString branched = u"ETFGD[U:Dehydrated#BRANCH]A//R[#BRANCH]ATER"_s;
+    const double other = monoisotopic(u"RATER"_s) - 18.0105647;
+    EXPECT_NEAR(ion(branched, u"1:b5"_s), ion(u"ETFGDA"_s, u"b5"_s) + other, 1e-5);
+}
+
+TEST(PeptidoformBackbone, IonsLoseWhatTheirModificationsLose)
+{
+    const double b2 = ion(u"AS[Phospho]AG"_s, u"b2"_s);
+    EXPECT_NEAR(ion(u"AS[Phospho]AG"_s, u"b2-H3O4P"_s), b2 - 97.9768957, exact);
+    EXPECT_TRUE(ionsOf(u"AS[Phospho]AG"_s, u"b1-H3O4P"_s).empty());
+    EXPECT_TRUE(ionsOf(u"AY[Phospho]AG"_s, u"b2-H3O4P"_s).empty());
+}
+
+TEST(PeptidoformBackbone, ChargesOnTheMoleculeCountAmongThoseOfIons)
+{
+    IonOptions options;
+    options.series = {Series::Precursor};
+    options.charges = {4};
+    EXPECT_NEAR(ion(u"PEPT[Formula:Zn:z+2]IDE"_s, u"p^4"_s, options),
+                mz(u"PEPT[Formula:Zn:z+2]IDE/2"_s), exact);
+}
+
+TEST(PeptidoformBackbone, UnknownOrderOfUnequalResiduesIsRefused)
+{
+    EXPECT_TRUE(backboneOf(u"A(?N)GA(?AA)A(?IL)"_s).hasValue());
+    const Parsed<Backbone> unknown = backboneOf(u"AA(?DQ)NGT"_s);
+    ASSERT_FALSE(unknown.hasValue());
+    EXPECT_EQ(unknown.error().position, 4);
+    EXPECT_EQ(unknown.error().residue, 2);
+    EXPECT_FALSE(backboneOf(u"A(?AA[+1])"_s).hasValue());
+}
+
+TEST(PeptidoformBackbone, MorePlacesThanAnyoneCanListAreRefused)
+{
+    EXPECT_FALSE(backboneOf(u"[Phospho]^2000000000?AA"_s).hasValue());
+    EXPECT_FALSE(backboneOf(u"A[no such]"_s).hasValue());
+    EXPECT_FALSE(
+        peptidoform(u"A"_s).backbone(1, naturalResidues(), standardModifications()).hasValue());
+}
+
+} // namespace
+
+} // namespace ions
