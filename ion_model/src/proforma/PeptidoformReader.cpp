@@ -1,8 +1,8 @@
 #include "ProForma.h"
 #include "proforma/AsciiLetters.h"
-#include "proforma/ChainReader.h"
 #include "proforma/FormulaText.h"
 #include "proforma/ModificationText.h"
+#include "proforma/PeptidoformChainReader.h"
 #include "proforma/PeptidoformOrder.h"
 
 #include <utility>
@@ -120,7 +120,7 @@ private:
         bool isMore = true;
         for (bool isUsed = isFirst; !failure && isMore; isUsed = false) {
             PeptidoformChain& chain = isUsed ? ion.chains.front() : ion.chains.emplace_back();
-            failure = ChainReader(&m_cursor, &chain).read();
+            failure = PeptidoformChainReader(&m_cursor, &chain).read();
             isMore = !failure && m_cursor.rest().startsWith(u"//");
             if (isMore)
                 m_cursor.skip(2);

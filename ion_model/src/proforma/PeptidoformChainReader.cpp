@@ -1,4 +1,4 @@
-#include "proforma/ChainReader.h"
+#include "proforma/PeptidoformChainReader.h"
 
 #include "proforma/AsciiLetters.h"
 #include "proforma/ModificationText.h"
@@ -48,7 +48,7 @@ std::optional<Error> takeChainName(TextCursor* cursor, int marks, QString* name)
     return {};
 }
 
-std::optional<Error> ChainReader::read()
+std::optional<Error> PeptidoformChainReader::read()
 {
     if (atChainName(m_cursor, 1)) {
         if (Failure failure = takeChainName(&m_cursor, 1, &m_chain.name))
@@ -61,7 +61,7 @@ std::optional<Error> ChainReader::read()
 }
 
 /// Unlocalised modifications, then labile ones, then those of the left end.
-std::optional<Error> ChainReader::readLeading()
+std::optional<Error> PeptidoformChainReader::readLeading()
 {
     bool canBeUnlocalised = true;
     while (m_cursor.peek() == u'[' || m_cursor.peek() == u'{') {
@@ -87,7 +87,7 @@ std::optional<Error> ChainReader::readLeading()
 
 /// A run of modifications in brackets. One that is only a label has no count: it can but name an
 /// end.
-std::optional<Error> ChainReader::takeLeading(std::vector<Leading>* leading)
+std::optional<Error> PeptidoformChainReader::takeLeading(std::vector<Leading>* leading)
 {
     while (m_cursor.peek() == u'[') {
         Leading& next = leading->emplace_back();
@@ -105,7 +105,7 @@ std::optional<Error> ChainReader::takeLeading(std::vector<Leading>* leading)
     return {};
 }
 
-std::optional<Error> ChainReader::placeUnlocalised(std::vector<Leading> leading)
+std::optional<Error> PeptidoformChainReader::placeUnlocalised(std::vector<Leading> leading)
 {
     for (Leading& next : leading) {
         if (next.modification.tags.empty())
@@ -116,7 +116,7 @@ std::optional<Error> ChainReader::placeUnlocalised(std::vector<Leading> leading)
     return {};
 }
 
-std::optional<Error> ChainReader::placeLeftEnd(std::vector<Leading> leading)
+std::optional<Error> PeptidoformChainReader::placeLeftEnd(std::vector<Leading> leading)
 {
     const bool isCounted =
         std::any_of(leading.begin(), leading.end(), [](const Leading& l) { return l.count; });
@@ -130,13 +130,13 @@ std::optional<Error> ChainReader::placeLeftEnd(std::vector<Leading> leading)
     return {};
 }
 
-std::optional<Error> ChainReader::readLabile()
+std::optional<Error> PeptidoformChainReader::readLabile()
 {
     return takeModification(&m_cursor, ModificationBrackets::Labile,
                             &m_chain.labile.emplace_back());
 }
 
-std::optional<Error> ChainReader::readSequence()
+std::optional<Error> PeptidoformChainReader::readSequence()
 {
     bool isNewRun = true;
     const bool isAtEnd = m_chain.leftEnd.empty();
@@ -154,7 +154,7 @@ std::optional<Error> ChainReader::readSequence()
 }
 
 /// A residue and its modifications.
-std::optional<Error> ChainReader::readResidue(bool isNewRun)
+std::optional<Error> PeptidoformChainReader::readResidue(bool isNewRun)
 {
     if (isNewRun)
         m_chain.positions.addRun(m_chain.residues.size(), m_cursor.position());
@@ -171,7 +171,7 @@ std::optional<Error> ChainReader::readResidue(bool isNewRun)
     return {};
 }
 
-std::optional<Error> ChainReader::readRange()
+std::optional<Error> PeptidoformChainReader::readRange()
 {
     m_cursor.skip();
     ResidueRange range;
@@ -188,7 +188,7 @@ std::optional<Error> ChainReader::readRange()
     return {};
 }
 
-std::optional<Error> ChainReader::readRangeResidues()
+std::optional<Error> PeptidoformChainReader::readRangeResidues()
 {
     if (!atResidue(m_cursor))
         return m_cursor.expected(u"a residue"_s);
@@ -202,7 +202,7 @@ std::optional<Error> ChainReader::readRangeResidues()
 }
 
 /// The modifications behind a range; each is described there.
-std::optional<Error> ChainReader::readRangeModifications(ResidueRange* range)
+std::optional<Error> PeptidoformChainReader::readRangeModifications(ResidueRange* range)
 {
     if (m_cursor.peek() != u'[')
         return m_cursor.expected(u"\"[\" and a modification of the range"_s);
@@ -219,7 +219,7 @@ std::optional<Error> ChainReader::readRangeModifications(ResidueRange* range)
     return {};
 }
 
-std::optional<Error> ChainReader::readRightEnd()
+std::optional<Error> PeptidoformChainReader::readRightEnd()
 {
     if (!m_cursor.take(u'-'))
         return {};

@@ -15,11 +15,11 @@ std::optional<Error> takeChainName(TextCursor* cursor, int marks, QString* name)
 bool atChainName(const TextCursor& cursor, int marks);
 
 /// Reads one chain, step by step from the left, up to what belongs to no chain.
-class ChainReader
+class PeptidoformChainReader
 {
 public:
     /// Reads at `cursor` into `chain`, which holds nothing yet.
-    ChainReader(TextCursor* cursor, PeptidoformChain* chain)
+    PeptidoformChainReader(TextCursor* cursor, PeptidoformChain* chain)
         : m_cursor(*cursor)
         , m_chain(*chain)
     {
