@@ -85,7 +85,7 @@ private:
     std::optional<Error> modifyResidues()
     {
         for (const chem::Modification& modification : std::as_const(m_modifications)) {
-            const QList<Position> places = modification.possibleChainLocations();
+            const QList<Position>& places = modification.possibleChainLocations();
             if (!places.isEmpty() && m_lastCut.isOlder(modification))
                 return refusal(u"no place that counts from before a cut"_s, places.first());
             const auto odd = std::find_if_not(places.begin(), places.end(),
@@ -128,7 +128,7 @@ private:
 
     std::optional<Error> placeOpenGroup(const chem::Modification& modification)
     {
-        const QList<Position> places = modification.possibleChainLocations();
+        const QList<Position>& places = modification.possibleChainLocations();
         const Masses masses = massesOf(modification);
         if (!isFinite(masses))
             return Error{u"expected a modification with a mass"_s};

@@ -178,6 +178,7 @@ void sortParts(std::vector<PlacedPart>* parts)
     }
     std::sort(keys.begin(), keys.end());
     std::vector<PlacedPart> sorted;
+    sorted.reserve(keys.size());
     for (const auto& [rank, text, index] : keys)
         sorted.push_back(std::move((*parts)[index]));
     *parts = std::move(sorted);

@@ -146,6 +146,7 @@ void sortGlobals(Peptidoform* peptidoform)
         order.emplace_back(fixedText(peptidoform->fixed[i]), i);
     std::sort(order.begin(), order.end());
     std::vector<FixedModification> sorted;
+    sorted.reserve(order.size());
     for (const auto& [text, index] : order)
         sorted.push_back(std::move(peptidoform->fixed[index]));
     peptidoform->fixed = std::move(sorted);
