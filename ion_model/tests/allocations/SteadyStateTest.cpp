@@ -4,8 +4,8 @@
 
 #include <gtest/gtest.h>
 
+#include <cstdlib>
 #include <functional>
-#include <new>
 
 using namespace Qt::StringLiterals;
 
@@ -46,8 +46,9 @@ IonOptions withLosses(const QStringList& losses)
 TEST(SteadyState, AllocationsAreSeen)
 {
     const faults::OutOfMemory shortage(1, faults::Shortage::Lasting);
-    // Called by name: a compiler may leave out what an expression with new would allocate.
-    EXPECT_THROW(::operator delete(::operator new(800)), std::bad_alloc);
+    // A compiler may leave out an allocation that it knows of, and an exception would need memory.
+    void* (*volatile allocate)(std::size_t) = &std::malloc;
+    EXPECT_EQ(allocate(800), nullptr);
     EXPECT_TRUE(faults::hasRunOut());
 }
 

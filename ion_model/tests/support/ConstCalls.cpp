@@ -259,7 +259,7 @@ std::vector<ConstCall> modificationCalls()
         {"ModificationTable::byName",
          [](Shared s) {
              use(*s.modifications.byName(u"phospho"),
-                 *s.modifications.byName(Vocabulary::Xlmod, u"DSSO"));
+                 *s.modifications.byName(Vocabulary::Xlmod, u"DSS"));
          }},
         {"ModificationTable::byAccession",
          [](Shared s) {
