@@ -59,8 +59,8 @@ private:
 /// Atoms that may bear charges: `Zn:z+2`.
 struct ChargedFormula
 {
-    Composition composition;
-    int charge = 0; ///< With its sign; each charge is an electron less.
+    Composition composition; ///< The atoms.
+    int charge = 0;          ///< With its sign; each charge is an electron less.
 
     /// Compares both.
     friend bool operator==(const ChargedFormula&, const ChargedFormula&) = default;
@@ -71,7 +71,7 @@ struct GlycanPart
 {
     QString name;           ///< The canonical name, such as "HexNAc"; empty for a formula.
     ChargedFormula formula; ///< What stands in braces where there is no name.
-    int count = 1;
+    int count = 1;          ///< How many there are.
 
     /// Compares all three.
     friend bool operator==(const GlycanPart&, const GlycanPart&) = default;
@@ -101,8 +101,8 @@ enum class TagVocabulary {
 /// One description of a modification. Reading looks nothing up: a name is whatever was written.
 struct Tag
 {
-    TagKind kind = TagKind::Name;
-    TagVocabulary vocabulary = TagVocabulary::None;
+    TagKind kind = TagKind::Name;                   ///< What the text is.
+    TagVocabulary vocabulary = TagVocabulary::None; ///< Whose name or accession it is.
     QString text;           ///< Name, accession or remark as written; a mass with sign and digits.
     ChargedFormula formula; ///< Of a formula.
     std::vector<GlycanPart> glycan; ///< Of a glycan: by the table's order, each kind once.
@@ -123,9 +123,9 @@ struct ModificationLabel
         Ambiguous  ///< `#g1`: places of which one bears the modification.
     };
 
-    Kind kind = None;
-    QString name;  ///< Behind "#XL", or all of an ambiguous label. Case counts.
-    QString score; ///< The digits in parentheses; empty if there is none.
+    Kind kind = None; ///< What kind of label it is.
+    QString name;     ///< Behind "#XL", or all of an ambiguous label. Case counts.
+    QString score;    ///< The digits in parentheses; empty if there is none.
 
     /// Compares all three.
     friend bool operator==(const ModificationLabel&, const ModificationLabel&) = default;
@@ -137,8 +137,8 @@ struct PlaceRule
     /// Which part of a chain.
     enum Terminal { Anywhere, NTerm, CTerm };
 
-    Terminal terminal = Anywhere;
-    char16_t residue = 0; ///< A capital letter; 0 for any, at ends only.
+    Terminal terminal = Anywhere; ///< At which part of a chain.
+    char16_t residue = 0;         ///< A capital letter; 0 for any, at ends only.
 
     /// Compares both.
     friend constexpr bool operator==(const PlaceRule&, const PlaceRule&) = default;
@@ -160,10 +160,10 @@ struct PlacementRules
 /// described elsewhere.
 struct Modification
 {
-    std::vector<Tag> tags; ///< Each says the same in another way; none where only a label stands.
-    ModificationLabel label;
-    PlacementRules placement;
-    TextPosition position; ///< Where the bracket opens.
+    std::vector<Tag> tags;   ///< Each says the same in another way; none where only a label stands.
+    ModificationLabel label; ///< With what it belongs together.
+    PlacementRules placement; ///< Where it may sit, if that is unknown.
+    TextPosition position;    ///< Where the bracket opens.
 
     /// Compares what they say.
     friend bool operator==(const Modification&, const Modification&) = default;
@@ -172,8 +172,8 @@ struct Modification
 /// A modification that sits on a residue.
 struct ResidueModification
 {
-    qsizetype residue = 0; ///< From 0.
-    Modification modification;
+    qsizetype residue = 0;     ///< From 0.
+    Modification modification; ///< What sits on it.
 
     /// Compares both.
     friend bool operator==(const ResidueModification&, const ResidueModification&) = default;
@@ -182,8 +182,8 @@ struct ResidueModification
 /// Modifications somewhere in a chain: `[Phospho]^2?`.
 struct UnlocalisedModification
 {
-    Modification modification;
-    int count = 1;
+    Modification modification; ///< What is there.
+    int count = 1;             ///< How many there are.
 
     /// Compares both.
     friend bool operator==(const UnlocalisedModification&,
@@ -199,7 +199,7 @@ struct ResidueRange
         AmbiguousOrder ///< `(?DQ)`: nobody knows their order.
     };
 
-    Kind kind = Modified;
+    Kind kind = Modified;                    ///< What it is.
     qsizetype first = 0;                     ///< The first residue, from 0.
     qsizetype last = 0;                      ///< The last one, included.
     std::vector<Modification> modifications; ///< At least one if Modified, else none.
@@ -228,9 +228,9 @@ struct PeptidoformChain
 /// One kind of charge carrier: `Na:z+1^2`.
 struct ChargeCarrier
 {
-    ChargedFormula formula;
-    int count = 1;
-    TextPosition position;
+    ChargedFormula formula; ///< Its atoms and charges.
+    int count = 1;          ///< How many there are.
+    TextPosition position;  ///< Where it starts.
 
     /// Compares formula and count.
     friend bool operator==(const ChargeCarrier&, const ChargeCarrier&) = default;
@@ -239,10 +239,10 @@ struct ChargeCarrier
 /// Chains that are one molecule: those of one ion, joined by `//`.
 struct PeptidoformIon
 {
-    QString name; ///< `(>>name)`.
-    std::vector<PeptidoformChain> chains;
-    std::optional<int> protons;          ///< `/2`; below zero they are taken away.
-    std::vector<ChargeCarrier> carriers; ///< `/[Na:z+1]`; none beside protons.
+    QString name;                         ///< `(>>name)`.
+    std::vector<PeptidoformChain> chains; ///< At least one.
+    std::optional<int> protons;           ///< `/2`; below zero they are taken away.
+    std::vector<ChargeCarrier> carriers;  ///< `/[Na:z+1]`; none beside protons.
 
     /// Compares what they say.
     friend bool operator==(const PeptidoformIon&, const PeptidoformIon&) = default;
@@ -251,7 +251,7 @@ struct PeptidoformIon
 /// A modification of all places of some kinds: `<[Carbamidomethyl]@C>`.
 struct FixedModification
 {
-    Modification modification;
+    Modification modification;     ///< What sits on each of them.
     std::vector<PlaceRule> places; ///< As written.
 
     /// Compares both.
