@@ -6,18 +6,6 @@
 #include <string_view>
 #include <vector>
 
-#ifdef __SANITIZE_ADDRESS__
-// IsoSpec++ 2.2.1 keeps what it has allocated in a constructor when a later allocation fails, and
-// so does QRegularExpression of Qt 6.4 when it matches, partly what PCRE2 has allocated for it.
-// What the dynamic linker keeps is no leak; the sanitizer tells it by who called malloc(), which is
-// this program's own here.
-extern "C" __attribute__((visibility("default"))) const char* __lsan_default_suppressions();
-const char* __lsan_default_suppressions()
-{
-    return "leak:libIsoSpec++.so\nleak:QRegularExpression\nleak:libpcre2-16\nleak:ld-linux\n";
-}
-#endif
-
 namespace faults {
 
 namespace {
