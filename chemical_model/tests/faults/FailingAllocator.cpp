@@ -31,7 +31,7 @@ std::size_t __sanitizer_get_allocated_size(const volatile void* block);
 #endif
 }
 
-#ifdef __SANITIZE_ADDRESS__
+#ifdef FAULTS_WITH_ADDRESS_SANITIZER
 // IsoSpec++ 2.2.1 keeps what it has allocated in a constructor when a later allocation fails, and
 // so does QRegularExpression of Qt 6.4 when it matches, partly what PCRE2 has allocated for it.
 // What the dynamic linker keeps is no leak; the sanitizer tells it by who called malloc(), which is
