@@ -77,7 +77,7 @@ Parsed<PartWeight> PartWeigher::residue(char16_t letter) const
 Parsed<PartWeight> PartWeigher::modification(const Modification& modification) const
 {
     const Tag* observed = nullptr;
-    std::optional<Error> refusal;
+    const Tag* refused = nullptr;
     for (const Tag& alternative : modification.tags) {
         if (alternative.kind == TagKind::Info)
             continue;
@@ -88,12 +88,11 @@ Parsed<PartWeight> PartWeigher::modification(const Modification& modification) c
         Parsed<PartWeight> weight = tag(alternative);
         if (weight)
             return weight;
-        if (!refusal)
-            refusal = Error{weight.error().message, alternative.position.index};
+        refused = refused ? refused : &alternative;
     }
     if (observed)
         return bareMass(*observed);
-    return refusal ? Parsed<PartWeight>(*std::move(refusal)) : PartWeight();
+    return refused ? Parsed<PartWeight>(refusalOf(*refused)) : PartWeight();
 }
 
 BreakMasses PartWeigher::breaks() const
@@ -161,7 +160,7 @@ Parsed<PartWeight> PartWeigher::entry(const Tag& tag) const
 {
     const ModificationEntry* const known = find(tag);
     if (!known)
-        return unknown(tag);
+        return Error{u"no mass is known for \""_s + tagText(tag) + u'"'};
     PartWeight weight{known->masses, known->composition, false, 0, known};
     if (known->composition.isEmpty()) {
         weight.isBare = known->masses != Masses();
@@ -195,13 +194,17 @@ const ModificationEntry* PartWeigher::find(const Tag& tag) const
     return isNumber ? m_modifications.byAccession(vocabulary, accession) : nullptr;
 }
 
-Error PartWeigher::unknown(const Tag& tag) const
+/// Why a tag has no mass. Names that are spelled like an unknown one are looked for here alone,
+/// since that reads the whole table, and another description may have a mass.
+Error PartWeigher::refusalOf(const Tag& tag) const
 {
-    const QString start = u"no mass is known for \""_s + tagText(tag) + u'"';
-    const QStringList nearest =
-        tag.kind == TagKind::Name ? m_modifications.nearestNames(tag.text) : QStringList();
-    return {nearest.isEmpty() ? start
-                              : start + u", the nearest names are "_s + nearest.join(u", "_s)};
+    QString message = this->tag(tag).error().message;
+    const QStringList nearest = tag.kind == TagKind::Name && !find(tag)
+                                    ? m_modifications.nearestNames(tag.text)
+                                    : QStringList();
+    if (!nearest.isEmpty())
+        message += u", the nearest names are "_s + nearest.join(u", "_s);
+    return {message, tag.position.index};
 }
 
 } // namespace ions

@@ -56,7 +56,7 @@ private:
     Parsed<PartWeight> glycan(const std::vector<GlycanPart>& parts) const;
     Parsed<PartWeight> entry(const Tag& tag) const;
     const ModificationEntry* find(const Tag& tag) const;
-    Error unknown(const Tag& tag) const;
+    Error refusalOf(const Tag& tag) const;
 
     const ResidueTable& m_residues;
     const ModificationTable& m_modifications;
