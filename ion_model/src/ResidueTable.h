@@ -122,6 +122,7 @@ public:
     const MoleculePart* monosaccharide(QStringView name) const;
 
 private:
+    friend class Backbone; // refuses the same letters
     static constexpr std::size_t letterCount = 128;
     struct Content;
 

@@ -118,10 +118,7 @@ std::optional<Error> Backbone::assignPeptide(QStringView sequence, const Residue
     if (!std::isnan(sum) && !sequence.isEmpty())
         return {};
     m_chains.clear();
-    const auto unknown = std::find_if(sequence.begin(), sequence.end(), [&](QChar letter) {
-        return std::isnan(residues.residue(letter.unicode()).average);
-    });
-    return Error{u"expected the letter of a residue with a mass"_s, unknown - sequence.begin()};
+    return residues.unknownLetter(sequence);
 }
 
 /// Becomes one chain in the memory of the first chain before; units and letters are left over from
