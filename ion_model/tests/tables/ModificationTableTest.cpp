@@ -1,8 +1,7 @@
 #include "ModificationTable.h"
 
+#include "DataRows.h"
 #include "TestPrinters.h"
-
-#include <QFile>
 
 #include <gtest/gtest.h>
 
@@ -21,20 +20,6 @@ const ModificationTable& standard()
     return table;
 }
 
-/// The rows of a data file, read here by other means than the library's own.
-QList<QStringList> rowsOf(const QString& name)
-{
-    QFile file(QString::fromUtf8(ION_MODEL_DATA_DIR) + u'/' + name);
-    QList<QStringList> rows;
-    if (!file.open(QIODevice::ReadOnly))
-        return rows;
-    for (QByteArray line = file.readLine(); !line.isEmpty(); line = file.readLine()) {
-        if (!line.startsWith('#'))
-            rows.append(QString::fromUtf8(line.chopped(1)).split(u'\t'));
-    }
-    return rows;
-}
-
 /// Unimod's averages are made of older atomic masses: those of three metals differ by up to 0.03.
 double averageTolerance(const ModificationEntry& entry, double average)
 {
@@ -48,7 +33,7 @@ double averageTolerance(const ModificationEntry& entry, double average)
 
 TEST(ModificationTable, EveryModificationOfUnimodWeighsWhatUnimodSays)
 {
-    const auto rows = rowsOf(u"unimod.tsv"_s);
+    const auto rows = dataRows(u"unimod.tsv"_s);
     ASSERT_EQ(rows.size(), 1543);
     for (const QStringList& row : rows) {
         SCOPED_TRACE(row.at(1).toStdString());
@@ -67,7 +52,7 @@ TEST(ModificationTable, EveryModificationOfUnimodWeighsWhatUnimodSays)
 /// deuterated form is off by 0.0016 Da there.
 TEST(ModificationTable, EveryCrosslinkerWeighsWhatXlmodSays)
 {
-    const auto rows = rowsOf(u"crosslinkers.tsv"_s);
+    const auto rows = dataRows(u"crosslinkers.tsv"_s);
     ASSERT_EQ(rows.size(), 60);
     for (const QStringList& row : rows) {
         const auto* entry =
