@@ -103,7 +103,7 @@ public:
     /// What the ion weighs without groups that may be elsewhere, and without a series.
     double mass() const
     {
-        double sum = (m_isLeft ? own().leftGroup : own().rightGroup).monoisotopic;
+        double sum = ownEnd();
         for (const auto& [chain, place] : m_units)
             sum += unitMass(chain, place);
         for (const BackboneLink& link : m_backbone.links())
@@ -166,6 +166,17 @@ private:
                                    ? 0.0
                                    : units.linkages[std::size_t(place)].monoisotopic;
         return units.units[std::size_t(place)].monoisotopic + linkage;
+    }
+
+    /// What the end of the ion weighs beyond the hydrogen or hydroxyl that its series counts on.
+    double ownEnd() const
+    {
+        const BreakMasses& breaks = m_backbone.breaks();
+        if (m_isLeft)
+            return own().leftGroup.monoisotopic -
+                   (own().hasLeftEnd ? 0.0 : breaks.hydrogen.monoisotopic);
+        return own().rightGroup.monoisotopic -
+               (own().hasRightEnd ? 0.0 : (breaks.water - breaks.hydrogen).monoisotopic);
     }
 
     double endsOf(const BackboneChain& chain) const
