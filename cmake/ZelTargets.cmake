@@ -3,8 +3,8 @@
 include(CheckIPOSupported)
 include(GenerateExportHeader)
 
-# Options of g++ and of every clang; other compilers keep their own defaults.
-set(zel_compile_options
+# Of g++ and of every clang; other compilers keep their own defaults.
+set(zel_warnings
     -Wall
     -Wextra
     -Wpedantic
@@ -13,9 +13,14 @@ set(zel_compile_options
     -Wshadow
     -Wnon-virtual-dtor
     -Woverloaded-virtual
-    -Wold-style-cast
-    # Sums are promised to the last bit, also where the processor has fused multiply-add.
-    -ffp-contract=off)
+    -Wold-style-cast)
+
+# Sums are promised to the last bit, also where the processor has fused multiply-add.
+set(zel_compile_options -ffp-contract=off)
+# Sources that are compiled as one see each other's names, which the compilers would warn of.
+if(NOT ZEL_UNITE_ROOMS)
+    list(APPEND zel_compile_options ${zel_warnings})
+endif()
 
 # Warnings, sanitizers and the definitions that keep Qt code strict. PRIVATE to the target: what a
 # user's code is compiled with is the user's choice.
@@ -43,6 +48,21 @@ function(zel_configure_target target)
                                                  -fno-sanitize-recover=all -fno-omit-frame-pointer)
         target_link_options(${target} PRIVATE -fsanitize=${ZEL_SANITIZERS})
     endif()
+endfunction()
+
+# Compiles the sources of one room as one where ZEL_UNITE_ROOMS asks for it: most of the time goes into headers
+# that all of them include. What unnamed namespaces hold has to have different names within a room.
+function(zel_unite_rooms target)
+    get_target_property(sources ${target} SOURCES)
+    foreach(source IN LISTS sources)
+        cmake_path(GET source PARENT_PATH folder)
+        cmake_path(GET folder FILENAME room)
+        if(room STREQUAL "")
+            set(room ${target})
+        endif()
+        set_source_files_properties(${source} PROPERTIES UNITY_GROUP ${room})
+    endforeach()
+    set_target_properties(${target} PROPERTIES UNITY_BUILD ${ZEL_UNITE_ROOMS} UNITY_BUILD_MODE GROUP)
 endfunction()
 
 # g++ keeps calls between exported functions replaceable at run time unless told otherwise, which
@@ -80,6 +100,7 @@ function(zel_add_library name)
 
     zel_configure_target(${objects})
     zel_bind_calls_inside(${objects})
+    zel_unite_rooms(${objects})
     set_target_properties(${objects} PROPERTIES AUTOMOC ON POSITION_INDEPENDENT_CODE ON)
     target_compile_definitions(${objects} PUBLIC ${library}_EXPORTS)
     target_compile_features(${objects} PUBLIC cxx_std_20)

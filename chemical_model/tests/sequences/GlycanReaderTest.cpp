@@ -10,7 +10,7 @@ namespace {
 
 using chem::Molecule;
 
-bool isValid(const QString& composition)
+bool isValidGlycan(const QString& composition)
 {
     return chem::defaultChemicalFactory()->isValidGlycanComposition(composition);
 }
@@ -58,14 +58,14 @@ TEST(GlycanReader, IsCheckedAndAddedUp)
         {u"Sodium(1)"_s, true, u"Na"_s},
         {u"HexNA(1)"_s, false, u""_s}};
     for (const Case& c : cases) {
-        EXPECT_EQ(isValid(c.text), c.isValid) << c.text.toStdString();
+        EXPECT_EQ(isValidGlycan(c.text), c.isValid) << c.text.toStdString();
         EXPECT_EQ(glycan(c.text).formula().toString(), c.formula) << c.text.toStdString();
     }
 }
 
 TEST(GlycanReader, LargestCountIsStillMultiplied)
 {
-    EXPECT_TRUE(isValid(u"Na(2147483647)"_s));
+    EXPECT_TRUE(isValidGlycan(u"Na(2147483647)"_s));
     EXPECT_EQ(glycan(u"Na(2147483647)"_s).formula().elementCount(u"Na"_s), 2147483647);
 }
 
@@ -93,8 +93,8 @@ TEST(GlycanReader, FactoryWithoutDictionariesRefusesAndSkips)
 
 TEST(GlycanReader, LongTextsAreReadInOneGo)
 {
-    EXPECT_FALSE(isValid(u"Hex"_s + QString(1000000, u' ')));
-    EXPECT_FALSE(isValid(QString(1000000, u'(')));
+    EXPECT_FALSE(isValidGlycan(u"Hex"_s + QString(1000000, u' ')));
+    EXPECT_FALSE(isValidGlycan(QString(1000000, u'(')));
     EXPECT_EQ(glycan(u"Hex(1) "_s.repeated(20000)).formula().elementCount(u"C"_s), 120000);
 }
 
@@ -135,10 +135,10 @@ TEST(GlycanReader, NameWithoutAnEntryIsRefusedAndSkipped)
 
 TEST(GlycanReader, BrokenTextsAndEndlessCountsAreRefused)
 {
-    EXPECT_FALSE(isValid(u"Hex(1)"_s + QChar(0xd800))); // half a surrogate pair
+    EXPECT_FALSE(isValidGlycan(u"Hex(1)"_s + QChar(0xd800))); // half a surrogate pair
     EXPECT_TRUE(glycan(u"Hex(1)"_s + QChar(0xd800)).formula().isEmpty());
-    EXPECT_TRUE(isValid(u"Hex(1)"_s + QChar(u'\0') + u"Hex(1)"_s));
-    EXPECT_FALSE(isValid(u"Hex("_s + QString(1000000, u'9') + u')'));
+    EXPECT_TRUE(isValidGlycan(u"Hex(1)"_s + QChar(u'\0') + u"Hex(1)"_s));
+    EXPECT_FALSE(isValidGlycan(u"Hex("_s + QString(1000000, u'9') + u')'));
     EXPECT_EQ(glycan(u"Hex("_s + QString(1000000, u'0') + u"7)"_s).formula().toString(),
               u"C42H70O35"_s);
 }
@@ -154,7 +154,7 @@ RC_GTEST_PROP(GlycanReaderLaws, OrderOfTermsDoesNotMatterToTheComposition, ())
     const QString forwards = terms.join(u" "_s);
     std::reverse(terms.begin(), terms.end());
     const QString backwards = terms.join(u"-"_s);
-    RC_ASSERT(isValid(forwards) && isValid(backwards));
+    RC_ASSERT(isValidGlycan(forwards) && isValidGlycan(backwards));
     RC_ASSERT(glycan(forwards).formula().toString() == glycan(backwards).formula().toString());
 }
 

@@ -27,7 +27,7 @@ using chem::NamedMolecule;
 using chem::Nucleotide;
 using Nucleotides = QList<QSharedPointer<const Nucleotide>>;
 
-struct ExpectedSite
+struct SiteOfNucleotide
 {
     FragmentType type;
     Molecule gained;
@@ -35,14 +35,14 @@ struct ExpectedSite
 };
 
 /// The sites of nucleotide `index`.
-QList<ExpectedSite> expectedSites(const OpenFactory& factory, const Nucleotides& nucleotides,
-                                  qsizetype index)
+QList<SiteOfNucleotide> sitesOfNucleotide(const OpenFactory& factory,
+                                          const Nucleotides& nucleotides, qsizetype index)
 {
     const Molecule nothing;
     const Molecule phosphate = nucleotides[index]->phosphate;
     const Molecule base = nucleotides[index]->nucleobase;
     const Molecule before = index > 0 ? Molecule(nucleotides[index - 1]->phosphate) : nothing;
-    QList<ExpectedSite> sites;
+    QList<SiteOfNucleotide> sites;
     if (index > 0 && index < nucleotides.size() - 1)
         sites.append({FragmentType::AB, nothing, phosphate + base + factory.hydrogenPair});
     sites.append({FragmentType::D, factory.hydroxyl, nothing});
@@ -79,7 +79,7 @@ void expectComplex(const OpenFactory& factory, const MoleculeComplex& complex,
         SCOPED_TRACE(i);
         total += *nucleotides[i];
         expectResidue(*complex.residues[i + 1], *nucleotides[i], i + 1);
-        const QList<ExpectedSite> expected = expectedSites(factory, nucleotides, i);
+        const QList<SiteOfNucleotide> expected = sitesOfNucleotide(factory, nucleotides, i);
         ASSERT_EQ(complex.sites[i + 1].size(), expected.size());
         for (qsizetype k = 0; k < expected.size(); ++k) {
             SCOPED_TRACE(k);

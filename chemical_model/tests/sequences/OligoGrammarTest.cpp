@@ -28,7 +28,7 @@ void addBlock(ChemicalFactory* factory, ChemicalFactory::BuildingBlockType type,
     factory->setBuildingBlock(type, key, u"some name"_s, u"C"_s);
 }
 
-bool isValid(const QString& text)
+bool isValidOligo(const QString& text)
 {
     return chem::defaultChemicalFactory()->isValidOligoSequence(text);
 }
@@ -167,7 +167,7 @@ TEST(OligoGrammar, TextsOfTheGrammarAreValid)
              u"A\n"_s,     u"[A]\n"_s,
              u"A\n,C\n"_s, // each part may end in a line feed
          })
-        EXPECT_TRUE(isValid(text)) << text.toStdString();
+        EXPECT_TRUE(isValidOligo(text)) << text.toStdString();
 }
 
 TEST(OligoGrammar, OtherTextsAreInvalid)
@@ -178,15 +178,15 @@ TEST(OligoGrammar, OtherTextsAreInvalid)
           u"A+"_s,    u"r"_s,    u"rr"_s,  u"rrA"_s,   u"a"_s,   u"X"_s,     u"*"_s,
           u"*A"_s,    u"."_s,    u"-"_s,   u"+"_s,     u"--5"_s, u"A/C"_s,   u"\n"_s,
           u"A\n\n"_s, u"A\nC"_s, u"\nA"_s, u"A\r\n"_s, u"é"_s,   u"A😀"_s})
-        EXPECT_FALSE(isValid(text)) << text.toStdString();
+        EXPECT_FALSE(isValidOligo(text)) << text.toStdString();
 }
 
 TEST(OligoGrammar, LoneSurrogatesAreInvalid)
 {
     for (const QChar surrogate : {QChar(0xd83d), QChar(0xde00)}) {
-        EXPECT_FALSE(isValid(QString(surrogate)));
-        EXPECT_FALSE(isValid(QString(surrogate) + u"A"_s));
-        EXPECT_FALSE(isValid(u"A"_s + QString(surrogate)));
+        EXPECT_FALSE(isValidOligo(QString(surrogate)));
+        EXPECT_FALSE(isValidOligo(QString(surrogate) + u"A"_s));
+        EXPECT_FALSE(isValidOligo(u"A"_s + QString(surrogate)));
     }
 }
 
@@ -195,7 +195,7 @@ TEST(OligoGrammar, CommasPartTextsForTheTestOnly)
     QList<QSharedPointer<const chem::Nucleotide>> nucleotides;
     chem::NamedMolecule fivePrime;
     chem::NamedMolecule threePrime;
-    EXPECT_TRUE(isValid(u"AC,GT"_s));
+    EXPECT_TRUE(isValidOligo(u"AC,GT"_s));
     EXPECT_FALSE(chem::defaultChemicalFactory()->parseNucleotideSequence(u"AC,GT"_s, &nucleotides,
                                                                          &fivePrime, &threePrime));
     EXPECT_TRUE(nucleotides.isEmpty());
@@ -350,9 +350,9 @@ TEST(OligoGrammar, DigitsBeforeAWrongCharacterAreRefusedAtOnce)
     // one.
     const auto start = std::chrono::steady_clock::now();
     for (const QString& end : {u"!"_s, u"+"_s, u"r"_s, u" "_s}) {
-        EXPECT_FALSE(isValid(u"1"_s.repeated(100000) + end));
-        EXPECT_FALSE(isValid(u"1."_s.repeated(100000) + end));
-        EXPECT_FALSE(isValid(u"+1"_s.repeated(100000) + end));
+        EXPECT_FALSE(isValidOligo(u"1"_s.repeated(100000) + end));
+        EXPECT_FALSE(isValidOligo(u"1."_s.repeated(100000) + end));
+        EXPECT_FALSE(isValidOligo(u"+1"_s.repeated(100000) + end));
     }
     EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(10));
 }

@@ -267,7 +267,7 @@ TEST(PeptideReader, ResiduesAreNoEntriesOfTheDictionary)
     EXPECT_EQ(fresh->residues[1]->formula().toString(), u"C2H3NO"_s);
 }
 
-struct ExpectedSite
+struct SiteOfPeptides
 {
     FragmentType type;
     Molecule gained;
@@ -275,7 +275,7 @@ struct ExpectedSite
     Counts change;
 };
 
-std::vector<ExpectedSite> expectedSites()
+std::vector<SiteOfPeptides> sitesOfPeptides()
 {
     const OpenFactory& f = naturalFactory();
     const Molecule nothing;
@@ -301,7 +301,7 @@ TEST(PeptideReader, SitesOfAPosition)
 {
     const auto complex = naturalFactory().constructLinearPeptideComplex(u"G"_s);
     const QList<QSharedPointer<FragmentationSite>> sites = complex->sites[1];
-    const std::vector<ExpectedSite> expected = expectedSites();
+    const std::vector<SiteOfPeptides> expected = sitesOfPeptides();
     ASSERT_EQ(sites.size(), 10);
     for (std::size_t i = 0; i < expected.size(); ++i) {
         SCOPED_TRACE(i);

@@ -162,17 +162,17 @@ TEST(RichFragments, IonsOfOneStepShareTheirResidueLists)
 
 // Laws. Each ion is computed from scratch.
 
-struct Ion
+struct RichIon
 {
     const FragmentationSite* site;
     Molecule molecule;
     std::vector<const ComplexResidue*> residues;
 };
 
-Ion ionByHand(const MoleculeComplex& complex, const FragmentationSite& site, qsizetype breakAt,
-              bool isFromLeft)
+RichIon richIonByHand(const MoleculeComplex& complex, const FragmentationSite& site,
+                      qsizetype breakAt, bool isFromLeft)
 {
-    Ion ion = {&site, {}, {}};
+    RichIon ion = {&site, {}, {}};
     const qsizetype last = complex.residues.size() - 1;
     for (const qsizetype position : positionsTo(breakAt, isFromLeft ? 0 : last)) {
         const ComplexResidue* const residue = complex.residues[position].data();
@@ -183,20 +183,20 @@ Ion ionByHand(const MoleculeComplex& complex, const FragmentationSite& site, qsi
     return ion;
 }
 
-std::vector<Ion> ionsByHand(const MoleculeComplex& complex)
+std::vector<RichIon> richIonsByHand(const MoleculeComplex& complex)
 {
-    std::vector<Ion> ions;
+    std::vector<RichIon> ions;
     const qsizetype last = complex.residues.size() - 1;
     for (qsizetype position = 0; position <= last; ++position) {
         for (const auto& site : complex.sites[position]) {
             if (isLeft(site->type))
-                ions.push_back(ionByHand(complex, *site, position, true));
+                ions.push_back(richIonByHand(complex, *site, position, true));
         }
         if (position == last)
             break;
         for (const auto& site : complex.sites[last - position]) {
             if (isRight(site->type))
-                ions.push_back(ionByHand(complex, *site, last - position, false));
+                ions.push_back(richIonByHand(complex, *site, last - position, false));
         }
     }
     return ions;
@@ -206,11 +206,11 @@ RC_GTEST_PROP(RichFragmentsLaws, RichIonsHaveTheBitsOfTheirSums, ())
 {
     const auto complex = anyComplex();
     const Fragments fragments = richFragments(*complex);
-    const std::vector<Ion> expected = ionsByHand(*complex);
+    const std::vector<RichIon> expected = richIonsByHand(*complex);
     RC_ASSERT(fragments.size() == qsizetype(expected.size()));
     for (qsizetype i = 0; i < fragments.size(); ++i) {
         const Fragment& fragment = *fragments[i];
-        const Ion& ion = expected[std::size_t(i)];
+        const RichIon& ion = expected[std::size_t(i)];
         RC_ASSERT(isSame(fragment, ion.molecule));
         RC_ASSERT(fragment.typeLabel == chem::ChemicalFactory::typeToString(ion.site->type));
         RC_ASSERT(fragment.parentComplex == complex.data());

@@ -1,4 +1,5 @@
 #include "Differences.h"
+#include "ExtremeNumbers.h"
 #include "RandomProteins.h"
 #include "SmallMolecules.h"
 #include "SumOfParts.h"
@@ -28,9 +29,6 @@ static_assert(!std::is_move_assignable_v<ChainFragmenter>);
 static_assert(std::is_aggregate_v<ChainFragmentDef>);
 static_assert(std::is_copy_assignable_v<ChainFragmentDef>);
 static_assert(std::is_move_assignable_v<ChainFragmentDef>);
-
-constexpr int lowest = std::numeric_limits<int>::min();
-constexpr int highest = std::numeric_limits<int>::max();
 
 ChainFragmentDef blankEnds(int chain, int start, int end, const QString& label = QString())
 {

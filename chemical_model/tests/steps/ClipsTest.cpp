@@ -1,6 +1,7 @@
 #include "AnyClips.h"
 #include "AnySteps.h"
 #include "ClipRanges.h"
+#include "ExtremeNumbers.h"
 #include "MessageRecorder.h"
 #include "RapidCheckChoices.h"
 #include "SumOfParts.h"
@@ -9,7 +10,6 @@
 #include <gtest/gtest.h>
 #include <rapidcheck/gtest.h>
 
-#include <limits>
 #include <type_traits>
 
 using namespace Qt::StringLiterals;
@@ -28,9 +28,6 @@ static_assert(std::is_default_constructible_v<ClipOptions>);
 static_assert(std::is_copy_assignable_v<ClipOptions>);
 static_assert(std::is_move_assignable_v<ClipOptions>);
 static_assert(std::is_aggregate_v<ClipOptions::ResidueBeforeAfter>);
-
-constexpr int lowest = std::numeric_limits<int>::min();
-constexpr int highest = std::numeric_limits<int>::max();
 
 ClipOptions byRule(const QString& before, const QString& after)
 {

@@ -1,4 +1,5 @@
 #include "Differences.h"
+#include "ExtremeNumbers.h"
 #include "RandomProteins.h"
 #include "SmallMolecules.h"
 #include "SumOfParts.h"
@@ -6,7 +7,6 @@
 
 #include <gtest/gtest.h>
 
-#include <limits>
 #include <type_traits>
 
 using namespace Qt::StringLiterals;
@@ -101,8 +101,6 @@ TEST(EstablishLink, AppliedTwiceGivesTwoLinksAndCountsTwice)
 
 TEST(EstablishLink, AcceptsAnyConnectionAndKeepsItsDirection)
 {
-    constexpr int lowest = std::numeric_limits<int>::min();
-    constexpr int highest = std::numeric_limits<int>::max();
     for (const Connection& connection :
          {Connection{{0, 3}, {0, 1}}, Connection{{5, 0}, {0, 99}}, Connection{{-1, -1}, {-1, -1}},
           Connection{{lowest, highest}, {highest, lowest}}, Connection{{0, 1}, {0, 1}}}) {

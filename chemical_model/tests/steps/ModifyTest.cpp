@@ -1,5 +1,6 @@
 #include "AnySteps.h"
 #include "Differences.h"
+#include "ExtremeNumbers.h"
 #include "RandomProteins.h"
 #include "RapidCheckChoices.h"
 #include "SmallMolecules.h"
@@ -9,7 +10,6 @@
 #include <gtest/gtest.h>
 #include <rapidcheck/gtest.h>
 
-#include <limits>
 #include <type_traits>
 
 using namespace Qt::StringLiterals;
@@ -29,9 +29,6 @@ static_assert(std::is_constructible_v<Modify, const Modification&>);
 static_assert(std::is_constructible_v<Unmodify, Modification>);
 // What to take off must be named with its places.
 static_assert(!std::is_constructible_v<Unmodify, chem::MoleculeEntity>);
-
-constexpr int lowest = std::numeric_limits<int>::min();
-constexpr int highest = std::numeric_limits<int>::max();
 
 Modification phosphoAt(const QList<Position>& places)
 {
@@ -415,11 +412,11 @@ TEST(ModifyMolecule, TakesTheParentLocusOfItsChainAway)
 
 // Laws.
 
-RapidCheckChoices choices;
+RapidCheckChoices drawn;
 
 Position anyPlace()
 {
-    return anySteps::SmallParts(&choices).position();
+    return anySteps::SmallParts(&drawn).position();
 }
 
 /// Whether the bounds test of the steps refuses this place.
@@ -434,8 +431,8 @@ bool isRefused(const chem::MoleculeEntity& molecule, const Position& place)
 
 RC_GTEST_PROP(ModifyLaws, ModifyThrowsOnlyForOneRefusedPlace, ())
 {
-    const chem::MoleculeEntity molecule = anySteps::anyMolecule(&choices);
-    const Modification modification = anySteps::anyModification(&choices);
+    const chem::MoleculeEntity molecule = anySteps::anyMolecule(&drawn);
+    const Modification modification = anySteps::anyModification(&drawn);
     const QList<Position> places = modification.possibleChainLocations();
     const bool refused = places.size() == 1 && isRefused(molecule, places.first());
     RC_ASSERT(thrownMessage(Modify(modification), molecule).empty() == !refused);
@@ -443,8 +440,8 @@ RC_GTEST_PROP(ModifyLaws, ModifyThrowsOnlyForOneRefusedPlace, ())
 
 RC_GTEST_PROP(ModifyLaws, UnmodifyTakesBackWhatModifyAdded, ())
 {
-    const chem::MoleculeEntity molecule = anySteps::anyMolecule(&choices);
-    const Modification modification = anySteps::anyModification(&choices);
+    const chem::MoleculeEntity molecule = anySteps::anyMolecule(&drawn);
+    const Modification modification = anySteps::anyModification(&drawn);
     RC_PRE(thrownMessage(Modify(modification), molecule).empty());
 
     const chem::MoleculeEntity restored =
@@ -457,8 +454,8 @@ RC_GTEST_PROP(ModifyLaws, UnmodifyTakesBackWhatModifyAdded, ())
 
 RC_GTEST_PROP(ModifyLaws, ModifyMoleculeAgreesWithModifyOnTheMolecule, ())
 {
-    const chem::MoleculeEntity molecule = anySteps::anyMolecule(&choices);
-    const chem::MoleculeEntity added = anySteps::SmallParts(&choices).group();
+    const chem::MoleculeEntity molecule = anySteps::anyMolecule(&drawn);
+    const chem::MoleculeEntity added = anySteps::SmallParts(&drawn).group();
     const Position place = anyPlace();
     RC_PRE(!isRefused(molecule, place));
 

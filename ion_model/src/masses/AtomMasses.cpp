@@ -34,7 +34,7 @@ constexpr std::array tracers = {
     Tracer{{53, 125}, 124.904629353}, Tracer{{53, 131}, 130.906126384},
 };
 
-Masses massesOf(const std::vector<IsotopeShare>& isotopes)
+Masses massesOfElement(const std::vector<IsotopeShare>& isotopes)
 {
     Masses masses;
     double largest = 0.0;
@@ -86,7 +86,7 @@ struct AtomMasses::Table
             other.abundance *= others > 0.0 ? (1.0 - share) / others : 0.0;
         shares.push_back({mass, share});
         std::erase_if(shares, [](const IsotopeShare& one) { return one.abundance == 0.0; });
-        elementMasses[isotope.atomicNumber] = massesOf(shares);
+        elementMasses[isotope.atomicNumber] = massesOfElement(shares);
         std::sort(shares.begin(), shares.end(), isLighter);
         return true;
     }
@@ -101,8 +101,8 @@ private:
         readIsotopes(tables);
         const double unknown = std::numeric_limits<double>::quiet_NaN();
         for (std::size_t number = 0; number < elements.size(); ++number) {
-            elementMasses[number] =
-                elements[number].empty() ? Masses{unknown, unknown} : massesOf(elements[number]);
+            elementMasses[number] = elements[number].empty() ? Masses{unknown, unknown}
+                                                             : massesOfElement(elements[number]);
             std::sort(elements[number].begin(), elements[number].end(), isLighter);
         }
     }

@@ -1,4 +1,5 @@
 #include "FormulaSearch.h"
+#include "patterns/LargestMass.h"
 
 #include <array>
 #include <cmath>
@@ -8,8 +9,6 @@ using namespace Qt::StringLiterals;
 namespace ions {
 
 namespace {
-
-constexpr double largestMass = 1e8;
 
 struct UnitAtoms
 {

@@ -1,5 +1,7 @@
 #include "FormulaSearch.h"
 
+#include "patterns/LargestMass.h"
+
 #include <algorithm>
 #include <array>
 #include <cmath>
@@ -10,8 +12,6 @@ using namespace Qt::StringLiterals;
 namespace ions {
 
 namespace {
-
-constexpr double largestMass = 1e8;
 
 /// Twice the double bonds that one atom brings.
 int halfBondsOf(Atom atom)

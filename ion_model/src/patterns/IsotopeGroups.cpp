@@ -1,5 +1,7 @@
 #include "patterns/IsotopeGroups.h"
 
+#include "patterns/LargestMass.h"
+
 #include <cmath>
 
 using namespace Qt::StringLiterals;
@@ -8,8 +10,6 @@ namespace ions {
 
 namespace {
 
-/// Beyond any molecule; the width of a pattern, and the square of it in time, has to end somewhere.
-constexpr double largestMass = 1e8;
 constexpr double abundanceTolerance = 1e-6;
 
 QString nameOf(const Composition::Term& term)

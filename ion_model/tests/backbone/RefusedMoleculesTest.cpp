@@ -16,7 +16,7 @@ namespace {
 using chem::MoleculeEntity;
 using Places = QList<std::pair<int, int>>;
 
-Parsed<Backbone> read(const MoleculeEntity& molecule)
+Parsed<Backbone> backboneOf(const MoleculeEntity& molecule)
 {
     return Backbone::ofMolecule(molecule, residues());
 }
@@ -24,7 +24,7 @@ Parsed<Backbone> read(const MoleculeEntity& molecule)
 void expectRefusal(const MoleculeEntity& molecule, qsizetype chain, qsizetype residue,
                    const QString& part)
 {
-    const Parsed<Backbone> backbone = read(molecule);
+    const Parsed<Backbone> backbone = backboneOf(molecule);
     ASSERT_FALSE(backbone.hasValue());
     EXPECT_EQ(backbone.error().chain, chain);
     EXPECT_EQ(backbone.error().residue, residue);
@@ -48,7 +48,7 @@ TEST(RefusedMolecules, OpenGroupsFromBeforeACutAreRefused)
     expectRefusal(pieceOf(open, nullptr, 2, 5), 0, 2, u"cut"_s);
     const MoleculeEntity later =
         modified(pieceOf(builtPeptide(u"GSAS"_s), nullptr, 2, 5), u"HPO3"_s, {{0, 0}, {0, 2}});
-    EXPECT_EQ(read(later)->chains()[0].open[0].units, (std::vector<qsizetype>{0, 2}));
+    EXPECT_EQ(backboneOf(later)->chains()[0].open[0].units, (std::vector<qsizetype>{0, 2}));
 }
 
 TEST(RefusedMolecules, EntitiesWithoutChainsAreRefused)
@@ -69,7 +69,7 @@ TEST(RefusedMolecules, ChainsOfAnythingElseAreRefused)
     const auto residues = peptideChain(u"GG"_s).residues();
     expectRefusal(ofResidues(residues, chem::MoleculeType::Sugar), 0, -1, u"amino acids"_s);
     expectRefusal(ofResidues(residues, chem::MoleculeType::Unknown), 0, -1, u"amino acids"_s);
-    EXPECT_TRUE(read(ofResidues(residues, chem::MoleculeType::Protein)).hasValue());
+    EXPECT_TRUE(backboneOf(ofResidues(residues, chem::MoleculeType::Protein)).hasValue());
     expectRefusal(builtPeptide(QString()), 0, -1, u"between its ends"_s);
     expectRefusal(ofResidues({}), 0, -1, u"between its ends"_s);
     expectRefusal(builtOligo(u"not in the grammar"_s), 0, -1, u"between its ends"_s);
@@ -110,7 +110,7 @@ TEST(RefusedMolecules, OddPartsOfOligonucleotidesAreRefused)
     const auto sliced = [&parts](qsizetype from, qsizetype to) {
         return ofResidues(parts.sliced(from, to - from), MoleculeType::OligoNucleotide);
     };
-    EXPECT_EQ(read(sliced(1, 7))->chains()[0].letters, u"AC"_s);
+    EXPECT_EQ(backboneOf(sliced(1, 7))->chains()[0].letters, u"AC"_s);
     expectRefusal(sliced(2, 8), 0, 0, u"a sugar or a 5' end"_s);
     expectRefusal(sliced(0, 6), 0, 4, u"for each nucleotide"_s);
     expectRefusal(sliced(0, 5), 0, 4, u"for each nucleotide"_s);
