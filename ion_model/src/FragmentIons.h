@@ -122,14 +122,14 @@ public:
     ///
     /// Ions hold the groups of their units and their end; labile groups are in the precursor only,
     /// which comes with and without them. An ion that may hold an open group or not comes both
-    /// ways, equal masses once. Of linked chains an ion of one side holds all that hangs on it, and
-    /// a cut that leaves the molecule in one piece gives no ion.
+    /// ways; of groups of one mass it counts how many are held. Of linked chains an ion of one side
+    /// holds all that hangs on it, and a cut that leaves the molecule in one piece gives no ion.
     ///
     /// Immonium and internal ions of linked units are left out.
     ///
-    /// Gives a refusal where open groups make more than 16 variants of one ion, where losses make
-    /// more than 1,000 combinations, and for charges beyond 10,000 or shifts beyond 127 hydrogens;
-    /// then there are no ions.
+    /// Gives a refusal where open groups make more than 16 variants of one ion or 256 of the ions
+    /// of an end, where losses make more than 1,000 combinations, and for charges beyond 10,000 or
+    /// shifts beyond 127 hydrogens; then there are no ions.
     [[nodiscard]] std::optional<Error> assign(const Backbone& backbone, const IonOptions& options);
 
     /// The m/z of the ions, run by run, in daltons, monoisotopic.

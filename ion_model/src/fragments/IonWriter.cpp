@@ -223,7 +223,10 @@ std::optional<Error> IonWriter::plan()
         const auto left = openVariants(*chain.chain, UnitRange::left(chain.size), numbers);
         const auto right = openVariants(*chain.chain, UnitRange::right(chain.size), numbers);
         if (!left || !right)
-            return Error{u"expected at most 16 ways in which one ion holds open groups"_s, -1, i};
+            return Error{u"expected at most 16 ways in which one ion, and 256 in which all ions of "
+                         u"an end hold open "
+                         u"groups"_s,
+                         -1, i};
         m_plans.push_back({cutSegments(m_backbone, i), *left, *right});
     }
     return {};

@@ -8,6 +8,7 @@ namespace ions {
 namespace {
 
 constexpr int mostVariants = 16;
+constexpr std::size_t mostListed = 256; // a run tells its variant in one byte
 constexpr double sameMass = 1e-6;
 
 bool canHold(const OpenGroup& open, const UnitRange& range, qsizetype number)
@@ -110,7 +111,7 @@ std::optional<std::vector<OpenVariant>> openVariants(const BackboneChain& chain,
     std::vector<OpenVariant> variants = {{0.0, numbers, {}}};
     for (const OpenClass& groups : openClasses(chain)) {
         variants = extended(variants, groups, range);
-        if (mostOverlaps(variants) > mostVariants)
+        if (mostOverlaps(variants) > mostVariants || variants.size() > mostListed)
             return {};
     }
     return variants;

@@ -25,7 +25,7 @@ std::vector<OpenClass> openClasses(const BackboneChain& chain);
 
 /// The ways in which the ions of a range with these numbers hold open groups, fewest groups first.
 /// Groups of one mass are counted, so that equal masses come once. Nothing where one ion would have
-/// more than 16 variants.
+/// more than 16 variants, or all of them more than 256.
 std::optional<std::vector<OpenVariant>> openVariants(const BackboneChain& chain,
                                                      const UnitRange& range, NumberSpan numbers);
 

@@ -365,7 +365,27 @@ TEST(FragmentIons, MoreThanSixteenVariantsOfAnIonAreRefused)
     EXPECT_TRUE(ions.mz().empty());
 }
 
-TEST(FragmentIons, AHundredOpenGroupsOfOneMassAreCounted)
+/// Groups of different masses, each on one of two neighbours: an ion with both holds it.
+Backbone withNeighbouringPlaces(int groups)
+{
+    BackboneChain chain = peptide(QString(4 * groups, u'G')).chains()[0];
+    for (int i = 0; i < groups; ++i)
+        chain.open.push_back({{{100.0 + i, 100.0}, {}}, {4 * i, 4 * i + 1}});
+    return Backbone::ofChains({chain}, {}, residues().breaks()).value();
+}
+
+TEST(FragmentIons, MoreVariantsThanARunCanTellAreRefused)
+{
+    FragmentIons ions;
+    EXPECT_FALSE(ions.assign(withNeighbouringPlaces(100), series({Series::B})).has_value());
+    EXPECT_EQ(ions.mz().size(), 399U + 100U); // each b ion, and those that hold a group or not
+    const auto refusal = ions.assign(withNeighbouringPlaces(200), series({Series::B}));
+    ASSERT_TRUE(refusal.has_value());
+    EXPECT_TRUE(refusal->message.contains(u"256"));
+    EXPECT_TRUE(ions.mz().empty());
+}
+
+TEST(FragmentIons, FifteenOpenGroupsOfOneMassAreCounted)
 {
     BackboneChain chain = peptide(QString(30, u'S')).chains()[0];
     for (int i = 0; i < 15; ++i)
