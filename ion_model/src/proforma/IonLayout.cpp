@@ -20,7 +20,7 @@ struct LabelGroup
     PartWeight weight;
     int count = 1;
     std::vector<std::pair<std::size_t, qsizetype>> sites; ///< Chains and units.
-    TextPosition position;                                ///< Of the first mention.
+    std::vector<LaidMention> mentions;                    ///< In the order of the lists.
 };
 
 /// Labels by kind, and by chain where they hold for one chain only.
@@ -109,17 +109,16 @@ private:
             const auto isAny = [&rule](auto matches) {
                 return std::any_of(rule.places.begin(), rule.places.end(), matches);
             };
-            const TextPosition position = rule.modification.position;
             if (!written.isLeftEndTaken() &&
                 isAny([&](const PlaceRule& place) { return written.isLeftEndOf(place); }))
-                lay(LaidPart::LeftEnd, 0, *weight, position);
+                lay(LaidPlace::LeftEnd, 0, *weight, rule.modification);
             if (!written.isRightEndTaken() &&
                 isAny([&](const PlaceRule& place) { return written.isRightEndOf(place); }))
-                lay(LaidPart::RightEnd, lastUnit(), *weight, position);
+                lay(LaidPlace::RightEnd, lastUnit(), *weight, rule.modification);
             for (qsizetype i = 0; i <= lastUnit(); ++i) {
                 if (!written.isTaken(i) &&
                     isAny([&](const PlaceRule& place) { return written.isResidueOf(place, i); })) {
-                    lay(LaidPart::Unit, i, *weight, position);
+                    lay(LaidPlace::Unit, i, *weight, rule.modification);
                     sites->take(i);
                 }
             }
@@ -127,41 +126,48 @@ private:
         return {};
     }
 
-    LaidPart& lay(LaidPart::Place place, qsizetype unit, PartWeight weight, TextPosition position)
+    LaidPart& lay(LaidPlace place, qsizetype unit, PartWeight weight,
+                  const Modification& modification)
     {
-        m_layout.m_parts.push_back({place, m_chainIndex, unit, {}, std::move(weight), 1, position});
-        return m_layout.m_parts.back();
+        LaidPart& part = m_layout.m_parts.emplace_back();
+        part.place = place;
+        part.chain = m_chainIndex;
+        part.unit = unit;
+        part.weight = std::move(weight);
+        part.position = modification.position;
+        part.modification = &modification;
+        return part;
     }
 
     Failure layPlaced()
     {
         for (const Modification& modification : chain().leftEnd) {
-            if (Failure failure = layOne(modification, LaidPart::LeftEnd, 0))
+            if (Failure failure = layOne(modification, LaidPlace::LeftEnd, 0))
                 return failure;
         }
         for (const ResidueModification& one : chain().modifications) {
-            if (Failure failure = layOne(one.modification, LaidPart::Unit, one.residue))
+            if (Failure failure = layOne(one.modification, LaidPlace::Unit, one.residue))
                 return failure;
         }
         for (const Modification& modification : chain().rightEnd) {
-            if (Failure failure = layOne(modification, LaidPart::RightEnd, lastUnit()))
+            if (Failure failure = layOne(modification, LaidPlace::RightEnd, lastUnit()))
                 return failure;
         }
         for (const Modification& modification : chain().labile) {
-            if (Failure failure = layOne(modification, LaidPart::Labile, 0))
+            if (Failure failure = layOne(modification, LaidPlace::Labile, 0))
                 return failure;
         }
         return {};
     }
 
-    Failure layOne(const Modification& modification, LaidPart::Place place, qsizetype unit)
+    Failure layOne(const Modification& modification, LaidPlace place, qsizetype unit)
     {
         if (modification.label.kind != ModificationLabel::None)
-            return join(modification, {unit}, 1, unit);
+            return join({m_chainIndex, place, unit, &modification}, {unit}, 1);
         Parsed<PartWeight> weight = m_weigher.modification(modification);
         if (!weight)
             return at(weight.error(), modification.position, unit);
-        lay(place, unit, *std::move(weight), modification.position);
+        lay(place, unit, *std::move(weight), modification);
         return {};
     }
 
@@ -186,19 +192,20 @@ private:
                     qsizetype last, int count)
     {
         std::vector<qsizetype> units = sites.openSites(modification.placement, first, last);
+        const bool isEverywhere = first == 0 && last == lastUnit();
         if (modification.label.kind != ModificationLabel::None) {
-            const bool isEverywhere = first == 0 && last == lastUnit();
             if (isEverywhere)
                 m_everywhere[keyOf(modification.label)] = units;
-            return join(modification, isEverywhere ? std::vector<qsizetype>() : units, count,
-                        first);
+            return join({m_chainIndex, LaidPlace::Open, first, &modification, isEverywhere},
+                        isEverywhere ? std::vector<qsizetype>() : units, count);
         }
         Parsed<PartWeight> weight = m_weigher.modification(modification);
         if (!weight)
             return at(weight.error(), modification.position, first);
-        LaidPart& part = lay(LaidPart::Open, 0, *std::move(weight), modification.position);
+        LaidPart& part = lay(LaidPlace::Open, 0, *std::move(weight), modification);
         part.units = std::move(units);
         part.count = count;
+        part.isEverywhere = isEverywhere;
         return {};
     }
 
@@ -210,19 +217,18 @@ private:
     }
 
     /// Adds a mention of a label to those met so far.
-    Failure join(const Modification& modification, const std::vector<qsizetype>& units, int count,
-                 qsizetype residue)
+    Failure join(const LaidMention& mention, const std::vector<qsizetype>& units, int count)
     {
+        const Modification& modification = *mention.modification;
         const auto [place, isNew] = m_groups.try_emplace(keyOf(modification.label));
         LabelGroup& group = place->second;
-        if (isNew) {
+        if (isNew)
             m_order.push_back(place->first);
-            group.position = modification.position;
-        }
+        group.mentions.push_back(mention);
         for (const qsizetype unit : units)
             group.sites.emplace_back(m_chainIndex, unit);
         return modification.tags.empty() ? Failure()
-                                         : describe(modification, count, residue, &group);
+                                         : describe(modification, count, mention.unit, &group);
     }
 
     Failure describe(const Modification& modification, int count, qsizetype residue,
@@ -249,14 +255,16 @@ private:
             if (!group.description) {
                 m_chainIndex = group.sites.front().first;
                 return at({u"no modification is described for the label "_s + labelOf(key)},
-                          group.position, group.sites.front().second);
+                          group.mentions.front().modification->position,
+                          group.sites.front().second);
             }
             std::sort(group.sites.begin(), group.sites.end());
             if (std::get<1>(key) == ModificationLabel::Ambiguous)
                 layAmbiguous(key, std::move(group));
             else
-                m_layout.m_links.push_back(
-                    {std::move(group.weight), std::move(group.sites), group.description->position});
+                m_layout.m_links.push_back({std::move(group.weight), std::move(group.sites),
+                                            group.description->position, group.description,
+                                            std::move(group.mentions)});
         }
         return {};
     }
@@ -264,14 +272,15 @@ private:
     void layAmbiguous(const GroupKey& key, LabelGroup group)
     {
         m_chainIndex = std::get<0>(key) - 1;
-        LaidPart& part =
-            lay(LaidPart::Open, 0, std::move(group.weight), group.description->position);
+        LaidPart& part = lay(LaidPlace::Open, 0, std::move(group.weight), *group.description);
         part.count = group.count;
+        part.mentions = std::move(group.mentions);
         for (const auto& [chain, unit] : group.sites)
             part.units.push_back(unit);
         part.units.erase(std::unique(part.units.begin(), part.units.end()), part.units.end());
         if (part.units.empty())
             part.units = m_everywhere[key];
+        part.isEverywhere = m_everywhere.contains(key);
     }
 
     static QString labelOf(const GroupKey& key)

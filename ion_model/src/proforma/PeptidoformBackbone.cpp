@@ -63,22 +63,22 @@ private:
         BackboneChain& chain = m_chains[part.chain];
         const Masses masses = balanced(part.weight);
         switch (part.place) {
-        case LaidPart::Unit:
+        case LaidPlace::Unit:
             chain.units[std::size_t(part.unit)] += masses;
             addLossy(part.unit, QString(chain.letters[part.unit]), part.weight, &chain);
             return {};
-        case LaidPart::LeftEnd:
+        case LaidPlace::LeftEnd:
             chain.leftGroup += masses;
             addLossy(0, QString(QChar(u'\0')), part.weight, &chain);
             return {};
-        case LaidPart::RightEnd:
+        case LaidPlace::RightEnd:
             chain.rightGroup += masses;
             addLossy(part.unit, QString(QChar(u'\0')), part.weight, &chain);
             return {};
-        case LaidPart::Labile:
+        case LaidPlace::Labile:
             chain.labile.push_back({masses, {}});
             return {};
-        case LaidPart::Open:
+        case LaidPlace::Open:
             return addOpen(part, &chain);
         }
         Q_UNREACHABLE();
