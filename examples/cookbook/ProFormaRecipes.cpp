@@ -143,7 +143,7 @@ void proFormaMolecule(QTextStream& out)
     const chem::ChainFragmenter cut({{blank, {{}, 0, 2, 5}, blank}});
     for (const auto& step : {molecule, methylate.transform(molecule), cut.transform(molecule)}) {
         out << Peptidoform::ofMolecule(step, natural(), standard())->toString() << ' '
-            << daltons(step.monoMass()) << '\n';
+            << QString::number(step.monoMass(), 'f', 4) << '\n';
     }
     //! [ProFormaMolecule]
 }

@@ -253,10 +253,10 @@ private:
         for (const GroupKey& key : m_order) {
             LabelGroup& group = m_groups[key];
             if (!group.description) {
-                m_chainIndex = group.sites.front().first;
+                const LaidMention& first = group.mentions.front();
+                m_chainIndex = first.chain;
                 return at({u"no modification is described for the label "_s + labelOf(key)},
-                          group.mentions.front().modification->position,
-                          group.sites.front().second);
+                          first.modification->position, first.unit);
             }
             std::sort(group.sites.begin(), group.sites.end());
             if (std::get<1>(key) == ModificationLabel::Ambiguous)

@@ -52,6 +52,13 @@ Modification bareLabel(const ModificationLabel& label)
     return modification;
 }
 
+/// Whether a group says by its code that it is described in front of its chain.
+bool isInFront(const Modification& modification, const chem::MoleculeEntity& group)
+{
+    return modification.label.kind == ModificationLabel::Ambiguous &&
+           group.code() == modificationText(bareLabel(modification.label));
+}
+
 /// What a molecule of the first library says, apart from its isotopes: chains taken apart,
 /// modifications of known places on their residues.
 class MoleculeContent
@@ -115,7 +122,7 @@ private:
         return place(molecule.modifications());
     }
 
-    /// A known place is on a residue, unless a rule in the name chose it.
+    /// What has one place is on that residue, unless it says that a rule or a label chose it.
     Failure place(const QList<chem::Modification>& modifications)
     {
         for (const chem::Modification& modification : modifications) {
@@ -128,9 +135,11 @@ private:
                 if (position.first != places.first().first)
                     return refusal(u"an open modification within one chain"_s, position);
             }
-            const auto named = readModification(modification.entity().name());
-            const bool isByRule = named && !named->placement.positions.empty();
-            if (places.size() == 1 && !isByRule)
+            const chem::MoleculeEntity group = modification.entity();
+            const auto named = readModification(group.name());
+            const bool isOpen =
+                named && (!named->placement.positions.empty() || isInFront(*named, group));
+            if (places.size() == 1 && !isOpen)
                 pieceAt(places.first()).groups.append(modification);
             else
                 open.append(modification);
@@ -387,9 +396,7 @@ private:
             modification.label = {};
         if (places.isEmpty() || isByRule(modification, places))
             return addUnlocalised(chain, modification, places);
-        const bool isInFront = modification.label.kind == ModificationLabel::Ambiguous &&
-                               group.code() == modificationText(bareLabel(modification.label));
-        return writePlaces(modification, places, isInFront);
+        return writePlaces(modification, places, isInFront(modification, group));
     }
 
     /// Whether the places are those that the notation gives to a modification of unknown place.
@@ -411,23 +418,24 @@ private:
                            const QList<Position>& places)
     {
         auto& all = m_chains[std::size_t(chain)].unlocalised;
-        const bool isEqual = !all.empty() && all.back().modification == modification;
-        if (isEqual && places == m_lastPlaces) {
+        const bool isUnlabelled = modification.label.kind == ModificationLabel::None;
+        if (!all.empty() && all.back().modification == modification &&
+            (isUnlabelled || places == m_lastPlaces)) {
             ++all.back().count;
             return {};
         }
         m_lastPlaces = places;
-        if (modification.label.kind == ModificationLabel::None || take(modification.label))
+        if (isUnlabelled || take(modification.label))
             all.push_back({modification, 1});
         else
             all.push_back({withoutLabel(modification), 1});
         return {};
     }
 
-    Failure writePlaces(Modification modification, const QList<Position>& places, bool isInFront)
+    Failure writePlaces(Modification modification, const QList<Position>& places, bool isFront)
     {
         auto& unlocalised = m_chains[std::size_t(places.first().first)].unlocalised;
-        const bool isCounted = isInFront && !unlocalised.empty() && places == m_lastPlaces &&
+        const bool isCounted = isFront && !unlocalised.empty() && places == m_lastPlaces &&
                                unlocalised.back().modification == modification;
         if (isCounted) {
             ++unlocalised.back().count;
@@ -436,25 +444,32 @@ private:
         if (modification.label.kind == ModificationLabel::None || !take(modification.label))
             modification.label = freshLabel(ModificationLabel::Ambiguous);
         const Modification label = bareLabel(modification.label);
-        if (isInFront) {
+        if (isFront) {
             unlocalised.push_back({modification, 1});
             m_lastPlaces = places;
         }
         for (const Position& position : places) {
-            const bool isDescribed = !isInFront && position == places.first();
+            const bool isDescribed = !isFront && position == places.first();
             if (Failure failure = add(position, isDescribed ? modification : label))
                 return failure;
         }
         return {};
     }
 
+    /// By residue, what has a label behind what has none.
     void sortModifications()
     {
+        const auto hasNoLabel = [](const Modification& modification) {
+            return modification.label.kind == ModificationLabel::None;
+        };
+        const auto isLess = [&](const ResidueModification& left, const ResidueModification& right) {
+            return std::pair(left.residue, !hasNoLabel(left.modification)) <
+                   std::pair(right.residue, !hasNoLabel(right.modification));
+        };
         for (PeptidoformChain& chain : m_chains) {
-            std::stable_sort(chain.modifications.begin(), chain.modifications.end(),
-                             [](const ResidueModification& left, const ResidueModification& right) {
-                                 return left.residue < right.residue;
-                             });
+            std::stable_sort(chain.modifications.begin(), chain.modifications.end(), isLess);
+            std::stable_partition(chain.leftEnd.begin(), chain.leftEnd.end(), hasNoLabel);
+            std::stable_partition(chain.rightEnd.begin(), chain.rightEnd.end(), hasNoLabel);
         }
     }
 

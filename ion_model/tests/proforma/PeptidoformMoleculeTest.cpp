@@ -86,12 +86,14 @@ TEST(PeptidoformMolecule, ExamplesThatMoleculesHoldComeBackEqual)
         const auto weight = value->weigh(0, naturalResidues(), standardModifications());
         EXPECT_TRUE(isSameWeight(weight->masses, molecule));
         ++compared;
-        if (value->fixed.empty())
+        if (value->fixed.empty()) {
             EXPECT_EQ(textOf(molecule), value->toString());
-        else
+            EXPECT_TRUE(*peptidoformOf(molecule) == *value);
+        } else {
             EXPECT_FALSE(textOf(molecule).contains(u'<'));
+        }
     }
-    EXPECT_EQ(compared, 0);
+    EXPECT_GE(compared, 71);
 }
 
 /// With all that has no place left out, every example that has a mass is a molecule.
@@ -109,7 +111,7 @@ TEST(PeptidoformMolecule, ExamplesAreMoleculesWithoutWhatHasNoPlace)
         EXPECT_EQ(broken, nullptr) << broken << " " << textOf(*molecule).toStdString();
         ++compared;
     }
-    EXPECT_EQ(compared, 0);
+    EXPECT_GE(compared, 119);
 }
 
 RC_GTEST_PROP(PeptidoformMolecule, LawsHoldForTextsOfTheGrammar, ())
@@ -201,8 +203,8 @@ TEST(PeptidoformMolecule, ModificationsAreStepsOnTheirResidue)
         const QList<chem::Modification> groups = residues[i].modifications();
         ASSERT_EQ(groups.size(), names[i].isEmpty() ? 0 : 1) << i;
         EXPECT_EQ(residues[i].transformations().size(), groups.size());
-        if (!groups.isEmpty())
-            EXPECT_EQ(groups.first().entity().name(), names[i]);
+        const QString name = groups.isEmpty() ? QString() : groups.first().entity().name();
+        EXPECT_EQ(name, names[i]);
     }
 }
 
@@ -294,7 +296,7 @@ TEST(PeptidoformMolecule, WhatCannotBeAMoleculeIsRefusedAnyway)
 {
     for (const QString& text :
          {u"A[no such]"_s, u"AX"_s, u"[Phospho|Position:S]?AAA"_s, u"[Phospho]^1001?AAA"_s,
-          u"[X:DSS#XL1]?AK[#XL1]"_s, u"AK[#XL1]"_s, u"<12C><13C>A"_s}) {
+          u"[X:DSS#XL1]?AK[#XL1]"_s, u"AK[#XL1]"_s, u"[INFO:x#g1]?A"_s, u"<12C><13C>A"_s}) {
         EXPECT_FALSE(moleculeOf(peptidoform(text), Placeless::Dropped)) << text.toStdString();
     }
     const Peptidoform one = peptidoform(u"A"_s);
