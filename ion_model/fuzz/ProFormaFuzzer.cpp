@@ -42,9 +42,11 @@ void checkIons(const Peptidoform& peptidoform)
     }
     const char* const broken = lawBrokenThroughMolecules(peptidoform);
     requireLaw(isOrdinary ? broken : nullptr);
-    const auto whole = moleculeOf(peptidoform);
     const auto weight = peptidoform.weigh(0, naturalResidues(), standardModifications());
-    require(!whole || (weight && (!isOrdinary || isSameWeight(weight->masses, *whole))),
+    if (!weight || !isOrdinary)
+        return;
+    const auto whole = moleculeOf(peptidoform);
+    require(!whole || isSameWeight(weight->masses, *whole),
             "a molecule weighs what its peptidoform weighs");
 }
 
