@@ -1,11 +1,9 @@
 #include "ProForma.h"
-#include "backbone/LastCut.h"
 #include "masses/EntityMasses.h"
 #include "proforma/ChainSites.h"
 #include "proforma/GroupNames.h"
 #include "proforma/ModificationText.h"
-#include "proforma/MoleculeParts.h"
-#include <zel_chemical_model/Modify.h>
+#include "proforma/MoleculeContent.h"
 
 #include <QSet>
 
@@ -19,7 +17,7 @@ namespace ions {
 namespace {
 
 using Failure = std::optional<Error>;
-using Position = std::pair<int, int>;
+using Position = MoleculePosition;
 
 constexpr std::size_t mostAtAnEnd = 2;
 
@@ -35,123 +33,10 @@ const std::vector<Vocabulary>& ofLinks()
     return vocabularies;
 }
 
-Error refusal(const QString& expected, const Position& position)
-{
-    return {u"expected "_s + expected, -1, position.first, position.second};
-}
-
 bool isBridge(const ModificationLabel& label)
 {
     return label.kind == ModificationLabel::CrossLink || label.kind == ModificationLabel::Branch;
 }
-
-Modification bareLabel(const ModificationLabel& label)
-{
-    Modification modification;
-    modification.label = label;
-    return modification;
-}
-
-/// Whether a group says by its code that it is described in front of its chain.
-bool isInFront(const Modification& modification, const chem::MoleculeEntity& group)
-{
-    return modification.label.kind == ModificationLabel::Ambiguous &&
-           group.code() == modificationText(bareLabel(modification.label));
-}
-
-/// What a molecule of the first library says, apart from its isotopes: chains taken apart,
-/// modifications of known places on their residues.
-class MoleculeContent
-{
-public:
-    static Parsed<MoleculeContent> of(const chem::MoleculeEntity& molecule,
-                                      const ResidueTable& residues)
-    {
-        MoleculeContent content(molecule);
-        if (Failure failure = content.read(molecule, residues))
-            return *std::move(failure);
-        return content;
-    }
-
-    std::vector<MoleculeChain> chains;
-    QList<chem::Modification> open;
-    QList<chem::Link> links;
-    LastCut lastCut;
-
-    bool exists(const Position& position) const
-    {
-        return position.first >= 0 && position.first < std::ssize(chains) && position.second >= 0 &&
-               position.second < std::ssize(chains[std::size_t(position.first)].pieces);
-    }
-
-    /// All groups that no residue alone tells of.
-    std::vector<chem::MoleculeEntity> groups() const
-    {
-        std::vector<chem::MoleculeEntity> all;
-        for (const MoleculeChain& chain : chains) {
-            for (const MoleculePiece& piece : chain.pieces) {
-                for (const chem::Modification& group : piece.groups)
-                    all.push_back(group.entity());
-            }
-        }
-        for (const chem::Modification& group : open)
-            all.push_back(group.entity());
-        for (const chem::Link& link : links)
-            all.push_back(link.entity());
-        return all;
-    }
-
-private:
-    explicit MoleculeContent(const chem::MoleculeEntity& molecule)
-        : links(molecule.links())
-        , lastCut(molecule)
-    {
-    }
-
-    Failure read(const chem::MoleculeEntity& molecule, const ResidueTable& residues)
-    {
-        const QList<chem::Chain> all = molecule.chains();
-        if (all.isEmpty())
-            return Error{u"expected a molecule with a chain"_s};
-        for (const chem::Chain& chain : all) {
-            Parsed<MoleculeChain> parts = takeApart(chain, std::ssize(chains), residues);
-            if (!parts)
-                return parts.error();
-            chains.push_back(*std::move(parts));
-        }
-        return place(molecule.modifications());
-    }
-
-    /// What has one place is on that residue, unless it says that a rule or a label chose it.
-    Failure place(const QList<chem::Modification>& modifications)
-    {
-        for (const chem::Modification& modification : modifications) {
-            const QList<Position> places = modification.possibleChainLocations();
-            if (!places.isEmpty() && lastCut.isOlder(modification))
-                return refusal(u"no place that counts from before a cut"_s, places.first());
-            for (const Position& position : places) {
-                if (!exists(position))
-                    return refusal(u"a modification at a residue"_s, position);
-                if (position.first != places.first().first)
-                    return refusal(u"an open modification within one chain"_s, position);
-            }
-            const chem::MoleculeEntity group = modification.entity();
-            const auto named = readModification(group.name());
-            const bool isOpen =
-                named && (!named->placement.positions.empty() || isInFront(*named, group));
-            if (places.size() == 1 && !isOpen)
-                pieceAt(places.first()).groups.append(modification);
-            else
-                open.append(modification);
-        }
-        return {};
-    }
-
-    MoleculePiece& pieceAt(const Position& position)
-    {
-        return chains[std::size_t(position.first)].pieces[std::size_t(position.second)];
-    }
-};
 
 /// Writes what a molecule says as a peptidoform.
 class PeptidoformWriter
@@ -303,7 +188,7 @@ private:
         }
         std::vector<Modification>& end = unit < 0 ? chain.leftEnd : chain.rightEnd;
         if (end.size() == mostAtAnEnd)
-            return refusal(u"at most two modifications of an end"_s, position);
+            return refusalAt(u"at most two modifications of an end"_s, position);
         end.push_back(modification);
         return {};
     }
@@ -363,18 +248,18 @@ private:
     Parsed<Position> linkEnd(const Position& position, qsizetype link) const
     {
         if (position.first < 0 || position.first >= std::ssize(m_content.chains))
-            return refusal(u"a link between residues"_s, position);
+            return refusalAt(u"a link between residues"_s, position);
         const MoleculeChain& chain = m_content.chains[std::size_t(position.first)];
         Position end = position;
         if (!chain.hasLeftEnd) {
             const auto linked =
                 m_content.lastCut.linkedResidue(link, position.second, chain.isPiece);
             if (!linked)
-                return refusal(u"a link whose place does not depend on a cut"_s, position);
+                return refusalAt(u"a link whose place does not depend on a cut"_s, position);
             end.second = int(*linked);
         }
         return m_content.exists(end) ? Parsed<Position>(end)
-                                     : refusal(u"a link between residues"_s, position);
+                                     : refusalAt(u"a link between residues"_s, position);
     }
 
     Failure writeOpen(const chem::Modification& open)
