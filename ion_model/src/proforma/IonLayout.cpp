@@ -1,7 +1,7 @@
 #include "proforma/IonLayout.h"
 
 #include "proforma/ChainSites.h"
-#include "proforma/ModificationText.h"
+#include "proforma/LabelGroups.h"
 
 #include <algorithm>
 
@@ -13,18 +13,7 @@ namespace {
 
 using Failure = std::optional<Error>;
 
-/// What one label joins.
-struct LabelGroup
-{
-    const Modification* description = nullptr; ///< Null as long as only the label was met.
-    PartWeight weight;
-    int count = 1;
-    std::vector<std::pair<std::size_t, qsizetype>> sites; ///< Chains and units.
-    std::vector<LaidMention> mentions;                    ///< In the order of the lists.
-};
-
-/// Labels by kind, and by chain where they hold for one chain only.
-using GroupKey = std::tuple<std::size_t, int, QString>;
+constexpr qint64 mostOpenParts = 1000;
 
 } // namespace
 
@@ -194,10 +183,12 @@ private:
         std::vector<qsizetype> units = sites.openSites(modification.placement, first, last);
         const bool isEverywhere = first == 0 && last == lastUnit();
         if (modification.label.kind != ModificationLabel::None) {
-            if (isEverywhere)
-                m_everywhere[keyOf(modification.label)] = units;
-            return join({m_chainIndex, LaidPlace::Open, first, &modification, isEverywhere},
-                        isEverywhere ? std::vector<qsizetype>() : units, count);
+            const LaidMention mention{m_chainIndex, LaidPlace::Open, first, &modification,
+                                      isEverywhere};
+            if (!isEverywhere)
+                return join(mention, units, count);
+            m_labels.of(modification.label, m_chainIndex).everywhere = std::move(units);
+            return join(mention, {}, count);
         }
         Parsed<PartWeight> weight = m_weigher.modification(modification);
         if (!weight)
@@ -209,58 +200,35 @@ private:
         return {};
     }
 
-    GroupKey keyOf(const ModificationLabel& label) const
-    {
-        // Bridges reach from chain to chain, ambiguous places belong to one.
-        const bool isOfChain = label.kind == ModificationLabel::Ambiguous;
-        return {isOfChain ? m_chainIndex + 1 : 0, int(label.kind), label.name};
-    }
-
     /// Adds a mention of a label to those met so far.
     Failure join(const LaidMention& mention, const std::vector<qsizetype>& units, int count)
     {
         const Modification& modification = *mention.modification;
-        const auto [place, isNew] = m_groups.try_emplace(keyOf(modification.label));
-        LabelGroup& group = place->second;
-        if (isNew)
-            m_order.push_back(place->first);
+        LabelGroup& group = m_labels.of(modification.label, m_chainIndex);
         group.mentions.push_back(mention);
         for (const qsizetype unit : units)
             group.sites.emplace_back(m_chainIndex, unit);
-        return modification.tags.empty() ? Failure()
-                                         : describe(modification, count, mention.unit, &group);
-    }
-
-    Failure describe(const Modification& modification, int count, qsizetype residue,
-                     LabelGroup* group)
-    {
+        if (modification.tags.empty())
+            return {};
         Parsed<PartWeight> weight = m_weigher.modification(modification);
-        if (!weight)
-            return at(weight.error(), modification.position, residue);
-        if (group->description && !isSameWeight(group->weight, *weight)) {
-            return at({u"expected the modification that the label has elsewhere, "_s +
-                       modificationText(*group->description)},
-                      modification.position, residue);
-        }
-        group->description = &modification;
-        group->weight = *std::move(weight);
-        group->count = std::max(group->count, count);
-        return {};
+        const Failure failure = weight ? group.describe(modification, *std::move(weight), count)
+                                       : Failure(weight.error());
+        return failure ? at(*failure, modification.position, mention.unit) : Failure();
     }
 
     Failure layGroups()
     {
-        for (const GroupKey& key : m_order) {
-            LabelGroup& group = m_groups[key];
+        for (LabelGroup& group : m_labels.groups()) {
+            const LaidMention& first = group.mentions.front();
+            const ModificationLabel& label = first.modification->label;
+            m_chainIndex = first.chain;
             if (!group.description) {
-                const LaidMention& first = group.mentions.front();
-                m_chainIndex = first.chain;
-                return at({u"no modification is described for the label "_s + labelOf(key)},
+                return at({u"no modification is described for the label "_s + labelText(label)},
                           first.modification->position, first.unit);
             }
             std::sort(group.sites.begin(), group.sites.end());
-            if (std::get<1>(key) == ModificationLabel::Ambiguous)
-                layAmbiguous(key, std::move(group));
+            if (label.kind == ModificationLabel::Ambiguous)
+                layAmbiguous(std::move(group));
             else
                 m_layout.m_links.push_back({std::move(group.weight), std::move(group.sites),
                                             group.description->position, group.description,
@@ -269,25 +237,17 @@ private:
         return {};
     }
 
-    void layAmbiguous(const GroupKey& key, LabelGroup group)
+    void layAmbiguous(LabelGroup group)
     {
-        m_chainIndex = std::get<0>(key) - 1;
         LaidPart& part = lay(LaidPlace::Open, 0, std::move(group.weight), *group.description);
         part.count = group.count;
         part.mentions = std::move(group.mentions);
         for (const auto& [chain, unit] : group.sites)
             part.units.push_back(unit);
         part.units.erase(std::unique(part.units.begin(), part.units.end()), part.units.end());
-        if (part.units.empty())
-            part.units = m_everywhere[key];
-        part.isEverywhere = m_everywhere.contains(key);
-    }
-
-    static QString labelOf(const GroupKey& key)
-    {
-        Modification modification;
-        modification.label = {ModificationLabel::Kind(std::get<1>(key)), std::get<2>(key), {}};
-        return modificationText(modification);
+        part.isEverywhere = group.everywhere.has_value();
+        if (part.units.empty() && group.everywhere)
+            part.units = *std::move(group.everywhere);
     }
 
     const Peptidoform& m_peptidoform;
@@ -295,9 +255,7 @@ private:
     const PartWeigher& m_weigher;
     std::size_t m_chainIndex = 0;
     std::array<bool, 26> m_isWeighed{};
-    std::map<GroupKey, LabelGroup> m_groups;
-    std::vector<GroupKey> m_order;                           ///< As they are met.
-    std::map<GroupKey, std::vector<qsizetype>> m_everywhere; ///< Places of unlocalised ones.
+    LabelGroups m_labels;
     IonLayout m_layout;
 };
 
@@ -307,6 +265,25 @@ Parsed<IonLayout> IonLayout::of(const Peptidoform& peptidoform, qsizetype ion,
     if (ion < 0 || ion >= std::ssize(peptidoform.ions))
         return Error{u"expected the number of an ion, from 0"_s};
     return LayoutBuilder(peptidoform, peptidoform.ions[std::size_t(ion)], weigher).build();
+}
+
+Failure IonLayout::openRefusal() const
+{
+    qint64 count = 0;
+    for (const LaidPart& part : m_parts) {
+        if (part.place != LaidPlace::Open)
+            continue;
+        const auto refusal = [&part](const QString& message) {
+            return Error{message, part.position.index, qsizetype(part.chain)};
+        };
+        if (part.units.empty())
+            return refusal(u"expected a place for this modification: all residues that it may sit "
+                           "on bear one already"_s);
+        count += part.count;
+        if (count > mostOpenParts)
+            return refusal(u"expected at most 1000 modifications of unknown place"_s);
+    }
+    return {};
 }
 
 } // namespace ions

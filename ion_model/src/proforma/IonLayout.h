@@ -7,7 +7,6 @@
 #include <QString>
 
 #include <array>
-#include <map>
 #include <optional>
 #include <utility>
 #include <vector>
@@ -60,6 +59,10 @@ public:
     /// Weighs the parts of one ion, counted from 0, by the rules for all of them.
     static Parsed<IonLayout> of(const Peptidoform& peptidoform, qsizetype ion,
                                 const PartWeigher& weigher);
+
+    /// Why open parts cannot be arranged one by one, if so: one of them finds no place, or there
+    /// are more than 1,000.
+    std::optional<Error> openRefusal() const;
 
     const std::vector<LaidPart>& parts() const { return m_parts; }
     const std::vector<LaidLink>& links() const { return m_links; }

@@ -21,8 +21,6 @@ namespace {
 using Failure = std::optional<Error>;
 using Position = std::pair<int, int>;
 
-constexpr qint64 mostOpenParts = 1000;
-
 /// The first library takes a mass of exactly 0 for one that is to be computed from the formula,
 /// where it would miss the isotopes: carbon-12 in place of carbon weighs nothing.
 double stored(double mass, const Composition& composition)
@@ -64,12 +62,12 @@ public:
 
     Parsed<chem::MoleculeEntity> build()
     {
+        if (Failure failure = m_layout.openRefusal())
+            return *std::move(failure);
         for (const PeptidoformChain& chain : m_ion.chains)
             addChain(chain);
-        for (const LaidPart& part : m_layout.parts()) {
-            if (Failure failure = addPart(part))
-                return *std::move(failure);
-        }
+        for (const LaidPart& part : m_layout.parts())
+            addPart(part);
         for (const LaidLink& link : m_layout.links()) {
             if (Failure failure = addLink(link))
                 return *std::move(failure);
@@ -124,14 +122,13 @@ private:
         return {int(mention.chain), positionOf(mention.place, mention.chain, mention.unit)};
     }
 
-    Failure addPart(const LaidPart& part)
+    void addPart(const LaidPart& part)
     {
         if (part.place == LaidPlace::Open)
             return addOpen(part);
         const int position = positionOf(part.place, part.chain, part.unit);
         modify({int(part.chain), position},
                named(part.weight, modificationText(*part.modification), {}));
-        return {};
     }
 
     void modify(const Position& position, const chem::MoleculeEntity& group)
@@ -140,25 +137,18 @@ private:
         residue = chem::Modify(group).transform(residue);
     }
 
-    Failure addOpen(const LaidPart& part)
+    void addOpen(const LaidPart& part)
     {
-        const auto refusal = [&part](const QString& expected) {
-            return Error{u"expected "_s + expected, part.position.index, qsizetype(part.chain)};
-        };
-        if (part.units.empty())
-            return refusal(u"a place for this modification"_s);
-        m_openParts += part.count;
-        if (m_openParts > mostOpenParts)
-            return refusal(u"at most 1000 modifications of unknown place"_s);
         const QList<Position> places = placesOf(part);
         const chem::MoleculeEntity group =
             named(part.weight, modificationText(*part.modification), codeOf(part));
         const bool isKnown = places.size() == 1 && !part.mentions.empty() && group.code().isEmpty();
-        if (isKnown)
-            modify(places.front(), group);
-        else
-            m_open.append(QList<chem::Modification>(part.count, chem::Modification(group, places)));
-        return {};
+        for (int i = 0; i < part.count; ++i) {
+            if (isKnown)
+                modify(places.front(), group);
+            else
+                m_open.append(chem::Modification(group, places));
+        }
     }
 
     static bool isPlaced(const LaidMention& mention) { return mention.place != LaidPlace::Open; }
@@ -228,7 +218,6 @@ private:
     std::vector<QList<chem::MoleculeEntity>> m_chains; ///< Ends included.
     QList<chem::Modification> m_open;
     QList<chem::Link> m_links;
-    qint64 m_openParts = 0;
 };
 
 } // namespace

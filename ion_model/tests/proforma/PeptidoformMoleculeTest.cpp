@@ -222,6 +222,18 @@ TEST(PeptidoformMolecule, OpenModificationsHaveTheirPlacesTheDescribedOneFirst)
     EXPECT_EQ(places(u"AA//[Phospho]?SS"_s), (QList<Position>{{1, 1}, {1, 2}}));
 }
 
+/// A label that only one residue can bear makes no difference to how many there are.
+TEST(PeptidoformMolecule, EachOfSeveralModificationsIsThere)
+{
+    for (const QString& text :
+         {u"[Phospho]^3?A//G"_s, u"[Phospho#s1]^3?A//G"_s, u"[Phospho#s1]^2?(A)[#s1]G"_s}) {
+        const auto molecule = moleculeOf(peptidoform(text), Placeless::Dropped);
+        ASSERT_TRUE(molecule.hasValue()) << text.toStdString();
+        EXPECT_NEAR(molecule->monoMass(), monoisotopic(text), 1e-8) << text.toStdString();
+    }
+    EXPECT_EQ(textOf(moleculeOf(u"[Phospho#s1]^2?A//G"_s)), u"A[Phospho][Phospho#s1]//G"_s);
+}
+
 TEST(PeptidoformMolecule, BridgesAreLinks)
 {
     const chem::MoleculeEntity molecule = moleculeOf(u"AC[#XL1]//C[X:Disulfide#XL1]"_s);
