@@ -71,6 +71,16 @@ void annotatedPeaks(QTextStream& out);
 void labelledPattern(QTextStream& out);
 void formulasOfMass(QTextStream& out);
 
+void proFormaFirst(QTextStream& out);
+void proFormaTags(QTextStream& out);
+void proFormaPlaces(QTextStream& out);
+void proFormaRules(QTextStream& out);
+void proFormaBridges(QTextStream& out);
+void proFormaCharges(QTextStream& out);
+void proFormaRefused(QTextStream& out);
+void proFormaMolecule(QTextStream& out);
+void proFormaIons(QTextStream& out);
+
 /// What the recipes promise, proved on lists of texts and on masses from elsewhere: they print
 /// FAILED where it does not hold.
 void digestProved(QTextStream& out);

@@ -5,6 +5,7 @@
 #include "ModificationTable.h"
 #include "Parsed.h"
 #include "ResidueTable.h"
+#include <zel_chemical_model/MoleculeEntity.h>
 #include <zel_ion_model/IonModelExport.h>
 
 #include <QString>
@@ -270,6 +271,12 @@ struct PeptidoformWeight
     Masses mz;      ///< Monoisotopic and average; both 0 where there is no charge.
 };
 
+/// What becomes of that which a molecule of the first library has no place for.
+enum class Placeless {
+    Refused, ///< The peptidoform is refused, with the reason.
+    Dropped  ///< It is left out.
+};
+
 /// One or several peptidoform ions, with the rules that hold for all of them.
 ///
 /// \code
@@ -322,6 +329,44 @@ struct ZEL_ION_MODEL_EXPORT Peptidoform
     /// all its carriers: zinc with two charges takes two protons away.
     Parsed<Backbone> backbone(qsizetype ion, const ResidueTable& residues,
                               const ModificationTable& modifications) const;
+
+    /// One ion as a molecule of the first library, of the same masses. Modifications are steps on
+    /// their residue, those of a rule too; position 0 is the left end, the last one the right end.
+    /// Those of unknown place are open modifications of the molecule: with the places that a label
+    /// or `Position:` names, the described one first, and without any where the only chain may bear
+    /// them anywhere. Bridges are links, from the described end to each other one, the first of
+    /// which has the mass; chains joined by `//` are chains.
+    ///
+    /// What stands in the brackets is the name of the group, for a link what stands at its first
+    /// end, with the other one as the code. The code of an open modification is its label where the
+    /// description stands in front of the chain. Isotopes carry their mass and stand in formulas
+    /// under keys such as `[13C]`, which only this library can weigh.
+    ///
+    /// A molecule has no place for labile parts, ranges, `(?...)`, scores, remarks, names, charges
+    /// and further ions, nor for isotopes of elements that no residue has. Dropped charges leave
+    /// the atoms of their formulas; the modifications of dropped ranges stay open within them.
+    /// Refused are also bridges that end in unknown places, open modifications without a place or
+    /// more than 1,000 of them, and what weigh() refuses.
+    Parsed<chem::MoleculeEntity> molecule(qsizetype ion, const ResidueTable& residues,
+                                          const ModificationTable& modifications,
+                                          Placeless placeless = Placeless::Refused) const;
+
+    /// The peptidoform of a molecule of peptide chains, as molecule() or a program makes it, after
+    /// any steps. The name of a group is what its brackets hold if it reads as a modification that
+    /// weighs the same. Else its composition tells: the modification of Unimod with these atoms,
+    /// of several one that is no exchange of amino acids, then that with the lowest accession; for
+    /// links a cross-linker before all others; a formula where there is none. A group of one mass
+    /// without atoms is that mass. What a residue or an end weighs beside its letter and its groups
+    /// is a modification likewise, as are the atoms that the end of a piece lacks; residues without
+    /// a letter of their own are X under one. If all residues and ends are labelled alike,
+    /// `<13C>` says so. Names of molecules and chains are no part of the result.
+    ///
+    /// Refused are what Backbone::ofMolecule() refuses, with chain and residue as the first library
+    /// counts them, chains of nucleotides, more than two modifications of one end, and groups whose
+    /// two masses are neither those of atoms nor equal.
+    static Parsed<Peptidoform> ofMolecule(const chem::MoleculeEntity& molecule,
+                                          const ResidueTable& residues,
+                                          const ModificationTable& modifications);
 
     /// Compares what they say.
     friend bool operator==(const Peptidoform&, const Peptidoform&) = default;

@@ -5,6 +5,8 @@
 
 #include <QList>
 
+#include <optional>
+
 namespace ions {
 
 /// What a molecule of the first library had when its history last cut chains. Positions of what it
@@ -17,10 +19,15 @@ public:
 
     /// Whether the modification was there before the cut.
     bool isOlder(const chem::Modification& modification) const;
-    /// Whether the link at this index was there before the cut.
-    bool isOlderLink(qsizetype index) const { return index < m_links; }
-    /// How often the history cuts chains.
-    qsizetype cuts() const { return m_cuts; }
+    /// The residue that the end of a link means by `residue`, in a chain without a left end;
+    /// nothing where it cannot be told: behind several cuts, and in pieces without the history of a
+    /// cut.
+    std::optional<qsizetype> linkedResidue(qsizetype link, qsizetype residue, bool isPiece) const
+    {
+        const bool isOlder = link < m_links;
+        const bool isUnsure = m_cuts == 0 ? isPiece : isOlder && m_cuts > 1;
+        return isUnsure ? std::nullopt : std::optional(isOlder ? residue - 1 : residue);
+    }
 
 private:
     qsizetype m_cuts = 0;

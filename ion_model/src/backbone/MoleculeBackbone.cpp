@@ -195,14 +195,10 @@ private:
         const auto chain = std::size_t(position.first);
         qsizetype residue = position.second;
         if (!m_units[chain].hasLeftEnd) {
-            // Without the history nothing tells how the link of a piece counts.
-            const bool isOlder = m_lastCut.isOlderLink(index);
-            const bool isUnsure =
-                m_lastCut.cuts() == 0 ? m_chains[chain].isPiece : isOlder && m_lastCut.cuts() > 1;
-            if (isUnsure)
+            const auto linked = m_lastCut.linkedResidue(index, residue, m_chains[chain].isPiece);
+            if (!linked)
                 return refusal(u"a link whose place does not depend on a cut"_s, position);
-            if (isOlder)
-                --residue;
+            residue = *linked;
         }
         const auto place = m_readers[chain].placeOf(residue);
         if (!place)

@@ -1,7 +1,7 @@
 #include "proforma/IonLayout.h"
 
 #include "proforma/ChainSites.h"
-#include "proforma/ModificationText.h"
+#include "proforma/LabelGroups.h"
 
 #include <algorithm>
 
@@ -13,18 +13,7 @@ namespace {
 
 using Failure = std::optional<Error>;
 
-/// What one label joins.
-struct LabelGroup
-{
-    const Modification* description = nullptr; ///< Null as long as only the label was met.
-    PartWeight weight;
-    int count = 1;
-    std::vector<std::pair<std::size_t, qsizetype>> sites; ///< Chains and units.
-    TextPosition position;                                ///< Of the first mention.
-};
-
-/// Labels by kind, and by chain where they hold for one chain only.
-using GroupKey = std::tuple<std::size_t, int, QString>;
+constexpr qint64 mostOpenParts = 1000;
 
 } // namespace
 
@@ -109,17 +98,16 @@ private:
             const auto isAny = [&rule](auto matches) {
                 return std::any_of(rule.places.begin(), rule.places.end(), matches);
             };
-            const TextPosition position = rule.modification.position;
             if (!written.isLeftEndTaken() &&
                 isAny([&](const PlaceRule& place) { return written.isLeftEndOf(place); }))
-                lay(LaidPart::LeftEnd, 0, *weight, position);
+                lay(LaidPlace::LeftEnd, 0, *weight, rule.modification);
             if (!written.isRightEndTaken() &&
                 isAny([&](const PlaceRule& place) { return written.isRightEndOf(place); }))
-                lay(LaidPart::RightEnd, lastUnit(), *weight, position);
+                lay(LaidPlace::RightEnd, lastUnit(), *weight, rule.modification);
             for (qsizetype i = 0; i <= lastUnit(); ++i) {
                 if (!written.isTaken(i) &&
                     isAny([&](const PlaceRule& place) { return written.isResidueOf(place, i); })) {
-                    lay(LaidPart::Unit, i, *weight, position);
+                    lay(LaidPlace::Unit, i, *weight, rule.modification);
                     sites->take(i);
                 }
             }
@@ -127,41 +115,48 @@ private:
         return {};
     }
 
-    LaidPart& lay(LaidPart::Place place, qsizetype unit, PartWeight weight, TextPosition position)
+    LaidPart& lay(LaidPlace place, qsizetype unit, PartWeight weight,
+                  const Modification& modification)
     {
-        m_layout.m_parts.push_back({place, m_chainIndex, unit, {}, std::move(weight), 1, position});
-        return m_layout.m_parts.back();
+        LaidPart& part = m_layout.m_parts.emplace_back();
+        part.place = place;
+        part.chain = m_chainIndex;
+        part.unit = unit;
+        part.weight = std::move(weight);
+        part.position = modification.position;
+        part.modification = &modification;
+        return part;
     }
 
     Failure layPlaced()
     {
         for (const Modification& modification : chain().leftEnd) {
-            if (Failure failure = layOne(modification, LaidPart::LeftEnd, 0))
+            if (Failure failure = layOne(modification, LaidPlace::LeftEnd, 0))
                 return failure;
         }
         for (const ResidueModification& one : chain().modifications) {
-            if (Failure failure = layOne(one.modification, LaidPart::Unit, one.residue))
+            if (Failure failure = layOne(one.modification, LaidPlace::Unit, one.residue))
                 return failure;
         }
         for (const Modification& modification : chain().rightEnd) {
-            if (Failure failure = layOne(modification, LaidPart::RightEnd, lastUnit()))
+            if (Failure failure = layOne(modification, LaidPlace::RightEnd, lastUnit()))
                 return failure;
         }
         for (const Modification& modification : chain().labile) {
-            if (Failure failure = layOne(modification, LaidPart::Labile, 0))
+            if (Failure failure = layOne(modification, LaidPlace::Labile, 0))
                 return failure;
         }
         return {};
     }
 
-    Failure layOne(const Modification& modification, LaidPart::Place place, qsizetype unit)
+    Failure layOne(const Modification& modification, LaidPlace place, qsizetype unit)
     {
         if (modification.label.kind != ModificationLabel::None)
-            return join(modification, {unit}, 1, unit);
+            return join({m_chainIndex, place, unit, &modification}, {unit}, 1);
         Parsed<PartWeight> weight = m_weigher.modification(modification);
         if (!weight)
             return at(weight.error(), modification.position, unit);
-        lay(place, unit, *std::move(weight), modification.position);
+        lay(place, unit, *std::move(weight), modification);
         return {};
     }
 
@@ -186,99 +181,73 @@ private:
                     qsizetype last, int count)
     {
         std::vector<qsizetype> units = sites.openSites(modification.placement, first, last);
+        const bool isEverywhere = first == 0 && last == lastUnit();
         if (modification.label.kind != ModificationLabel::None) {
-            const bool isEverywhere = first == 0 && last == lastUnit();
-            if (isEverywhere)
-                m_everywhere[keyOf(modification.label)] = units;
-            return join(modification, isEverywhere ? std::vector<qsizetype>() : units, count,
-                        first);
+            const LaidMention mention{m_chainIndex, LaidPlace::Open, first, &modification,
+                                      isEverywhere};
+            if (!isEverywhere)
+                return join(mention, units, count);
+            m_labels.of(modification.label, m_chainIndex).everywhere = std::move(units);
+            return join(mention, {}, count);
         }
         Parsed<PartWeight> weight = m_weigher.modification(modification);
         if (!weight)
             return at(weight.error(), modification.position, first);
-        LaidPart& part = lay(LaidPart::Open, 0, *std::move(weight), modification.position);
+        LaidPart& part = lay(LaidPlace::Open, 0, *std::move(weight), modification);
         part.units = std::move(units);
         part.count = count;
+        part.isEverywhere = isEverywhere;
         return {};
-    }
-
-    GroupKey keyOf(const ModificationLabel& label) const
-    {
-        // Bridges reach from chain to chain, ambiguous places belong to one.
-        const bool isOfChain = label.kind == ModificationLabel::Ambiguous;
-        return {isOfChain ? m_chainIndex + 1 : 0, int(label.kind), label.name};
     }
 
     /// Adds a mention of a label to those met so far.
-    Failure join(const Modification& modification, const std::vector<qsizetype>& units, int count,
-                 qsizetype residue)
+    Failure join(const LaidMention& mention, const std::vector<qsizetype>& units, int count)
     {
-        const auto [place, isNew] = m_groups.try_emplace(keyOf(modification.label));
-        LabelGroup& group = place->second;
-        if (isNew) {
-            m_order.push_back(place->first);
-            group.position = modification.position;
-        }
+        const Modification& modification = *mention.modification;
+        LabelGroup& group = m_labels.of(modification.label, m_chainIndex);
+        group.mentions.push_back(mention);
         for (const qsizetype unit : units)
             group.sites.emplace_back(m_chainIndex, unit);
-        return modification.tags.empty() ? Failure()
-                                         : describe(modification, count, residue, &group);
-    }
-
-    Failure describe(const Modification& modification, int count, qsizetype residue,
-                     LabelGroup* group)
-    {
+        if (modification.tags.empty())
+            return {};
         Parsed<PartWeight> weight = m_weigher.modification(modification);
-        if (!weight)
-            return at(weight.error(), modification.position, residue);
-        if (group->description && !isSameWeight(group->weight, *weight)) {
-            return at({u"expected the modification that the label has elsewhere, "_s +
-                       modificationText(*group->description)},
-                      modification.position, residue);
-        }
-        group->description = &modification;
-        group->weight = *std::move(weight);
-        group->count = std::max(group->count, count);
-        return {};
+        const Failure failure = weight ? group.describe(modification, *std::move(weight), count)
+                                       : Failure(weight.error());
+        return failure ? at(*failure, modification.position, mention.unit) : Failure();
     }
 
     Failure layGroups()
     {
-        for (const GroupKey& key : m_order) {
-            LabelGroup& group = m_groups[key];
+        for (LabelGroup& group : m_labels.groups()) {
+            const LaidMention& first = group.mentions.front();
+            const ModificationLabel& label = first.modification->label;
+            m_chainIndex = first.chain;
             if (!group.description) {
-                m_chainIndex = group.sites.front().first;
-                return at({u"no modification is described for the label "_s + labelOf(key)},
-                          group.position, group.sites.front().second);
+                return at({u"no modification is described for the label "_s + labelText(label)},
+                          first.modification->position, first.unit);
             }
             std::sort(group.sites.begin(), group.sites.end());
-            if (std::get<1>(key) == ModificationLabel::Ambiguous)
-                layAmbiguous(key, std::move(group));
+            if (label.kind == ModificationLabel::Ambiguous)
+                layAmbiguous(std::move(group));
             else
-                m_layout.m_links.push_back(
-                    {std::move(group.weight), std::move(group.sites), group.description->position});
+                m_layout.m_links.push_back({std::move(group.weight), std::move(group.sites),
+                                            group.description->position, group.description,
+                                            std::move(group.mentions)});
         }
         return {};
     }
 
-    void layAmbiguous(const GroupKey& key, LabelGroup group)
+    void layAmbiguous(LabelGroup group)
     {
-        m_chainIndex = std::get<0>(key) - 1;
-        LaidPart& part =
-            lay(LaidPart::Open, 0, std::move(group.weight), group.description->position);
+        LaidPart& part = lay(LaidPlace::Open, 0, std::move(group.weight), *group.description);
         part.count = group.count;
+        part.mentions = std::move(group.mentions);
         for (const auto& [chain, unit] : group.sites)
             part.units.push_back(unit);
         part.units.erase(std::unique(part.units.begin(), part.units.end()), part.units.end());
-        if (part.units.empty())
-            part.units = m_everywhere[key];
-    }
-
-    static QString labelOf(const GroupKey& key)
-    {
-        Modification modification;
-        modification.label = {ModificationLabel::Kind(std::get<1>(key)), std::get<2>(key), {}};
-        return modificationText(modification);
+        part.isEverywhere = group.everywhere.has_value();
+        if (part.units.empty() && group.everywhere)
+            part.units = *std::move(group.everywhere);
     }
 
     const Peptidoform& m_peptidoform;
@@ -286,9 +255,7 @@ private:
     const PartWeigher& m_weigher;
     std::size_t m_chainIndex = 0;
     std::array<bool, 26> m_isWeighed{};
-    std::map<GroupKey, LabelGroup> m_groups;
-    std::vector<GroupKey> m_order;                           ///< As they are met.
-    std::map<GroupKey, std::vector<qsizetype>> m_everywhere; ///< Places of unlocalised ones.
+    LabelGroups m_labels;
     IonLayout m_layout;
 };
 
@@ -298,6 +265,25 @@ Parsed<IonLayout> IonLayout::of(const Peptidoform& peptidoform, qsizetype ion,
     if (ion < 0 || ion >= std::ssize(peptidoform.ions))
         return Error{u"expected the number of an ion, from 0"_s};
     return LayoutBuilder(peptidoform, peptidoform.ions[std::size_t(ion)], weigher).build();
+}
+
+Failure IonLayout::openRefusal() const
+{
+    qint64 count = 0;
+    for (const LaidPart& part : m_parts) {
+        if (part.place != LaidPlace::Open)
+            continue;
+        const auto refusal = [&part](const QString& message) {
+            return Error{message, part.position.index, qsizetype(part.chain)};
+        };
+        if (part.units.empty())
+            return refusal(u"expected a place for this modification: all residues that it may sit "
+                           "on bear one already"_s);
+        count += part.count;
+        if (count > mostOpenParts)
+            return refusal(u"expected at most 1000 modifications of unknown place"_s);
+    }
+    return {};
 }
 
 } // namespace ions

@@ -13,8 +13,6 @@ namespace {
 
 using Failure = std::optional<Error>;
 
-constexpr int mostOpenParts = 1000;
-
 /// Arranges the parts of an ion for fragments.
 class BackboneBuilder
 {
@@ -29,27 +27,26 @@ public:
 
     Parsed<Backbone> build()
     {
-        Failure failure;
-        for (std::size_t i = 0; !failure && i < m_ion.chains.size(); ++i)
-            failure = addChain(i);
-        for (std::size_t i = 0; !failure && i < m_layout.parts().size(); ++i)
-            failure = addPart(m_layout.parts()[i]);
-        for (std::size_t i = 0; !failure && i < m_layout.links().size(); ++i)
-            failure = addLink(m_layout.links()[i]);
-        if (failure)
+        if (Failure failure = m_layout.openRefusal())
             return *std::move(failure);
+        for (const PeptidoformChain& chain : m_ion.chains)
+            addChain(chain);
+        for (const LaidPart& part : m_layout.parts())
+            addPart(part);
+        for (const LaidLink& link : m_layout.links()) {
+            if (Failure failure = addLink(link))
+                return *std::move(failure);
+        }
         return Backbone::ofChains(std::move(m_chains), std::move(m_links), m_breaks);
     }
 
 private:
-    Failure addChain(std::size_t index)
+    void addChain(const PeptidoformChain& chain)
     {
-        const PeptidoformChain& chain = m_ion.chains[index];
         BackboneChain& backbone = m_chains.emplace_back();
         backbone.letters = chain.residues;
         for (const QChar letter : chain.residues)
             backbone.units.push_back(m_layout.residue(letter).masses);
-        return {};
     }
 
     /// The masses with protons in place of the charges, so that a fragment's charge counts all.
@@ -58,30 +55,30 @@ private:
         return weight.masses - double(weight.charge) * Masses{m_breaks.proton, m_breaks.proton};
     }
 
-    Failure addPart(const LaidPart& part)
+    void addPart(const LaidPart& part)
     {
         BackboneChain& chain = m_chains[part.chain];
         const Masses masses = balanced(part.weight);
         switch (part.place) {
-        case LaidPart::Unit:
+        case LaidPlace::Unit:
             chain.units[std::size_t(part.unit)] += masses;
             addLossy(part.unit, QString(chain.letters[part.unit]), part.weight, &chain);
-            return {};
-        case LaidPart::LeftEnd:
+            break;
+        case LaidPlace::LeftEnd:
             chain.leftGroup += masses;
             addLossy(0, QString(QChar(u'\0')), part.weight, &chain);
-            return {};
-        case LaidPart::RightEnd:
+            break;
+        case LaidPlace::RightEnd:
             chain.rightGroup += masses;
             addLossy(part.unit, QString(QChar(u'\0')), part.weight, &chain);
-            return {};
-        case LaidPart::Labile:
+            break;
+        case LaidPlace::Labile:
             chain.labile.push_back({masses, {}});
-            return {};
-        case LaidPart::Open:
-            return addOpen(part, &chain);
+            break;
+        case LaidPlace::Open:
+            addOpen(part, &chain);
+            break;
         }
-        Q_UNREACHABLE();
     }
 
     void addLossy(qsizetype unit, const QString& letters, const PartWeight& weight,
@@ -92,24 +89,14 @@ private:
             chain->lossy.emplace_back(unit, BackboneGroup{weight.masses, std::move(losses)});
     }
 
-    Failure addOpen(const LaidPart& part, BackboneChain* chain)
+    void addOpen(const LaidPart& part, BackboneChain* chain) const
     {
-        const auto refusal = [&part](const QString& message) {
-            return Error{message, part.position.index, qsizetype(part.chain)};
-        };
-        if (part.units.empty())
-            return refusal(u"expected a place for this modification: all residues that it may sit "
-                           "on bear one already"_s);
-        m_openParts += part.count;
-        if (m_openParts > mostOpenParts)
-            return refusal(u"expected at most 1000 modifications of unknown place"_s);
         QString letters;
         for (const qsizetype unit : part.units)
             letters += chain->letters[unit];
         const BackboneGroup group{balanced(part.weight), lossesOf(part.weight, letters)};
         for (int i = 0; i < part.count; ++i)
             chain->open.push_back({group, part.units});
-        return {};
     }
 
     /// What a modification loses on one of these residues, each loss once.
@@ -151,7 +138,6 @@ private:
     BreakMasses m_breaks;
     std::vector<BackboneChain> m_chains;
     std::vector<BackboneLink> m_links;
-    qint64 m_openParts = 0;
 };
 
 /// Why the order of residues decides what fragments weigh, if it does and nobody knows it.

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "ProForma.h"
+#include "PeptidoformLaws.h"
 #include "TestPrinters.h"
 
 #include <QString>
@@ -8,20 +8,6 @@
 #include <gtest/gtest.h>
 
 namespace ions {
-
-/// The natural residues, read once.
-inline const ResidueTable& naturalResidues()
-{
-    static const ResidueTable residues;
-    return residues;
-}
-
-/// Unimod and XLMOD, read once.
-inline const ModificationTable& standardModifications()
-{
-    static const ModificationTable table = ModificationTable::standard(naturalResidues().atoms());
-    return table;
-}
 
 /// The peptidoform of a text that is known to be right.
 inline Peptidoform peptidoform(const QString& text)

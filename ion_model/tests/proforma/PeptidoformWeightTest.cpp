@@ -183,6 +183,25 @@ TEST(PeptidoformWeight, FixedRulesLeaveModifiedPlacesAlone)
     EXPECT_FALSE(weightOf(u"<[no such]@C>AA"_s).hasValue());
 }
 
+/// m/z that vendors print on mixtures for calibration, and those of textbooks.
+TEST(PeptidoformWeight, PublishedPeptidoformsWeighWhatIsPublished)
+{
+    EXPECT_NEAR(mz(u"RPPGFSP/1"_s), 757.3992, 5e-4);                 // bradykinin 1-7
+    EXPECT_NEAR(mz(u"RPKPQQFFGLM-[Amidated]/1"_s), 1347.7354, 5e-4); // substance P
+    EXPECT_NEAR(mz(u"[Gln->pyro-Glu]-QQRLGNQWAVGHLM-[Amidated]/1"_s), 1619.8223, 5e-4); // bombesin
+    EXPECT_NEAR(mz(u"SANSNPAMAPRERKAGC[X:Disulfide#XL1]KNFFWKTFTSC[#XL1]/1"_s), 3147.4710,
+                5e-4);                                                // somatostatin 28
+    EXPECT_NEAR(mz(u"EGVNDNEEGFFSAR/2"_s), 785.8421, 5e-4);           // Glu-fibrinopeptide B
+    EXPECT_NEAR(mz(u"FQS[Phospho]EEQQQTEDELQDK/1"_s), 2061.83, 5e-3); // of beta-casein
+    EXPECT_NEAR(mz(u"RELEELNVPGEIVES[Phospho]LS[Phospho]S[Phospho]S[Phospho]EESITR/1"_s), 3122.27,
+                1e-2); // of beta-casein
+    EXPECT_NEAR(monoisotopic(u"C[X:Disulfide#XL1]YIQNC[#XL1]PLG-[Amidated]"_s), 1006.4365,
+                5e-4); // oxytocin
+    EXPECT_NEAR(monoisotopic(u"GIVEQC[X:Disulfide#XL1]C[X:Disulfide#XL2]TSIC[#XL1]SLYQLENYC"
+                             "[X:Disulfide#XL3]N//FVNQHLC[#XL2]GSHLVEALYLVC[#XL3]GERGFFYTPKT"_s),
+                5803.638, 1e-3); // human insulin
+}
+
 TEST(PeptidoformWeight, BareMassesHaveNoAtoms)
 {
     const Parsed<PeptidoformWeight> weight = weightOf(u"AA[+1.5]"_s);

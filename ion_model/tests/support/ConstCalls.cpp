@@ -395,6 +395,14 @@ std::vector<ConstCall> ionCalls()
          [](Shared s) {
              use(s.peptidoform.backbone(0, s.residues, s.modifications));
          }},
+        {"ProForma::molecule",
+         [](Shared s) {
+             use(s.peptidoform.molecule(0, s.residues, s.modifications, Placeless::Dropped));
+         }},
+        {"ProForma::ofMolecule",
+         [](Shared s) {
+             use(Peptidoform::ofMolecule(s.molecule, s.residues, s.modifications));
+         }},
         {"Backbone::chains",
          [](Shared s) {
              use(BackboneChain(s.linked.chains()[1]));
