@@ -1,13 +1,12 @@
+#include "FileInput.h"
 #include "Require.h"
 #include "readers/Fasta.h"
-
-#include "FileInput.h"
 
 #include <cstdint>
 
 /// \file
-/// Any bytes as a FASTA file: what is handed over has a name and letters, and reads back from a file
-/// that is written of it.
+/// Any bytes as a FASTA file: what is handed over has a name and letters, and reads back from a
+/// file that is written of it.
 
 using namespace tool;
 

@@ -1,8 +1,7 @@
+#include "FileInput.h"
 #include "Require.h"
 #include "frame/Number.h"
 #include "readers/Mgf.h"
-
-#include "FileInput.h"
 
 #include <algorithm>
 #include <cmath>
@@ -19,7 +18,8 @@ namespace {
 void check(const Spectrum& spectrum)
 {
     require(!spectrum.title.isEmpty(), "a spectrum has a title");
-    require(std::isfinite(spectrum.precursor) && spectrum.precursor > 0.0, "a precursor has an m/z");
+    require(std::isfinite(spectrum.precursor) && spectrum.precursor > 0.0,
+            "a precursor has an m/z");
     const Peaks& peaks = spectrum.peaks;
     require(peaks.mz.size() == peaks.intensities.size(), "a peak has both numbers");
     require(std::is_sorted(peaks.mz.begin(), peaks.mz.end()), "peaks are in order");

@@ -32,7 +32,7 @@ QString exampleOf(const QString& command)
 
 TEST(Frame, HelpListsEachCommand)
 {
-    const Run run = runZel({u"help"_s});
+    const ProgramRun run = runZel({u"help"_s});
     EXPECT_EQ(run.status, 0);
     for (const QString& command : commands)
         EXPECT_TRUE(run.output.contains(command.toUtf8())) << command.toStdString();
@@ -43,7 +43,7 @@ TEST(Frame, ExamplesOfHelpWorkAsTheyStand)
     for (const QString& command : commands) {
         const QString example = exampleOf(command);
         ASSERT_TRUE(example.contains(u"zel "_s + command)) << command.toStdString();
-        const Run run = runShell(example);
+        const ProgramRun run = runShell(example);
         EXPECT_EQ(run.status, 0) << run.errors.toStdString();
         EXPECT_FALSE(run.rows().isEmpty()) << example.toStdString();
         EXPECT_EQ(run.errors, QByteArray());
@@ -57,7 +57,7 @@ TEST(Frame, HelpOfAnUnknownCommandIsWrongUsage)
 
 TEST(Frame, VersionStartsWithTheNumber)
 {
-    const Run run = runZel({u"--version"_s});
+    const ProgramRun run = runZel({u"--version"_s});
     EXPECT_EQ(run.status, 0);
     EXPECT_TRUE(run.output.startsWith("zel 0.1.0")) << run.output.toStdString();
 }
@@ -82,7 +82,7 @@ TEST(Frame, WrongUsageHasStatusTwoAndNoOutput)
                                       {u"digest"_s, u"--protease"_s, u"scissors"_s, u"-"_s},
                                       {u"search"_s, u"--database"_s, u"x"_s}};
     for (const QStringList& arguments : wrong) {
-        const Run run = runZel(arguments);
+        const ProgramRun run = runZel(arguments);
         EXPECT_EQ(run.status, 2) << arguments.join(u' ').toStdString();
         EXPECT_EQ(run.output, QByteArray()) << arguments.join(u' ').toStdString();
         EXPECT_TRUE(run.errors.startsWith("zel: ")) << run.errors.toStdString();
@@ -91,7 +91,7 @@ TEST(Frame, WrongUsageHasStatusTwoAndNoOutput)
 
 TEST(Frame, RefusedInputGivesNoRowAndTheOthersAreAnswered)
 {
-    const Run run = runZel({u"mass"_s, u"--digits"_s, u"4"_s, u"DRVY"_s, u"PEPX"_s, u"G"_s});
+    const ProgramRun run = runZel({u"mass"_s, u"--digits"_s, u"4"_s, u"DRVY"_s, u"PEPX"_s, u"G"_s});
     EXPECT_EQ(run.status, 1);
     EXPECT_EQ(run.rows().size(), 2);
     EXPECT_TRUE(run.errors.startsWith("argument:2:3: ")) << run.errors.toStdString();
@@ -101,16 +101,17 @@ TEST(Frame, RefusedInputGivesNoRowAndTheOthersAreAnswered)
 TEST(Frame, TextsComeFromFilesAndStandardInputLineByLine)
 {
     const TemporaryText file("AK\r\nB?\rGK\n");
-    const Run run = runZel({u"read"_s, u'@' + file.name(), u"-"_s, u"SK"_s}, "TK\n/\n");
+    const ProgramRun run = runZel({u"read"_s, u'@' + file.name(), u"-"_s, u"SK"_s}, "TK\n/\n");
     EXPECT_EQ(run.status, 1);
     EXPECT_EQ(run.output, "text\tcanonical\nAK\tAK\nGK\tGK\nTK\tTK\nSK\tSK\n");
-    EXPECT_TRUE(run.errors.contains(file.name().toUtf8() + ":2:1: ")) << run.errors.toStdString();
+    EXPECT_TRUE(run.errors.contains(QByteArray(file.name().toUtf8() + ":2:1: ")))
+        << run.errors.toStdString();
     EXPECT_TRUE(run.errors.contains("stdin:2:0: ")) << run.errors.toStdString();
 }
 
 TEST(Frame, FileThatIsNotThereIsRefused)
 {
-    const Run run = runZel({u"read"_s, u"@/no/such/file"_s, u"AK"_s});
+    const ProgramRun run = runZel({u"read"_s, u"@/no/such/file"_s, u"AK"_s});
     EXPECT_EQ(run.status, 1);
     EXPECT_EQ(run.rows().size(), 1);
     EXPECT_TRUE(run.errors.startsWith("/no/such/file:1:0: ")) << run.errors.toStdString();
@@ -118,14 +119,14 @@ TEST(Frame, FileThatIsNotThereIsRefused)
 
 TEST(Frame, BracketsAndCommasOfOneTextStayTogether)
 {
-    const Run run = runZel({u"read"_s, u"[Acetyl]-AK-[Amidated]"_s, u"A[INFO:a,b]K"_s});
+    const ProgramRun run = runZel({u"read"_s, u"[Acetyl]-AK-[Amidated]"_s, u"A[INFO:a,b]K"_s});
     EXPECT_EQ(run.output, "text\tcanonical\n[Acetyl]-AK-[Amidated]\t[Acetyl]-AK-[Amidated]\n"
                           "A[INFO:a,b]K\tA[INFO:a,b]K\n");
 }
 
 TEST(Frame, ClosedPipeEndsQuietly)
 {
-    const Run run =
+    const ProgramRun run =
         runShell(u"set +o pipefail; yes DRVYIHPF | head -n 20000 | zel mass - | head -n 1"_s);
     EXPECT_EQ(run.status, 0);
     EXPECT_EQ(run.errors, QByteArray());
@@ -133,7 +134,7 @@ TEST(Frame, ClosedPipeEndsQuietly)
 
 TEST(Frame, FullDiskIsAnError)
 {
-    const Run run = runShell(u"zel mass AK > /dev/full"_s);
+    const ProgramRun run = runShell(u"zel mass AK > /dev/full"_s);
     EXPECT_EQ(run.status, 1);
     EXPECT_TRUE(run.errors.contains("standard output")) << run.errors.toStdString();
 }
@@ -141,7 +142,7 @@ TEST(Frame, FullDiskIsAnError)
 TEST(Frame, CellsEscapeWhatPartsThem)
 {
     EXPECT_EQ(escaped("a\tb\nc\\d"), "a\\tb\\nc\\\\d");
-    const Run run = runZel({u"read"_s, u"A[INFO:x\\y]K"_s});
+    const ProgramRun run = runZel({u"read"_s, u"A[INFO:x\\y]K"_s});
     EXPECT_EQ(run.rows()[0][0], "A[INFO:x\\\\y]K");
 }
 
@@ -182,7 +183,7 @@ TEST(Frame, IsotopesAreChecked)
 
 TEST(Frame, WrongIsotopesAreWrongUsage)
 {
-    const Run run = runZel({u"mass"_s, u"--isotopes"_s, u"N15:98.7 N14:1.3"_s, u"AK"_s});
+    const ProgramRun run = runZel({u"mass"_s, u"--isotopes"_s, u"N15:98.7 N14:1.3"_s, u"AK"_s});
     EXPECT_EQ(run.status, 2);
     EXPECT_EQ(run.output, QByteArray());
 }

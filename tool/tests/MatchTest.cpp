@@ -8,8 +8,8 @@ using namespace Qt::StringLiterals;
 // y1 of R: 156.10111 + 19.01784 = 175.11895.
 TEST(MatchCommand, FindsIonsInTwoColumns)
 {
-    const Run run = runZel({u"match"_s, u"EGVNDNEEGFFSAR"_s, u"-"_s, u"--digits"_s, u"4"_s},
-                           "mz\tshare\n175.1192\t21\n200.0\t5\n175.1300\t7\n");
+    const ProgramRun run = runZel({u"match"_s, u"EGVNDNEEGFFSAR"_s, u"-"_s, u"--digits"_s, u"4"_s},
+                                  "mz\tshare\n175.1192\t21\n200.0\t5\n175.1300\t7\n");
     EXPECT_EQ(run.header(), "label\tmz\tpeak\tintensity\tppm");
     EXPECT_EQ(run.status, 0) << run.errors.toStdString();
     ASSERT_EQ(run.rows().size(), 1);
@@ -30,10 +30,10 @@ TEST(MatchCommand, ReadsOneSpectrumOfMgf)
 {
     const QByteArray mgf = "BEGIN IONS\nTITLE=one\nPEPMASS=400\n175.1192 21\nEND IONS\n"
                            "BEGIN IONS\nTITLE=two\nPEPMASS=400\n175.1190 3\nEND IONS\n";
-    const Run either = runZel({u"match"_s, u"GAR"_s, u"-"_s}, mgf);
+    const ProgramRun either = runZel({u"match"_s, u"GAR"_s, u"-"_s}, mgf);
     EXPECT_EQ(either.status, 1);
     EXPECT_TRUE(either.errors.startsWith("stdin:6:0: ")) << either.errors.toStdString();
-    const Run two = runZel({u"match"_s, u"GAR"_s, u"-"_s, u"--spectrum"_s, u"two"_s}, mgf);
+    const ProgramRun two = runZel({u"match"_s, u"GAR"_s, u"-"_s, u"--spectrum"_s, u"two"_s}, mgf);
     EXPECT_EQ(two.rows()[0][3], "3");
 }
 
@@ -42,7 +42,7 @@ TEST(MatchCommand, RefusesPeaksThatAreNone)
     for (const QByteArray& peaks :
          {QByteArray(), QByteArray("100 1\n101 nan\n"), QByteArray("100\n101 1\n"),
           QByteArray("100 1\n-5 1\n"), QByteArray("100 -1\n")}) {
-        const Run run = runZel({u"match"_s, u"GAR"_s, u"-"_s}, peaks);
+        const ProgramRun run = runZel({u"match"_s, u"GAR"_s, u"-"_s}, peaks);
         EXPECT_EQ(run.status, 1) << peaks.toStdString();
         EXPECT_TRUE(run.rows().isEmpty());
     }
@@ -51,7 +51,8 @@ TEST(MatchCommand, RefusesPeaksThatAreNone)
 // A theoretical pattern is a list of peaks.
 TEST(MatchCommand, TakesWhatIonsGives)
 {
-    const Run run = runShell(u"zel ions DRVYIHPF | cut -f 6 | tail -n +2 | sed 's/$/ 1/' "
-                             u"| zel match DRVYIHPF - | cut -f 1 | tail -n +2 | sort -u | wc -l"_s);
+    const ProgramRun run =
+        runShell(u"zel ions DRVYIHPF | cut -f 6 | tail -n +2 | sed 's/$/ 1/' "
+                 u"| zel match DRVYIHPF - | cut -f 1 | tail -n +2 | sort -u | wc -l"_s);
     EXPECT_EQ(run.output.trimmed(), "14");
 }

@@ -189,10 +189,10 @@ TEST(SearchCommand, FindsThePeptidesOfTheirOwnIons)
                                 spectrumOf(u"[Gln->pyro-Glu]-QNGTEC[Carbamidomethyl]R"_s, "b") +
                                 "BEGIN IONS\nPEPMASS=9000\nCHARGE=2+\nEND IONS\n" +
                                 spectrumOf(u"[Acetyl]-SAMPLEK"_s, "c"));
-    const Run run = runZel({u"search"_s, u"--database"_s, database.name(), u"--spectra"_s,
-                            spectra.name(), u"--fixed"_s, u"Carbamidomethyl@C"_s, u"--variable"_s,
-                            u"Oxidation@M,Acetyl@Protein N-term"_s, u"--variable"_s,
-                            u"Gln->pyro-Glu@Q^N-term"_s});
+    const ProgramRun run = runZel({u"search"_s, u"--database"_s, database.name(), u"--spectra"_s,
+                                   spectra.name(), u"--fixed"_s, u"Carbamidomethyl@C"_s,
+                                   u"--variable"_s, u"Oxidation@M,Acetyl@Protein N-term"_s,
+                                   u"--variable"_s, u"Gln->pyro-Glu@Q^N-term"_s});
     EXPECT_EQ(run.status, 0) << run.errors.toStdString();
     EXPECT_EQ(run.header(),
               "spectrum\tpeptidoform\tcharge\tscore\tmatched\tdecoy\tq\tprotein\tppm");
@@ -210,8 +210,8 @@ TEST(SearchCommand, ScoresAsStated)
 {
     const TemporaryText database(">P1\nGASPVTR\n");
     const TemporaryText spectra(spectrumOf(u"GASPVTR"_s, "a"));
-    const Run run = runZel({u"search"_s, u"--database"_s, database.name(), u"--spectra"_s,
-                            spectra.name(), u"--no-decoys"_s});
+    const ProgramRun run = runZel({u"search"_s, u"--database"_s, database.name(), u"--spectra"_s,
+                                   spectra.name(), u"--no-decoys"_s});
     ASSERT_EQ(run.rows().size(), 1);
     EXPECT_EQ(run.rows()[0][4], "12");
     EXPECT_NEAR(run.rows()[0][3].toDouble(), 2 * std::log(720.0) + 2 * std::log(601.0), 1e-9);

@@ -15,7 +15,7 @@ constexpr double proton = 1.007276466621;
 
 TEST(ReadCommand, WritesCanonicalTexts)
 {
-    const Run run = runZel({u"read"_s, u"em[unimod:0035]k/+2"_s});
+    const ProgramRun run = runZel({u"read"_s, u"em[unimod:0035]k/+2"_s});
     EXPECT_EQ(run.output, "text\tcanonical\nem[unimod:0035]k/+2\tEM[UNIMOD:35]K/2\n");
     EXPECT_EQ(run.status, 0);
 }
@@ -31,9 +31,9 @@ TEST(ReadCommand, TakesTheOtherNotations)
 
 TEST(ReadCommand, CanonicalTextStaysAsItIs)
 {
-    const Run run = runShell(
-        u"zel read '<13C>[acetyl]-em[oxidation]ev/[Na:z+1,h:Z+1]' 'AK' | tail -n 1 | cut -f 2 "
-        u"| zel read - | tail -n 1"_s);
+    const ProgramRun run =
+        runShell(u"zel read '<13C>[acetyl]-em[oxidation]ev/[Na:z+1,H:z+1]' | tail -n 1 | cut -f 2 "
+                 u"| zel read - | tail -n 1"_s);
     const QByteArrayList cells = run.output.trimmed().split('\t');
     ASSERT_EQ(cells.size(), 2);
     EXPECT_EQ(cells[0], cells[1]);
@@ -42,7 +42,8 @@ TEST(ReadCommand, CanonicalTextStaysAsItIs)
 // Angiotensin II: C50H71N13O12, 1045.5345 Da.
 TEST(MassCommand, WeighsPeptides)
 {
-    const Run run = runZel({u"mass"_s, u"--digits"_s, u"4"_s, u"DRVYIHPF"_s, u"DRVYIHPF/2"_s});
+    const ProgramRun run =
+        runZel({u"mass"_s, u"--digits"_s, u"4"_s, u"DRVYIHPF"_s, u"DRVYIHPF/2"_s});
     EXPECT_EQ(run.header(), "text\tcomposition\tmonoisotopic\taverage\tmost_abundant\tmz");
     ASSERT_EQ(run.rows().size(), 2);
     EXPECT_EQ(run.rows()[0][1], "C50H71N13O12");
@@ -55,7 +56,7 @@ TEST(MassCommand, WeighsPeptides)
 
 TEST(MassCommand, GivesARowForEachPeptidoformIon)
 {
-    const Run run = runZel({u"mass"_s, u"AK/1+GK/2"_s});
+    const ProgramRun run = runZel({u"mass"_s, u"AK/1+GK/2"_s});
     ASSERT_EQ(run.rows().size(), 2);
     EXPECT_EQ(run.rows()[0][1], "C9H19N3O3");
     EXPECT_EQ(run.rows()[1][1], "C8H17N3O3");
@@ -63,11 +64,11 @@ TEST(MassCommand, GivesARowForEachPeptidoformIon)
 
 TEST(MassCommand, LeavesCompositionOfABareMassEmpty)
 {
-    const Run run = runZel({u"mass"_s, u"A[+1.5]K"_s});
+    const ProgramRun run = runZel({u"mass"_s, u"A[+1.5]K"_s});
     EXPECT_EQ(run.status, 0);
     EXPECT_EQ(run.rows()[0][1], "");
     EXPECT_EQ(run.rows()[0][4], "");
-    const Run plain = runZel({u"mass"_s, u"AK"_s});
+    const ProgramRun plain = runZel({u"mass"_s, u"AK"_s});
     EXPECT_NEAR(run.rows()[0][2].toDouble() - plain.rows()[0][2].toDouble(), 1.5, 1e-9);
 }
 
@@ -83,7 +84,7 @@ TEST(MassCommand, LeavesCarriersOutAndHoldsLabileParts)
 // Ten bromines: five of each isotope are likelier than ten of the lighter one.
 TEST(MassCommand, MostAbundantIsTheLikeliestIsotopologue)
 {
-    const Run run = runZel({u"mass"_s, u"--as"_s, u"formula"_s, u"Br10"_s});
+    const ProgramRun run = runZel({u"mass"_s, u"--as"_s, u"formula"_s, u"Br10"_s});
     EXPECT_NEAR(run.rows()[0][2].toDouble(), 10 * 78.9183376, 1e-4);
     EXPECT_NEAR(run.rows()[0][4].toDouble(), 5 * (78.9183376 + 80.9162897), 1e-4);
 }
@@ -91,7 +92,8 @@ TEST(MassCommand, MostAbundantIsTheLikeliestIsotopologue)
 // A free glycan has a water: chitobiose is C16H28N2O11.
 TEST(MassCommand, WeighsFreeGlycans)
 {
-    const Run run = runZel({u"mass"_s, u"--as"_s, u"glycan"_s, u"HexNAc2"_s, u"HexNAc|Hex"_s});
+    const ProgramRun run =
+        runZel({u"mass"_s, u"--as"_s, u"glycan"_s, u"HexNAc2"_s, u"HexNAc|Hex"_s});
     EXPECT_EQ(run.rows().size(), 1);
     EXPECT_EQ(run.rows()[0][1], "C16H28N2O11");
     EXPECT_TRUE(run.errors.startsWith("argument:2:6: ")) << run.errors.toStdString();
@@ -99,7 +101,7 @@ TEST(MassCommand, WeighsFreeGlycans)
 
 TEST(MassCommand, WeighsOligonucleotides)
 {
-    const Run run = runZel({u"mass"_s, u"--as"_s, u"oligo"_s, u"rA*rC*rG"_s, u"rA*rX"_s});
+    const ProgramRun run = runZel({u"mass"_s, u"--as"_s, u"oligo"_s, u"rA*rC*rG"_s, u"rA*rX"_s});
     EXPECT_EQ(run.status, 1);
     EXPECT_NEAR(run.rows()[0][2].toDouble(), 949.13979, 1e-4);
     EXPECT_TRUE(run.errors.startsWith("argument:2:4: ")) << run.errors.toStdString();
@@ -108,7 +110,7 @@ TEST(MassCommand, WeighsOligonucleotides)
 // DRVYIHPF by hand: b2 of D and R, y1 of F.
 TEST(IonsCommand, ListsBAndYIons)
 {
-    const Run run = runZel({u"ions"_s, u"DRVYIHPF"_s, u"--digits"_s, u"5"_s});
+    const ProgramRun run = runZel({u"ions"_s, u"DRVYIHPF"_s, u"--digits"_s, u"5"_s});
     EXPECT_EQ(run.header(), "label\tseries\tnumber\tcharge\tloss\tmz");
     ASSERT_EQ(run.rows().size(), 14);
     EXPECT_EQ(run.rows()[1], (QByteArrayList{"b2", "b", "2", "1", "", "272.13533"}));
@@ -117,8 +119,8 @@ TEST(IonsCommand, ListsBAndYIons)
 
 TEST(IonsCommand, OrdersBySeriesChargeAndLoss)
 {
-    const Run run = runZel({u"ions"_s, u"SK"_s, u"--series"_s, u"y,b"_s, u"--charges"_s, u"2,1"_s,
-                            u"--losses"_s, u"H2O,NH3"_s});
+    const ProgramRun run = runZel({u"ions"_s, u"SK"_s, u"--series"_s, u"y,b"_s, u"--charges"_s,
+                                   u"2,1"_s, u"--losses"_s, u"H2O,NH3"_s});
     QByteArrayList keys;
     for (const QByteArrayList& row : run.rows())
         keys += row[0] + ' ' + row[1] + ' ' + row[2] + ' ' + row[3] + ' ' + row[4];
@@ -130,7 +132,7 @@ TEST(IonsCommand, OrdersBySeriesChargeAndLoss)
 
 TEST(IonsCommand, NegativeChargesHavePositiveMz)
 {
-    const Run run = runZel({u"ions"_s, u"DRVYIHPF"_s, u"--charges"_s, u"-1,-2"_s});
+    const ProgramRun run = runZel({u"ions"_s, u"DRVYIHPF"_s, u"--charges"_s, u"-1,-2"_s});
     EXPECT_EQ(run.status, 0);
     EXPECT_EQ(run.rows()[0][3], "-1");
     EXPECT_GT(run.rows()[0][5].toDouble(), 0.0);
@@ -138,7 +140,7 @@ TEST(IonsCommand, NegativeChargesHavePositiveMz)
 
 TEST(IonsCommand, NumbersChainsInLabels)
 {
-    const Run run = runZel({u"ions"_s, u"AK[X:DSS#XL1]GK//GK[#XL1]AK"_s});
+    const ProgramRun run = runZel({u"ions"_s, u"AK[X:DSS#XL1]GK//GK[#XL1]AK"_s});
     EXPECT_EQ(run.status, 0) << run.errors.toStdString();
     EXPECT_EQ(run.rows()[0][0], "1:b1");
 }
@@ -150,7 +152,7 @@ TEST(IonsCommand, RefusesSeveralPeptidoformIons)
 
 TEST(EnvelopeCommand, SharesCoverWhatWasAskedFor)
 {
-    const Run run = runZel({u"envelope"_s, u"DRVYIHPF"_s});
+    const ProgramRun run = runZel({u"envelope"_s, u"DRVYIHPF"_s});
     EXPECT_EQ(run.header(), "mz\tshare");
     double sum = 0.0;
     for (const QByteArrayList& row : run.rows())
@@ -184,14 +186,14 @@ TEST(EnvelopeCommand, TheChargeOfTheTextCounts)
 
 TEST(EnvelopeCommand, FineStructureSplitsTheBins)
 {
-    const Run run = runZel({u"envelope"_s, u"--as"_s, u"formula"_s, u"CS"_s, u"--fine"_s});
-    const Run bins = runZel({u"envelope"_s, u"--as"_s, u"formula"_s, u"CS"_s});
+    const ProgramRun run = runZel({u"envelope"_s, u"--as"_s, u"formula"_s, u"CS"_s, u"--fine"_s});
+    const ProgramRun bins = runZel({u"envelope"_s, u"--as"_s, u"formula"_s, u"CS"_s});
     EXPECT_GT(run.rows().size(), bins.rows().size());
 }
 
 TEST(EnvelopeCommand, RefusesWhatHasNoComposition)
 {
-    const Run run = runZel({u"envelope"_s, u"A[+1.5]K"_s});
+    const ProgramRun run = runZel({u"envelope"_s, u"A[+1.5]K"_s});
     EXPECT_EQ(run.status, 1);
     EXPECT_TRUE(run.rows().isEmpty());
 }
@@ -199,8 +201,8 @@ TEST(EnvelopeCommand, RefusesWhatHasNoComposition)
 // Caffeine, C8H10N4O2: 194.08038 Da, [M+H]+ at 195.08765.
 TEST(FormulasCommand, FindsCaffeine)
 {
-    const Run run = runZel({u"formulas"_s, u"195.0877"_s, u"--ion"_s, u"[M+H]+"_s, u"--tolerance"_s,
-                            u"5ppm"_s, u"--elements"_s, u"CHNO"_s});
+    const ProgramRun run = runZel({u"formulas"_s, u"195.0877"_s, u"--ion"_s, u"[M+H]+"_s,
+                                   u"--tolerance"_s, u"5ppm"_s, u"--elements"_s, u"CHNO"_s});
     EXPECT_EQ(run.header(), "composition\tmonoisotopic\tppm");
     ASSERT_FALSE(run.rows().isEmpty());
     EXPECT_EQ(run.rows()[0][0], "C8H10N4O2");

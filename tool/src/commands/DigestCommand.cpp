@@ -36,7 +36,7 @@ public:
         , m_limits{options.missed, options.min, options.max}
     {
         m_limits.isSemiSpecific = options.isSemi;
-        const QString name = QString::fromStdString(options.agent);
+        const QString name = fromShell(options.agent);
         if (m_isRna)
             m_ribonuclease = agent<ions::Ribonuclease>(name.isEmpty() ? u"RNase T1"_s : name);
         else
@@ -92,7 +92,7 @@ void run(const Options& options, Task* task)
         else
             task->complaints.report(sequence.place, {u"expected a shorter sequence"_s, 0});
     };
-    withLines(QString::fromStdString(options.file), &task->complaints,
+    withLines(fromShell(options.file), &task->complaints,
               [&](const QString& source, LineReader* lines) {
                   readFasta(source, lines, &task->complaints, take);
               });

@@ -94,7 +94,7 @@ ions::Parsed<ChargedAtoms> readAtoms(const QString& text, const Options& options
 void run(const Options& options, Task* task)
 {
     Table table({u"mz"_s, u"share"_s}, task->digits);
-    const auto text = onlyText(QString::fromStdString(options.text), &task->complaints);
+    const auto text = onlyText(fromShell(options.text), &task->complaints);
     if (!text)
         return;
     const auto atoms = readAtoms(text->second, options, task->chemistry);

@@ -1,4 +1,5 @@
 #include "frame/Number.h"
+#include "frame/OptionText.h"
 #include "frame/Program.h"
 #include "readers/InputFile.h"
 #include <FormulaSearch.h>
@@ -47,19 +48,7 @@ struct Measured
     }
 };
 
-/// Reads an option's value, or throws UsageError.
-template <typename Reader>
-auto readOption(const char* option, const std::string& text, Reader read)
-{
-    const auto value = read(QString::fromStdString(text));
-    if (!value) {
-        throw UsageError{QString::fromLatin1(option) + u":1:"_s +
-                         QString::number(value.error().position) + u": "_s + value.error().message};
-    }
-    return *value;
-}
-
-ions::Composition readAtoms(const char* option, const std::string& text)
+ions::Composition readAtoms(const QString& option, const std::string& text)
 {
     if (text.empty())
         return {};
@@ -69,10 +58,11 @@ ions::Composition readAtoms(const char* option, const std::string& text)
 
 ions::FormulaLimits limitsOf(const Options& options)
 {
-    const ions::Composition limit = readAtoms("--limit", options.limit);
+    const ions::Composition limit = readAtoms(u"--limit"_s, options.limit);
     ions::FormulaLimits limits;
     limits.formulas = mostFormulas;
-    for (const auto& term : readAtoms("--elements", options.elements).terms()) {
+    const ions::Composition elements = readAtoms(u"--elements"_s, options.elements);
+    for (const ions::Composition::Term& term : elements.terms()) {
         ions::AtomLimits atom{term.atom};
         if (limit.count(term.atom) != 0)
             atom.highest = limit.count(term.atom);
@@ -93,10 +83,10 @@ Measured readMeasured(const Options& options)
 {
     Measured measured;
     if (!options.ion.empty()) {
-        measured.ion = readOption("--ion", options.ion,
+        measured.ion = readOption(u"--ion"_s, options.ion,
                                   [](const QString& ion) { return ions::Ionization::read(ion); });
     }
-    measured.tolerance = readOption("--tolerance", options.tolerance, [](const QString& text) {
+    measured.tolerance = readOption(u"--tolerance"_s, options.tolerance, [](const QString& text) {
         return ions::Tolerance::read(text);
     });
     return measured;
@@ -129,7 +119,7 @@ void run(const Options& options, Task* task)
     Measured measured = readMeasured(options);
     const ions::FormulaLimits limits = limitsOf(options);
     Table table({u"composition"_s, u"monoisotopic"_s, u"ppm"_s}, task->digits);
-    const auto text = onlyText(QString::fromStdString(options.mass), &task->complaints);
+    const auto text = onlyText(fromShell(options.mass), &task->complaints);
     if (!text)
         return;
     const auto mass = readNumber(text->second.toUtf8());

@@ -13,7 +13,7 @@ struct Options
 {
     std::string text;
     Notation notation = Notation::ProForma;
-    IonChoice ions;
+    IonChoice choice;
 };
 
 /// Where an ion starts or ends, as its label counts; empty for the whole molecule.
@@ -40,10 +40,10 @@ void addRows(const ions::FragmentIons& fragments, const ions::Backbone& backbone
 
 void run(const Options& options, Task* task)
 {
-    const ions::IonOptions wanted = options.ions.options(task->chemistry);
+    const ions::IonOptions wanted = options.choice.options(task->chemistry);
     Table table({u"label"_s, u"series"_s, u"number"_s, u"charge"_s, u"loss"_s, u"mz"_s},
                 task->digits);
-    const auto text = onlyText(QString::fromStdString(options.text), &task->complaints);
+    const auto text = onlyText(fromShell(options.text), &task->complaints);
     if (!text)
         return;
     const auto backbone = readBackbone(text->second, options.notation, task->chemistry);
@@ -69,7 +69,7 @@ void addIonsCommand(Program* program)
         [options](Task* task) { run(*options, task); });
     addText(command, &options->text);
     addNotation(command, &options->notation, true);
-    options->ions.addTo(command);
+    options->choice.addTo(command);
 }
 
 } // namespace tool

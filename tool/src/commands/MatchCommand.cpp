@@ -1,5 +1,6 @@
 #include "chemistry/Substance.h"
 #include "commands/IonChoice.h"
+#include "frame/OptionText.h"
 #include "frame/Program.h"
 #include "readers/InputFile.h"
 #include "readers/PeakFile.h"
@@ -20,15 +21,15 @@ struct Options
     std::string spectrum;
     std::string tolerance = "10ppm";
     Notation notation = Notation::ProForma;
-    IonChoice ions;
+    IonChoice choice;
 };
 
 /// The only spectrum of a file, or the one whose title was given.
 std::optional<Spectrum> readSpectrum(const Options& options, Complaints* complaints)
 {
-    const QString file = QString::fromStdString(options.peaks);
+    const QString file = fromShell(options.peaks);
     std::vector<Spectrum> spectra = readPeakFile(file, complaints);
-    const QString title = QString::fromStdString(options.spectrum);
+    const QString title = fromShell(options.spectrum);
     if (!title.isEmpty())
         std::erase_if(spectra, [&](const Spectrum& spectrum) { return spectrum.title != title; });
     if (spectra.size() == 1)
@@ -57,12 +58,12 @@ void addRows(const ions::FragmentIons& fragments, const ions::Backbone& backbone
 
 void run(const Options& options, Task* task)
 {
-    const ions::IonOptions wanted = options.ions.options(task->chemistry);
-    const auto tolerance = ions::Tolerance::read(QString::fromStdString(options.tolerance));
-    if (!tolerance)
-        throw UsageError{u"--tolerance: "_s + tolerance.error().message};
+    const ions::IonOptions wanted = options.choice.options(task->chemistry);
+    const ions::Tolerance tolerance =
+        readOption(u"--tolerance"_s, options.tolerance,
+                   [](const QString& text) { return ions::Tolerance::read(text); });
     Table table({u"label"_s, u"mz"_s, u"peak"_s, u"intensity"_s, u"ppm"_s}, task->digits);
-    const auto text = onlyText(QString::fromStdString(options.text), &task->complaints);
+    const auto text = onlyText(fromShell(options.text), &task->complaints);
     const auto spectrum = readSpectrum(options, &task->complaints);
     if (!text || !spectrum)
         return;
@@ -75,7 +76,7 @@ void run(const Options& options, Task* task)
     if (const auto refusal = fragments.assign(*backbone, wanted))
         task->complaints.report(text->first, *refusal);
     else
-        addRows(fragments, *backbone, spectrum->peaks, *tolerance, &table);
+        addRows(fragments, *backbone, spectrum->peaks, tolerance, &table);
 }
 
 } // namespace
@@ -96,7 +97,7 @@ void addMatchCommand(Program* program)
     command->add_option("--tolerance", options->tolerance, "10ppm or 0.02Da")
         ->capture_default_str();
     addNotation(command, &options->notation, true);
-    options->ions.addTo(command);
+    options->choice.addTo(command);
 }
 
 } // namespace tool

@@ -1,4 +1,5 @@
 #include "commands/IonChoice.h"
+#include "frame/OptionText.h"
 #include "frame/Program.h"
 #include "readers/Fasta.h"
 #include "readers/Mgf.h"
@@ -34,20 +35,9 @@ struct Options
     bool hasNoDecoys = false;
 };
 
-template <typename Read>
-auto readOption(const QString& option, const QString& text, Read read)
-{
-    const auto value = read(text);
-    if (!value) {
-        throw UsageError{option + u":1:"_s + QString::number(value.error().position) + u": "_s +
-                         value.error().message};
-    }
-    return *value;
-}
-
 ions::Tolerance readTolerance(const QString& option, const std::string& text)
 {
-    return readOption(option, QString::fromStdString(text),
+    return readOption(option, text,
                       [](const QString& tolerance) { return ions::Tolerance::read(tolerance); });
 }
 
@@ -79,9 +69,9 @@ int threadCount(int wanted)
 
 SearchSettings readSettings(const Options& options, const Chemistry& chemistry)
 {
-    const auto protease =
-        readOption(u"--protease"_s, QString::fromStdString(options.protease),
-                   [](const QString& name) { return ions::Protease::named(name); });
+    const auto protease = readOption(u"--protease"_s, options.protease, [](const QString& name) {
+        return ions::Protease::named(name);
+    });
     SearchSettings settings{.protease = protease,
                             .digest = {options.missed, options.min, options.max},
                             .tolerance = readTolerance(u"--tolerance"_s, options.tolerance),
@@ -132,9 +122,8 @@ void addRow(const Spectrum& spectrum, const std::optional<Finding>& finding, Tab
 void run(const Options& options, Task* task)
 {
     const SearchSettings settings = readSettings(options, task->chemistry);
-    const auto database =
-        readFastaFile(QString::fromStdString(options.database), &task->complaints);
-    auto spectra = readMgfFile(QString::fromStdString(options.spectra), &task->complaints);
+    const auto database = readFastaFile(fromShell(options.database), &task->complaints);
+    auto spectra = readMgfFile(fromShell(options.spectra), &task->complaints);
     refuseAnions(&spectra, &task->complaints);
     const auto findings =
         search(database, spectra, settings, task->chemistry.residues, showProgress);

@@ -34,7 +34,7 @@ void print(const std::string& text)
 Program::Program()
     : m_app("Molecules as a mass spectrometer sees them.", "zel")
 {
-    m_app.set_version_flag("--version", versionText(), "Print the version and its commit");
+    m_app.set_version_flag("--version", versionText());
     m_app.require_subcommand(0, 1);
     m_app.footer("zel help COMMAND tells the options of a command and gives an example.");
     m_help = m_app.add_subcommand("help", "Tell about a command");
@@ -58,7 +58,7 @@ CLI::App* Program::addCommand(const std::string& name, const std::string& summar
 int Program::run(int count, char** arguments)
 {
     try {
-        m_app.parse(count, arguments);
+        m_app.parse(forParser(count, arguments));
         return m_help->parsed() ? help() : runChosen();
     } catch (const CLI::Success& success) {
         m_app.exit(success); // prints help or the version
@@ -86,7 +86,9 @@ int Program::runChosen()
 int Program::help() const
 {
     if (m_helpTopic.empty()) {
-        print(m_app.help());
+        // Not m_app.help(), which tells about the command at work, this one.
+        print(
+            m_app.get_formatter()->make_help(&m_app, m_app.get_name(), CLI::AppFormatMode::Normal));
         return doneStatus;
     }
     const auto topic =
@@ -95,7 +97,7 @@ int Program::help() const
         });
     if (topic == m_commands.end())
         return complain(u"there is no command "_s + QString::fromStdString(m_helpTopic));
-    print(topic->app->help());
+    print(topic->app->help(m_app.get_name()));
     return doneStatus;
 }
 
@@ -117,24 +119,13 @@ void addNotation(CLI::App* command, Notation* notation, bool onlyChains)
 
 void addTexts(CLI::App* command, std::vector<std::string>* texts)
 {
-    // Without extra arguments: the parser would take [Acetyl]-AK-[Amidated] for a list.
-    command->add_option("TEXT", *texts, "Texts; @FILE or - reads one text a line")
-        ->required()
-        ->allow_extra_args(false);
+    command->add_option("TEXT", *texts, "Texts; @FILE or - reads one text a line")->required();
 }
 
 void addText(CLI::App* command, std::string* text)
 {
     command->add_option("TEXT", *text, "A text; @FILE or - reads it from the only line there")
         ->required();
-}
-
-QStringList fromShell(const std::vector<std::string>& texts)
-{
-    QStringList result;
-    for (const std::string& text : texts)
-        result += QString::fromStdString(text);
-    return result;
 }
 
 } // namespace tool

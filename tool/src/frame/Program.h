@@ -3,6 +3,7 @@
 #include "chemistry/Chemistry.h"
 #include "chemistry/Substance.h"
 #include "frame/Complaints.h"
+#include "frame/ShellText.h"
 #include "frame/Table.h"
 
 #include <QString>
@@ -64,9 +65,6 @@ void addTexts(CLI::App* command, std::vector<std::string>* texts);
 
 /// A positional that takes one text.
 void addText(CLI::App* command, std::string* text);
-
-/// What the shell handed over, as text.
-QStringList fromShell(const std::vector<std::string>& texts);
 
 // The commands, each in a file of its own.
 void addReadCommand(Program* program);

@@ -99,7 +99,7 @@ private:
             return;
         const OpenPlace& open = m_open[next];
         for (std::size_t rule = 0; rule < m_counts.size(); ++rule) {
-            if (m_counts[rule] == 0 || (open.rules >> rule & 1U) == 0)
+            if (m_counts[rule] == 0 || ((open.rules >> rule) & 1U) == 0)
                 continue;
             --m_counts[rule];
             --m_countsSum;

@@ -43,7 +43,7 @@ SearchTask::SearchTask(const SearchSettings& searchSettings, const ions::Residue
     , peaks(std::move(scaled))
     , isCutBefore(cutsBefore(searchSettings.protease))
 {
-    ions.charges = {1, 2};
+    wanted.charges = {1, 2};
 }
 
 PeptideLister::PeptideLister(const SearchTask* task)
@@ -129,7 +129,7 @@ bool SearchWorker::layOutIons(const PeptideContext& peptide, const std::vector<R
     chains.push_back(std::move(chain));
     const auto backbone =
         ions::Backbone::ofChains(std::move(chains), {}, m_task->residues.breaks());
-    return backbone && !m_fragments.assign(*backbone, m_task->ions);
+    return backbone && !m_fragments.assign(*backbone, m_task->wanted);
 }
 
 void SearchWorker::score(const PeptideContext& peptide, const std::vector<RuleIndex>& places,

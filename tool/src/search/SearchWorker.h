@@ -23,7 +23,7 @@ struct SearchTask
     PrecursorIndex precursors;
     std::vector<Peaks> peaks; ///< Of each spectrum, the highest 100.
     bool isCutBefore;         ///< Whether cuts lie before the residues that tell them.
-    ions::IonOptions ions;    ///< b and y at 1+ and 2+.
+    ions::IonOptions wanted;  ///< b and y at 1+ and 2+.
 };
 
 /// The best candidate of each spectrum so far.

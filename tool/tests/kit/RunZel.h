@@ -7,7 +7,7 @@
 #include <QStringList>
 
 /// What a run of the program came to.
-struct Run
+struct ProgramRun
 {
     int status = -1; ///< -1 if it crashed or could not be started.
     QByteArray output;
@@ -27,13 +27,14 @@ struct Run
     QByteArray header() const { return output.left(output.indexOf('\n')); }
 };
 
-inline Run runProgram(const QString& program, const QStringList& arguments, const QByteArray& input)
+inline ProgramRun runProgram(const QString& program, const QStringList& arguments,
+                             const QByteArray& input)
 {
     QProcess process;
     process.start(program, arguments);
     process.write(input);
     process.closeWriteChannel();
-    Run run;
+    ProgramRun run;
     if (process.waitForFinished(60000) && process.exitStatus() == QProcess::NormalExit)
         run.status = process.exitCode();
     run.output = process.readAllStandardOutput();
@@ -42,13 +43,13 @@ inline Run runProgram(const QString& program, const QStringList& arguments, cons
 }
 
 /// Runs `zel` with these arguments and this standard input.
-inline Run runZel(const QStringList& arguments, const QByteArray& input = {})
+inline ProgramRun runZel(const QStringList& arguments, const QByteArray& input = {})
 {
     return runProgram(QStringLiteral(ZEL_PROGRAM), arguments, input);
 }
 
 /// Runs a line of a shell in which `zel` is the program.
-inline Run runShell(const QString& line)
+inline ProgramRun runShell(const QString& line)
 {
     const QString definition =
         QStringLiteral("set -o pipefail; zel() { " ZEL_PROGRAM " \"$@\"; }; cd \"$(mktemp -d)\"; ");
