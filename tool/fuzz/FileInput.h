@@ -1,5 +1,6 @@
 #pragma once
 
+#include "frame/Complaints.h"
 #include "readers/LineReader.h"
 
 #include <QBuffer>

@@ -86,7 +86,7 @@ QByteArray randomProteins(int count)
 TEST(SearchRule, ReadsSitesAndPositions)
 {
     EXPECT_NEAR(rule(u"Oxidation@M"_s).mass, 15.994915, 1e-6);
-    EXPECT_EQ(rule(u"U:21@STY"_s).sites, u"STY"_s);
+    EXPECT_EQ(rule(u"UNIMOD:21@STY"_s).sites, u"STY"_s);
     EXPECT_EQ(rule(u"Gln->pyro-Glu@Q^N-term"_s).position, RulePosition::NTerm);
     EXPECT_EQ(rule(u"Acetyl@Protein N-term"_s).position, RulePosition::ProteinNTerm);
     EXPECT_NEAR(rule(u"Formula:C2H2O@K"_s).mass, 42.010565, 1e-6);
