@@ -1,6 +1,6 @@
 #include "FileInput.h"
 #include "Require.h"
-#include "frame/Number.h"
+#include "support/Number.h"
 #include "readers/Mgf.h"
 
 #include <algorithm>

@@ -1,4 +1,4 @@
-#include "frame/Program.h"
+#include "program/Program.h"
 
 int main(int count, char** arguments)
 {

@@ -1,8 +1,8 @@
 #include "RunZel.h"
 #include "TemporaryText.h"
 #include "chemistry/IsotopeConfig.h"
-#include "frame/Number.h"
-#include "frame/Table.h"
+#include "support/Number.h"
+#include "support/Table.h"
 
 #include <QStringList>
 

@@ -1,7 +1,7 @@
 #include "chemistry/Chemistry.h"
 
 #include "chemistry/IsotopeConfig.h"
-#include "frame/Complaints.h"
+#include "support/Complaints.h"
 
 using namespace Qt::StringLiterals;
 

@@ -1,4 +1,4 @@
-#include "frame/Program.h"
+#include "program/Program.h"
 #include "readers/Fasta.h"
 #include "readers/InputFile.h"
 #include <Digest.h>

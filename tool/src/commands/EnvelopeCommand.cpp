@@ -1,5 +1,5 @@
 #include "chemistry/Substance.h"
-#include "frame/Program.h"
+#include "program/Program.h"
 #include "readers/InputFile.h"
 #include <IsotopePattern.h>
 

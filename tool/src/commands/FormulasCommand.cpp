@@ -1,6 +1,6 @@
-#include "frame/Number.h"
-#include "frame/OptionText.h"
-#include "frame/Program.h"
+#include "support/Number.h"
+#include "support/OptionText.h"
+#include "program/Program.h"
 #include "readers/InputFile.h"
 #include <FormulaSearch.h>
 #include <Ionization.h>

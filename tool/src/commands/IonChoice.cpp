@@ -1,7 +1,7 @@
 #include "commands/IonChoice.h"
 
-#include "frame/Complaints.h"
-#include "frame/Number.h"
+#include "support/Complaints.h"
+#include "support/Number.h"
 
 #include <QRegularExpression>
 #include <QStringList>

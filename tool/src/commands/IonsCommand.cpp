@@ -1,6 +1,6 @@
 #include "chemistry/Substance.h"
 #include "commands/IonChoice.h"
-#include "frame/Program.h"
+#include "program/Program.h"
 #include "readers/InputFile.h"
 
 using namespace Qt::StringLiterals;

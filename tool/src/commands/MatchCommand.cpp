@@ -1,7 +1,7 @@
 #include "chemistry/Substance.h"
 #include "commands/IonChoice.h"
-#include "frame/OptionText.h"
-#include "frame/Program.h"
+#include "support/OptionText.h"
+#include "program/Program.h"
 #include "readers/InputFile.h"
 #include "readers/PeakFile.h"
 #include <PeakMatch.h>

@@ -1,6 +1,6 @@
 #include "commands/IonChoice.h"
-#include "frame/OptionText.h"
-#include "frame/Program.h"
+#include "support/OptionText.h"
+#include "program/Program.h"
 #include "readers/Fasta.h"
 #include "readers/Mgf.h"
 #include "search/Search.h"

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "frame/Complaints.h"
+#include "support/Complaints.h"
 #include "readers/LineReader.h"
 
 #include <QString>

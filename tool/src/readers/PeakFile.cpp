@@ -1,6 +1,6 @@
 #include "readers/PeakFile.h"
 
-#include "frame/Number.h"
+#include "support/Number.h"
 #include "readers/InputFile.h"
 #include "readers/Mgf.h"
 #include "readers/PeakLine.h"

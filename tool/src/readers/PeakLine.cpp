@@ -1,6 +1,6 @@
 #include "readers/PeakLine.h"
 
-#include "frame/Number.h"
+#include "support/Number.h"
 
 #include <algorithm>
 

@@ -1,4 +1,4 @@
-#include "frame/Number.h"
+#include "support/Number.h"
 
 #include <array>
 #include <charconv>

@@ -1,6 +1,6 @@
-#include "frame/Complaints.h"
+#include "support/Complaints.h"
 
-#include "frame/Table.h"
+#include "support/Table.h"
 
 #include <algorithm>
 #include <cstdio>

@@ -2,9 +2,9 @@
 
 #include "chemistry/Chemistry.h"
 #include "chemistry/Substance.h"
-#include "frame/Complaints.h"
-#include "frame/ShellText.h"
-#include "frame/Table.h"
+#include "support/Complaints.h"
+#include "support/ShellText.h"
+#include "support/Table.h"
 
 #include <QString>
 #include <QStringList>
@@ -53,6 +53,8 @@ private:
     std::vector<Command> m_commands;
     CLI::App* m_help;
     std::string m_helpTopic;
+    bool m_wantsManualPage = false;
+    bool m_wantsCompletion = false;
     std::string m_isotopes;
     int m_digits = -1;
 };

@@ -1,6 +1,6 @@
-#include "frame/Table.h"
+#include "support/Table.h"
 
-#include "frame/Number.h"
+#include "support/Number.h"
 
 #include <cerrno>
 #include <cmath>

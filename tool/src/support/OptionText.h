@@ -1,7 +1,7 @@
 #pragma once
 
-#include "frame/Complaints.h"
-#include "frame/ShellText.h"
+#include "support/Complaints.h"
+#include "support/ShellText.h"
 
 #include <QString>
 

@@ -1,6 +1,8 @@
-#include "frame/Program.h"
+#include "program/Program.h"
 
-#include "frame/Version.h"
+#include "program/Completion.h"
+#include "program/ManualPage.h"
+#include "program/Version.h"
 
 #include <algorithm>
 #include <cstdio>
@@ -36,9 +38,18 @@ Program::Program()
 {
     m_app.set_version_flag("--version", versionText());
     m_app.require_subcommand(0, 1);
-    m_app.footer("zel help COMMAND tells the options of a command and gives an example.");
+    m_app.footer("zel help COMMAND tells the options of a command and gives an example.\n"
+                 "A TEXT is ProForma, or what --as names; @FILE or - reads one a line.\n"
+                 "What is printed is a table of cells separated by tabs, with a header.\n"
+                 "Errors name SOURCE:LINE:POSITION. The exit status is 0; 1 if an input was\n"
+                 "refused, the others being answered; 2 for wrong usage.");
+    m_app.get_formatter()->label("SUBCOMMAND", "COMMAND");
+    m_app.get_formatter()->label("Subcommands", "Commands");
     m_help = m_app.add_subcommand("help", "Tell about a command");
     m_help->add_option("COMMAND", m_helpTopic, "The command");
+    m_help->add_flag("--manual-page", m_wantsManualPage, "Print the manual page");
+    m_help->add_flag("--bash-completion", m_wantsCompletion,
+                     "Print what completes commands and options in bash");
 }
 
 CLI::App* Program::addCommand(const std::string& name, const std::string& summary,
@@ -85,6 +96,10 @@ int Program::runChosen()
 
 int Program::help() const
 {
+    if (m_wantsManualPage || m_wantsCompletion) {
+        print(m_wantsManualPage ? manualPage(m_app, versionText()) : bashCompletion(m_app));
+        return doneStatus;
+    }
     if (m_helpTopic.empty()) {
         // Not m_app.help(), which tells about the command at work, this one.
         print(

@@ -1,4 +1,4 @@
-#include "frame/ShellText.h"
+#include "support/ShellText.h"
 
 #include <utility>
 
