@@ -1,7 +1,7 @@
 #include "FileInput.h"
 #include "Require.h"
-#include "support/Number.h"
 #include "readers/Mgf.h"
+#include "support/Number.h"
 
 #include <algorithm>
 #include <cmath>

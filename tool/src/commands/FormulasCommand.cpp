@@ -1,7 +1,7 @@
-#include "support/Number.h"
-#include "support/OptionText.h"
 #include "program/Program.h"
 #include "readers/InputFile.h"
+#include "support/Number.h"
+#include "support/OptionText.h"
 #include <FormulaSearch.h>
 #include <Ionization.h>
 

@@ -1,7 +1,5 @@
-#include "chemistry/Substance.h"
 #include "commands/IonChoice.h"
-#include "program/Program.h"
-#include "readers/InputFile.h"
+#include "commands/TextIons.h"
 
 using namespace Qt::StringLiterals;
 
@@ -26,8 +24,9 @@ QString numberCell(const ions::IonRun& run, quint32 index)
                                                 : number;
 }
 
-void addRows(const ions::FragmentIons& fragments, const ions::Backbone& backbone, Table* table)
+void addRows(const TextIons& listed, Table* table)
 {
+    const auto& [backbone, fragments] = listed;
     qsizetype ion = 0;
     for (const ions::IonRun& run : fragments.runs()) {
         for (quint32 i = 0; i < run.count; ++i, ++ion) {
@@ -43,19 +42,8 @@ void run(const Options& options, Task* task)
     const ions::IonOptions wanted = options.choice.options(task->chemistry);
     Table table({u"label"_s, u"series"_s, u"number"_s, u"charge"_s, u"loss"_s, u"mz"_s},
                 task->digits);
-    const auto text = onlyText(fromShell(options.text), &task->complaints);
-    if (!text)
-        return;
-    const auto backbone = readBackbone(text->second, options.notation, task->chemistry);
-    if (!backbone) {
-        task->complaints.report(text->first, backbone.error());
-        return;
-    }
-    ions::FragmentIons fragments;
-    if (const auto refusal = fragments.assign(*backbone, wanted))
-        task->complaints.report(text->first, *refusal);
-    else
-        addRows(fragments, *backbone, &table);
+    if (const auto listed = readTextIons(options.text, options.notation, wanted, task))
+        addRows(*listed, &table);
 }
 
 } // namespace

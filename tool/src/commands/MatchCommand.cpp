@@ -1,9 +1,7 @@
-#include "chemistry/Substance.h"
 #include "commands/IonChoice.h"
-#include "support/OptionText.h"
-#include "program/Program.h"
-#include "readers/InputFile.h"
+#include "commands/TextIons.h"
 #include "readers/PeakFile.h"
+#include "support/OptionText.h"
 #include <PeakMatch.h>
 
 #include <algorithm>
@@ -42,9 +40,10 @@ std::optional<Spectrum> readSpectrum(const Options& options, Complaints* complai
 }
 
 /// One row for each ion with a peak, the nearest.
-void addRows(const ions::FragmentIons& fragments, const ions::Backbone& backbone,
-             const Peaks& peaks, const ions::Tolerance& tolerance, Table* table)
+void addRows(const TextIons& listed, const Peaks& peaks, const ions::Tolerance& tolerance,
+             Table* table)
 {
+    const auto& [backbone, fragments] = listed;
     ions::PeakMatches matches;
     ions::matchPeaks(peaks.mz, peaks.intensities, fragments.mz(), tolerance,
                      ions::PeakChoice::Nearest, &matches);
@@ -63,20 +62,10 @@ void run(const Options& options, Task* task)
         readOption(u"--tolerance"_s, options.tolerance,
                    [](const QString& text) { return ions::Tolerance::read(text); });
     Table table({u"label"_s, u"mz"_s, u"peak"_s, u"intensity"_s, u"ppm"_s}, task->digits);
-    const auto text = onlyText(fromShell(options.text), &task->complaints);
+    const auto listed = readTextIons(options.text, options.notation, wanted, task);
     const auto spectrum = readSpectrum(options, &task->complaints);
-    if (!text || !spectrum)
-        return;
-    const auto backbone = readBackbone(text->second, options.notation, task->chemistry);
-    if (!backbone) {
-        task->complaints.report(text->first, backbone.error());
-        return;
-    }
-    ions::FragmentIons fragments;
-    if (const auto refusal = fragments.assign(*backbone, wanted))
-        task->complaints.report(text->first, *refusal);
-    else
-        addRows(fragments, *backbone, spectrum->peaks, tolerance, &table);
+    if (listed && spectrum)
+        addRows(*listed, spectrum->peaks, tolerance, &table);
 }
 
 } // namespace

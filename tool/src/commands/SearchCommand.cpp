@@ -1,9 +1,9 @@
 #include "commands/IonChoice.h"
-#include "support/OptionText.h"
 #include "program/Program.h"
 #include "readers/Fasta.h"
 #include "readers/Mgf.h"
 #include "search/Search.h"
+#include "support/OptionText.h"
 #include <unistd.h>
 
 #include <algorithm>

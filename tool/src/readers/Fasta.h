@@ -1,7 +1,7 @@
 #pragma once
 
-#include "support/Complaints.h"
 #include "readers/LineReader.h"
+#include "support/Complaints.h"
 
 #include <QString>
 

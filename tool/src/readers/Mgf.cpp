@@ -1,8 +1,8 @@
 #include "readers/Mgf.h"
 
-#include "support/Number.h"
 #include "readers/InputFile.h"
 #include "readers/PeakLine.h"
+#include "support/Number.h"
 
 #include <algorithm>
 #include <cstdlib>

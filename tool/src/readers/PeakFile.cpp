@@ -1,9 +1,9 @@
 #include "readers/PeakFile.h"
 
-#include "support/Number.h"
 #include "readers/InputFile.h"
 #include "readers/Mgf.h"
 #include "readers/PeakLine.h"
+#include "support/Number.h"
 
 #include <optional>
 
