@@ -118,12 +118,7 @@ void readFasta(const QString& source, LineReader* lines, Complaints* complaints,
 
 std::vector<Sequence> readFastaFile(const QString& name, Complaints* complaints)
 {
-    std::vector<Sequence> sequences;
-    withLines(name, complaints, [&](const QString& source, LineReader* lines) {
-        readFasta(source, lines, complaints,
-                  [&](Sequence&& sequence) { sequences.push_back(std::move(sequence)); });
-    });
-    return sequences;
+    return readItems<Sequence>(name, complaints, readFasta);
 }
 
 } // namespace tool

@@ -10,6 +10,7 @@
 #include <functional>
 #include <optional>
 #include <utility>
+#include <vector>
 
 namespace tool {
 
@@ -17,6 +18,20 @@ namespace tool {
 /// read is reported.
 void withLines(const QString& name, Complaints* complaints,
                const std::function<void(const QString& source, LineReader* lines)>& read);
+
+/// What `read` hands on from the lines of a file, one item after the other.
+template <typename Item>
+std::vector<Item> readItems(const QString& name, Complaints* complaints,
+                            void (*read)(const QString& source, LineReader* lines,
+                                         Complaints* complaints,
+                                         const std::function<void(Item&&)>& take))
+{
+    std::vector<Item> items;
+    withLines(name, complaints, [&](const QString& source, LineReader* lines) {
+        read(source, lines, complaints, [&](Item&& item) { items.push_back(std::move(item)); });
+    });
+    return items;
+}
 
 /// Hands each text to `take` with its place: arguments as they are, the lines of FILE for `@FILE`,
 /// those of standard input for `-`.

@@ -203,12 +203,7 @@ void readMgf(const QString& source, LineReader* lines, Complaints* complaints,
 
 std::vector<Spectrum> readMgfFile(const QString& name, Complaints* complaints)
 {
-    std::vector<Spectrum> spectra;
-    withLines(name, complaints, [&](const QString& source, LineReader* lines) {
-        readMgf(source, lines, complaints,
-                [&](Spectrum&& spectrum) { spectra.push_back(std::move(spectrum)); });
-    });
-    return spectra;
+    return readItems<Spectrum>(name, complaints, readMgf);
 }
 
 } // namespace tool
