@@ -13,6 +13,11 @@ zel_require("${Qt6_FOUND}" "Qt 6.4 or newer (Core)" qt6-base-dev)
 find_package(IsoSpec QUIET)
 zel_require("${IsoSpec_FOUND}" "IsoSpec++ 2.2.1" libisospec++-dev)
 
+if(ZEL_BUILD_TOOL)
+    find_package(CLI11 QUIET CONFIG)
+    zel_require("${CLI11_FOUND}" "CLI11" libcli11-dev)
+endif()
+
 if(ZEL_BUILD_TESTS)
     find_package(GTest QUIET CONFIG)
     zel_require("${GTest_FOUND}" "GoogleTest" libgtest-dev)

@@ -1,4 +1,5 @@
-# The Debian packages: of each installed library one that programs run with and one that they are built with.
+# The Debian packages: of each installed library one that programs run with and one that they are built with, and the
+# command line.
 
 set(CPACK_GENERATOR DEB)
 set(CPACK_STRIP_FILES ON)
@@ -45,5 +46,18 @@ foreach(library IN LISTS zel_libraries)
     list(APPEND CPACK_COMPONENT_${component}_DEPENDS ${library}_runtime)
     set(CPACK_DEBIAN_${component}_PACKAGE_DEPENDS qt6-base-dev)
 endforeach()
+
+if(TARGET zel)
+    list(APPEND CPACK_COMPONENTS_ALL zel)
+    set(CPACK_COMPONENT_ZEL_DEPENDS zel_ion_model_runtime)
+    set(CPACK_DEBIAN_ZEL_PACKAGE_NAME zel)
+    set(CPACK_DEBIAN_ZEL_PACKAGE_SECTION science)
+    set(CPACK_DEBIAN_ZEL_PACKAGE_SHLIBDEPS ON)
+    set(CPACK_DEBIAN_ZEL_DESCRIPTION
+        "Molecules as a mass spectrometer sees them (command line)
+Reads peptides, oligonucleotides, glycans and formulas, weighs them, cuts
+them into pieces and fragment ions, computes isotope patterns, and finds
+peptides in spectra.")
+endif()
 
 include(CPack)

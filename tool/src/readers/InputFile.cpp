@@ -1,0 +1,83 @@
+#include "readers/InputFile.h"
+
+#include <cstdio>
+#include <vector>
+
+using namespace Qt::StringLiterals;
+
+namespace tool {
+
+namespace {
+
+constexpr QStringView standardInput = u"-";
+
+bool open(const QString& name, QFile* file)
+{
+    if (name == standardInput)
+        return file->open(stdin, QIODevice::ReadOnly);
+    file->setFileName(name);
+    return file->open(QIODevice::ReadOnly);
+}
+
+} // namespace
+
+void withLines(const QString& name, Complaints* complaints,
+               const std::function<void(const QString&, LineReader*)>& read)
+{
+    const QString source = name == standardInput ? u"stdin"_s : name;
+    QFile file;
+    if (!open(name, &file)) {
+        complaints->report({source},
+                           {u"expected a file that can be read: "_s + file.errorString(), 0});
+        return;
+    }
+    LineReader lines(&file);
+    read(source, &lines);
+    if (file.error() != QFileDevice::NoError) {
+        complaints->report({source, lines.number() + 1},
+                           {u"expected more of the file: "_s + file.errorString(), 0});
+    }
+}
+
+void forEachText(const QStringList& arguments, Complaints* complaints,
+                 const std::function<void(const Place&, const QString&)>& take)
+{
+    qint64 number = 0;
+    for (const QString& argument : arguments) {
+        ++number;
+        if (argument != standardInput && !argument.startsWith(u'@')) {
+            take({u"argument"_s, number}, argument);
+            continue;
+        }
+        const QString file = argument == standardInput ? argument : argument.sliced(1);
+        withLines(file, complaints, [&](const QString& source, LineReader* lines) {
+            while (lines->next()) {
+                const Place place{source, lines->number()};
+                if (lines->isTooLong())
+                    complaints->report(place,
+                                       {u"expected a shorter line"_s, LineReader::mostBytes});
+                else
+                    take(place, QString::fromUtf8(lines->line()));
+            }
+        });
+    }
+}
+
+std::optional<std::pair<Place, QString>> onlyText(const QString& argument, Complaints* complaints)
+{
+    std::vector<std::pair<Place, QString>> texts;
+    const bool hadComplaints = complaints->areThere();
+    forEachText({argument}, complaints, [&](const Place& place, const QString& text) {
+        if (texts.size() < 2)
+            texts.emplace_back(place, text);
+    });
+    if (texts.size() == 1)
+        return texts.front();
+    if (texts.size() > 1)
+        complaints->report(texts.back().first, {u"expected one text only"_s, 0});
+    else if (complaints->areThere() == hadComplaints)
+        complaints->report({argument}, {u"expected a text"_s, 0});
+    return std::nullopt;
+}
+
+} // namespace tool

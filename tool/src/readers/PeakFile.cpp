@@ -1,0 +1,74 @@
+#include "readers/PeakFile.h"
+
+#include "readers/InputFile.h"
+#include "readers/Mgf.h"
+#include "readers/PeakLine.h"
+#include "support/Number.h"
+
+#include <optional>
+
+using namespace Qt::StringLiterals;
+
+namespace tool {
+
+namespace {
+
+/// Steps to the next line that is neither empty nor a remark.
+bool nextLine(LineReader* lines)
+{
+    while (lines->next()) {
+        const QByteArray line = lines->line().trimmed();
+        if (!line.isEmpty() && !line.startsWith('#'))
+            return true;
+    }
+    return false;
+}
+
+bool isMgf(const QByteArray& line)
+{
+    return line.contains('=') || line.trimmed().compare("BEGIN IONS", Qt::CaseInsensitive) == 0;
+}
+
+bool isPeak(const QByteArray& line)
+{
+    const std::vector<Word> words = wordsOf(line);
+    return !words.empty() && readNumber(words.front().text);
+}
+
+/// Reads two columns, the first line of which was looked at already.
+std::optional<Spectrum> readColumns(const QString& source, LineReader* lines,
+                                    Complaints* complaints)
+{
+    Spectrum spectrum{u"index=1"_s, 0.0, {}, {}, {source, lines->number()}};
+    if (isPeak(lines->line()))
+        lines->stepBack();
+    while (nextLine(lines)) {
+        if (const auto error = appendPeak(lines->line(), &spectrum.peaks)) {
+            complaints->report({source, lines->number()}, *error);
+            return std::nullopt;
+        }
+    }
+    spectrum.peaks.sort();
+    return spectrum;
+}
+
+} // namespace
+
+std::vector<Spectrum> readPeakFile(const QString& name, Complaints* complaints)
+{
+    std::vector<Spectrum> spectra;
+    withLines(name, complaints, [&](const QString& source, LineReader* lines) {
+        if (!nextLine(lines)) {
+            complaints->report({source}, {u"expected peaks"_s, 0});
+        } else if (isMgf(lines->line())) {
+            lines->stepBack();
+            readMgf(source, lines, complaints,
+                    [&](Spectrum&& spectrum) { spectra.push_back(std::move(spectrum)); });
+        } else if (auto spectrum = readColumns(source, lines, complaints)) {
+            spectra.push_back(*std::move(spectrum));
+        }
+    });
+    return spectra;
+}
+
+} // namespace tool

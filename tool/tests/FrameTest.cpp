@@ -1,0 +1,200 @@
+#include "RunZel.h"
+#include "TemporaryText.h"
+#include "chemistry/IsotopeConfig.h"
+#include "support/Number.h"
+#include "support/Table.h"
+
+#include <QStringList>
+
+#include <gtest/gtest.h>
+
+#include <bit>
+#include <cmath>
+#include <limits>
+#include <random>
+
+using namespace Qt::StringLiterals;
+using namespace tool;
+
+namespace {
+
+const QStringList commands = {u"read"_s,     u"mass"_s,  u"ions"_s,     u"digest"_s,
+                              u"envelope"_s, u"match"_s, u"formulas"_s, u"search"_s};
+
+/// The example that the help of a command ends with.
+QString exampleOf(const QString& command)
+{
+    const QString help = QString::fromUtf8(runZel({u"help"_s, command}).output);
+    return help.section(u"Example:\n"_s, 1).trimmed();
+}
+
+} // namespace
+
+TEST(Frame, HelpListsEachCommand)
+{
+    const ProgramRun run = runZel({u"help"_s});
+    EXPECT_EQ(run.status, 0);
+    for (const QString& command : commands)
+        EXPECT_TRUE(run.output.contains(command.toUtf8())) << command.toStdString();
+}
+
+TEST(Frame, ExamplesOfHelpWorkAsTheyStand)
+{
+    for (const QString& command : commands) {
+        const QString example = exampleOf(command);
+        ASSERT_TRUE(example.contains(u"zel "_s + command)) << command.toStdString();
+        const ProgramRun run = runShell(example);
+        EXPECT_EQ(run.status, 0) << run.errors.toStdString();
+        EXPECT_FALSE(run.rows().isEmpty()) << example.toStdString();
+        EXPECT_EQ(run.errors, QByteArray());
+    }
+}
+
+TEST(Frame, HelpOfAnUnknownCommandIsWrongUsage)
+{
+    EXPECT_EQ(runZel({u"help"_s, u"cook"_s}).status, 2);
+}
+
+TEST(Frame, VersionStartsWithTheNumber)
+{
+    const ProgramRun run = runZel({u"--version"_s});
+    EXPECT_EQ(run.status, 0);
+    EXPECT_TRUE(run.output.startsWith("zel 0.1.0")) << run.output.toStdString();
+}
+
+TEST(Frame, WrongUsageHasStatusTwoAndNoOutput)
+{
+    const QList<QStringList> wrong = {{},
+                                      {u"cook"_s},
+                                      {u"mass"_s},
+                                      {u"mass"_s, u"--no-such-option"_s, u"AK"_s},
+                                      {u"mass"_s, u"--as"_s, u"poem"_s, u"AK"_s},
+                                      {u"mass"_s, u"--digits"_s, u"-1"_s, u"AK"_s},
+                                      {u"ions"_s, u"--as"_s, u"formula"_s, u"CH4"_s},
+                                      {u"ions"_s, u"--charges"_s, u"0"_s, u"AK"_s},
+                                      {u"ions"_s, u"--charges"_s, u"3-1"_s, u"AK"_s},
+                                      {u"ions"_s, u"--series"_s, u"q"_s, u"AK"_s},
+                                      {u"ions"_s, u"--losses"_s, u"h2o"_s, u"AK"_s},
+                                      {u"envelope"_s, u"--coverage"_s, u"1"_s, u"AK"_s},
+                                      {u"match"_s, u"--tolerance"_s, u"10"_s, u"AK"_s, u"-"_s},
+                                      {u"formulas"_s, u"--ion"_s, u"[M+H]"_s, u"18"_s},
+                                      {u"formulas"_s, u"--limit"_s, u"P2"_s, u"18"_s},
+                                      {u"digest"_s, u"--protease"_s, u"scissors"_s, u"-"_s},
+                                      {u"search"_s, u"--database"_s, u"x"_s}};
+    for (const QStringList& arguments : wrong) {
+        const ProgramRun run = runZel(arguments);
+        EXPECT_EQ(run.status, 2) << arguments.join(u' ').toStdString();
+        EXPECT_EQ(run.output, QByteArray()) << arguments.join(u' ').toStdString();
+        EXPECT_TRUE(run.errors.startsWith("zel: ")) << run.errors.toStdString();
+    }
+}
+
+TEST(Frame, RefusedInputGivesNoRowAndTheOthersAreAnswered)
+{
+    const ProgramRun run = runZel({u"mass"_s, u"--digits"_s, u"4"_s, u"DRVY"_s, u"PEPX"_s, u"G"_s});
+    EXPECT_EQ(run.status, 1);
+    EXPECT_EQ(run.rows().size(), 2);
+    EXPECT_TRUE(run.errors.startsWith("argument:2:3: ")) << run.errors.toStdString();
+    EXPECT_EQ(run.errors.count('\n'), 1);
+}
+
+TEST(Frame, TextsComeFromFilesAndStandardInputLineByLine)
+{
+    const TemporaryText file("AK\r\nB?\rGK\n");
+    const ProgramRun run = runZel({u"read"_s, u'@' + file.name(), u"-"_s, u"SK"_s}, "TK\n/\n");
+    EXPECT_EQ(run.status, 1);
+    EXPECT_EQ(run.output, "text\tcanonical\nAK\tAK\nGK\tGK\nTK\tTK\nSK\tSK\n");
+    EXPECT_TRUE(run.errors.contains(QByteArray(file.name().toUtf8() + ":2:1: ")))
+        << run.errors.toStdString();
+    EXPECT_TRUE(run.errors.contains("stdin:2:0: ")) << run.errors.toStdString();
+}
+
+TEST(Frame, FileThatIsNotThereIsRefused)
+{
+    const ProgramRun run = runZel({u"read"_s, u"@/no/such/file"_s, u"AK"_s});
+    EXPECT_EQ(run.status, 1);
+    EXPECT_EQ(run.rows().size(), 1);
+    EXPECT_TRUE(run.errors.startsWith("/no/such/file:1:0: ")) << run.errors.toStdString();
+}
+
+TEST(Frame, BracketsAndCommasOfOneTextStayTogether)
+{
+    const ProgramRun run = runZel({u"read"_s, u"[Acetyl]-AK-[Amidated]"_s, u"A[INFO:a,b]K"_s});
+    EXPECT_EQ(run.output, "text\tcanonical\n[Acetyl]-AK-[Amidated]\t[Acetyl]-AK-[Amidated]\n"
+                          "A[INFO:a,b]K\tA[INFO:a,b]K\n");
+}
+
+TEST(Frame, ClosedPipeEndsQuietly)
+{
+    const ProgramRun run =
+        runShell(u"set +o pipefail; yes DRVYIHPF | head -n 20000 | zel mass - | head -n 1"_s);
+    EXPECT_EQ(run.status, 0);
+    EXPECT_EQ(run.errors, QByteArray());
+}
+
+TEST(Frame, FullDiskIsAnError)
+{
+    const ProgramRun run = runShell(u"zel mass AK > /dev/full"_s);
+    EXPECT_EQ(run.status, 1);
+    EXPECT_TRUE(run.errors.contains("standard output")) << run.errors.toStdString();
+}
+
+TEST(Frame, CellsEscapeWhatPartsThem)
+{
+    EXPECT_EQ(escaped("a\tb\nc\\d"), "a\\tb\\nc\\\\d");
+    const ProgramRun run = runZel({u"read"_s, u"A[INFO:x\\y]K"_s});
+    EXPECT_EQ(run.rows()[0][0], "A[INFO:x\\\\y]K");
+}
+
+TEST(Frame, NumbersReadBackToTheSameDouble)
+{
+    std::mt19937_64 random(17);
+    int compared = 0;
+    while (compared < 10000) {
+        const double value = std::bit_cast<double>(random());
+        if (!std::isfinite(value))
+            continue;
+        EXPECT_EQ(readNumber(numberText(value)), value);
+        ++compared;
+    }
+    EXPECT_EQ(numberText(0.1), "0.1");
+    EXPECT_EQ(numberText(1045.5, 3), "1045.500");
+}
+
+TEST(Frame, NumbersAreReadToTheirLastCharacter)
+{
+    EXPECT_EQ(readNumber("+2.5e1"), 25.0);
+    for (const char* text : {"", "+", "1,5", "1.5x", " 1", "nan", "inf", "1e999", "+-1", "0x10"})
+        EXPECT_EQ(readNumber(text), std::nullopt) << text;
+    EXPECT_EQ(readWhole("-12"), -12);
+    EXPECT_EQ(readWhole("2147483648"), std::nullopt);
+}
+
+TEST(Frame, IsotopesAreChecked)
+{
+    EXPECT_EQ(checkedIsotopes(u" C13:0.99  C12:0.01 "_s).value(), u"C13:0.99 C12:0.01"_s);
+    EXPECT_TRUE(checkedIsotopes(u"N15:98 N14:2 H2:100"_s));
+    for (const QString& text :
+         {u""_s, u"C13"_s, u"13C:1"_s, u"C99:1"_s, u"Xx13:1"_s, u"N15:98.7 N14:1.3"_s,
+          u"N15:0.99 N14:0.02"_s, u"C13:1 C13:0"_s, u"C13:0.5 C13:0.5"_s, u"C13:0 C12:1"_s})
+        EXPECT_FALSE(checkedIsotopes(text)) << text.toStdString();
+    EXPECT_EQ(checkedIsotopes(u"H2:1 C13:0.5"_s).error().position, 5);
+}
+
+TEST(Frame, WrongIsotopesAreWrongUsage)
+{
+    const ProgramRun run = runZel({u"mass"_s, u"--isotopes"_s, u"N15:98.7 N14:1.3"_s, u"AK"_s});
+    EXPECT_EQ(run.status, 2);
+    EXPECT_EQ(run.output, QByteArray());
+}
+
+// A nitrogen-15 weighs 0.9970348934 Da more: published isotope masses 15.0001088982
+// and 14.0030740048.
+TEST(Frame, IsotopesLabelTheMolecule)
+{
+    const auto mass = [](const QStringList& options) {
+        return runZel(QStringList{u"mass"_s, u"DRVYI"_s} + options).rows()[0][2].toDouble();
+    };
+    // D, V, Y and I have one nitrogen each, R has four.
+    EXPECT_NEAR(mass({u"--isotopes"_s, u"N15:100"_s}) - mass({}), 8 * 0.9970348934, 1e-6);
+}
