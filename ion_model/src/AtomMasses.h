@@ -11,6 +11,9 @@
 
 namespace ions {
 
+/// \addtogroup ion_compositions
+/// @{
+
 /// The mass of an electron in daltons (CODATA 2018).
 inline constexpr double electronMass = 0.000548579909065;
 
@@ -108,5 +111,7 @@ private:
 
     std::shared_ptr<const Table> m_table;
 };
+
+/// @}
 
 } // namespace ions

@@ -18,6 +18,9 @@
 
 namespace ions {
 
+/// \addtogroup ion_fragments
+/// @{
+
 /// What a chain is, which decides how it breaks.
 enum class Polymer {
     Peptide,        ///< Breaks into a, b, c and x, y, z ions.
@@ -196,5 +199,7 @@ private:
     /// then room.
     std::vector<double> m_sums;
 };
+
+/// @}
 
 } // namespace ions

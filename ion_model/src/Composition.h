@@ -13,6 +13,9 @@
 
 namespace ions {
 
+/// \addtogroup ion_compositions
+/// @{
+
 class AtomMasses;
 
 /// An element as it is found in nature, or one of its isotopes.
@@ -135,5 +138,7 @@ public:
 private:
     std::vector<Term> m_terms;
 };
+
+/// @}
 
 } // namespace ions

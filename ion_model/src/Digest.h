@@ -31,6 +31,9 @@
 
 namespace ions {
 
+/// \addtogroup ion_digests
+/// @{
+
 /// Something that cuts chains at places that a regular expression describes. A value that is
 /// copied at no cost; every function may be called from any number of threads.
 class ZEL_ION_MODEL_EXPORT CleavageAgent
@@ -245,5 +248,7 @@ private:
     std::vector<qsizetype> m_cuts;  ///< Both ends of the text and the cuts between them.
     std::vector<PartialSum> m_sums; ///< At each place of the text, then room.
 };
+
+/// @}
 
 } // namespace ions

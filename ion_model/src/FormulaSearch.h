@@ -11,6 +11,9 @@
 
 namespace ions {
 
+/// \addtogroup ion_patterns
+/// @{
+
 /// An element, or a stated isotope, that a formula may hold, and how many of it.
 struct AtomLimits
 {
@@ -95,5 +98,7 @@ enum class MassKind {
 /// threads.
 ZEL_ION_MODEL_EXPORT Parsed<Composition> averagine(double mass, MassKind kind,
                                                    const AtomMasses& atoms);
+
+/// @}
 
 } // namespace ions

@@ -16,6 +16,9 @@
 
 namespace ions {
 
+/// \addtogroup ion_fragments
+/// @{
+
 class IonPlan;
 
 /// The series of fragment ions, in the order in which they are listed. Those from A to D hold the
@@ -169,5 +172,7 @@ private:
     std::shared_ptr<const IonPlan> m_plan; ///< Of these ions; the next may need the same.
     bool m_hasUniformRuns = false; ///< Whether the runs are all those of the plan, equally long.
 };
+
+/// @}
 
 } // namespace ions

@@ -12,6 +12,9 @@
 
 namespace ions {
 
+/// \addtogroup ion_compositions
+/// @{
+
 /// What turns neutral molecules into an ion: how many molecules, what is added or taken away, and
 /// the charge, of either sign.
 ///
@@ -98,5 +101,7 @@ private:
     Composition m_carriers;
     Masses m_added; ///< Carriers less electrons.
 };
+
+/// @}
 
 } // namespace ions

@@ -12,6 +12,9 @@
 
 namespace ions {
 
+/// \addtogroup ion_patterns
+/// @{
+
 /// Atoms of a molecule that share one table of abundances: the whole molecule, the residues of a
 /// labelled protein, the impure reagent that was bound to it, or the hydrogens that exchange.
 struct IsotopeGroup
@@ -121,5 +124,7 @@ ZEL_ION_MODEL_EXPORT Parsed<FineStructure> fineStructure(std::span<const Isotope
 
 /// The mass of the likeliest isotopologue in daltons. Refused as by fineStructure().
 ZEL_ION_MODEL_EXPORT Parsed<double> mostAbundantMass(std::span<const IsotopeGroup> groups);
+
+/// @}
 
 } // namespace ions

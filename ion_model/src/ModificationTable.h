@@ -17,6 +17,9 @@
 
 namespace ions {
 
+/// \addtogroup ion_tables
+/// @{
+
 /// Where the name of a modification comes from.
 enum class Vocabulary {
     Unimod, ///< Unimod, release of 2024-08-12.
@@ -103,5 +106,7 @@ private:
     QHash<std::pair<int, int>, qsizetype> m_byAccession;
     std::vector<std::pair<double, qsizetype>> m_byMass; ///< By monoisotopic mass.
 };
+
+/// @}
 
 } // namespace ions

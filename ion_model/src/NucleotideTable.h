@@ -11,6 +11,9 @@
 
 namespace ions {
 
+/// \addtogroup ion_tables
+/// @{
+
 /// What the parts of oligonucleotide text weigh, read once from a factory's dictionaries and laid
 /// out so that text is read and summed in one pass.
 ///
@@ -48,5 +51,7 @@ private:
 
     std::shared_ptr<const Content> m_content;
 };
+
+/// @}
 
 } // namespace ions

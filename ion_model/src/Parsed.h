@@ -12,6 +12,9 @@
 
 namespace ions {
 
+/// \addtogroup ion_compositions
+/// @{
+
 /// Why an input was refused, and where.
 ///
 /// \code
@@ -77,5 +80,7 @@ public:
 private:
     std::variant<T, Error> m_content;
 };
+
+/// @}
 
 } // namespace ions

@@ -25,6 +25,9 @@
 
 namespace ions {
 
+/// \addtogroup ion_peaks
+/// @{
+
 /// A run of peaks: from `first` to in front of `last`, which is never below it.
 struct PeakRange
 {
@@ -95,5 +98,7 @@ struct SeriesMatch
 /// ln(1 + that of y). Scaling the base peak to 100 is the caller's part. A sum that is NaN or below
 /// zero counts as 0. Good to 10^-12 of the score.
 ZEL_ION_MODEL_EXPORT double matchScore(const SeriesMatch& b, const SeriesMatch& y);
+
+/// @}
 
 } // namespace ions

@@ -30,6 +30,9 @@
 
 namespace ions {
 
+/// \addtogroup ion_notation
+/// @{
+
 /// Where a part stood in the text that it was read from, for messages. All places are equal.
 struct TextPosition
 {
@@ -371,5 +374,7 @@ struct ZEL_ION_MODEL_EXPORT Peptidoform
     /// Compares what they say.
     friend bool operator==(const Peptidoform&, const Peptidoform&) = default;
 };
+
+/// @}
 
 } // namespace ions

@@ -16,6 +16,9 @@
 
 namespace ions {
 
+/// \addtogroup ion_tables
+/// @{
+
 /// A part that molecules are made of: a sugar, a base, a linkage, an end or a monosaccharide.
 struct MoleculePart
 {
@@ -131,5 +134,7 @@ private:
     std::shared_ptr<const Content> m_content;
     const Masses* m_letters; ///< In the content, with water behind: a sum follows one pointer.
 };
+
+/// @}
 
 } // namespace ions

@@ -7,6 +7,9 @@
 
 namespace ions {
 
+/// \addtogroup ion_peaks
+/// @{
+
 /// How far a measured mass or m/z may lie from the calculated one: parts per million of the
 /// calculated value, or daltons. Always a closed interval around the calculated value.
 ///
@@ -45,9 +48,7 @@ public:
     /// Compares widths and units.
     friend constexpr bool operator==(const Tolerance&, const Tolerance&) = default;
 
-    /// A tolerance in parts per million; a width that is below zero or NaN counts as zero.
     friend constexpr Tolerance ppm(double width);
-    /// A tolerance in daltons; a width that is below zero or NaN counts as zero.
     friend constexpr Tolerance daltons(double width);
 
 private:
@@ -61,11 +62,13 @@ private:
     double m_daltons = 0.0;
 };
 
+/// A tolerance in parts per million; a width that is below zero or NaN counts as zero.
 constexpr Tolerance ppm(double width)
 {
     return {width * 1e-6, 0.0};
 }
 
+/// A tolerance in daltons; a width that is below zero or NaN counts as zero.
 constexpr Tolerance daltons(double width)
 {
     return {0.0, width};
@@ -76,5 +79,7 @@ constexpr double ppmError(double measured, double calculated)
 {
     return (measured - calculated) / calculated * 1e6;
 }
+
+/// @}
 
 } // namespace ions
