@@ -2,6 +2,7 @@
 
 #include "RunZel.h"
 #include "TemporaryText.h"
+#include "TestFiles.h"
 #include "search/CandidateText.h"
 #include "search/Rule.h"
 
@@ -65,6 +66,23 @@ QByteArray spectrumOf(const QString& peptidoform, const QByteArray& title)
          runZel({u"ions"_s, peptidoform, u"--max-losses"_s, u"0"_s}).rows())
         mgf += row[5] + " 10\n";
     return mgf + "END IONS\n";
+}
+
+/// The peptidoforms that the spectra of a file state.
+QByteArrayList namedPeptidoforms(const QByteArray& mgf)
+{
+    QByteArrayList named;
+    for (const QByteArray& line : mgf.split('\n')) {
+        if (line.startsWith("SEQ="))
+            named.append(line.sliced(4));
+    }
+    return named;
+}
+
+/// The residues of a peptidoform: leucine and isoleucine weigh the same.
+QByteArray withLeucine(QByteArray peptidoform)
+{
+    return peptidoform.replace('I', 'L');
 }
 
 QByteArray randomProteins(int count)
@@ -216,6 +234,28 @@ TEST(SearchCommand, ScoresAsStated)
     EXPECT_EQ(run.rows()[0][4], "12");
     EXPECT_NEAR(run.rows()[0][3].toDouble(), 2 * std::log(720.0) + 2 * std::log(601.0), 1e-9);
     EXPECT_EQ(run.rows()[0][6], "");
+}
+
+// Spectra of a public library, which names their peptides, among the peptides of random proteins.
+TEST(SearchCommand, FindsThePeptidesOfRealSpectra)
+{
+    const QByteArray peptides = contentOf(u"data/peptides.fasta"_s);
+    const TemporaryText database(randomProteins(2000) + peptides);
+    const ProgramRun run =
+        runZel({u"search"_s, u"--database"_s, database.name(), u"--spectra"_s,
+                testFile(u"data/spectra.mgf"_s), u"--fixed"_s, u"Carbamidomethyl@C"_s,
+                u"--variable"_s, u"Oxidation@M,Acetyl@N-term,Deamidated@N"_s, u"--variable"_s,
+                u"Gln->pyro-Glu@Q^N-term"_s});
+    EXPECT_EQ(run.status, 0) << run.errors.toStdString();
+    const QByteArrayList named = namedPeptidoforms(contentOf(u"data/spectra.mgf"_s));
+    ASSERT_EQ(run.rows().size(), named.size());
+    ASSERT_EQ(named.size(), 8);
+    for (qsizetype i = 0; i < named.size(); ++i) {
+        const QByteArrayList row = run.rows()[i];
+        EXPECT_EQ(withLeucine(row[1]), withLeucine(named[i]));
+        EXPECT_EQ(row[5], "0");
+        EXPECT_EQ(row[7], row[0]); // each peptide stands under the title of its spectrum
+    }
 }
 
 TEST(SearchCommand, GivesTheSameAtAnyNumberOfThreads)

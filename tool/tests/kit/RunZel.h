@@ -48,10 +48,11 @@ inline ProgramRun runZel(const QStringList& arguments, const QByteArray& input =
     return runProgram(QStringLiteral(ZEL_PROGRAM), arguments, input);
 }
 
-/// Runs a line of a shell in which `zel` is the program.
+/// Runs a line of a shell in which `zel` is the program, in an empty folder that goes afterwards.
 inline ProgramRun runShell(const QString& line)
 {
     const QString definition =
-        QStringLiteral("set -o pipefail; zel() { " ZEL_PROGRAM " \"$@\"; }; cd \"$(mktemp -d)\"; ");
+        QStringLiteral("set -o pipefail; zel() { " ZEL_PROGRAM " \"$@\"; }; folder=$(mktemp -d); "
+                       "trap 'rm -rf \"$folder\"' EXIT; cd \"$folder\"; ");
     return runProgram(QStringLiteral("bash"), {QStringLiteral("-c"), definition + line}, {});
 }
