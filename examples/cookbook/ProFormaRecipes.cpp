@@ -54,18 +54,15 @@ void proFormaTags(QTextStream& out)
 {
     weigh(out,
           //! [ProFormaTags]
-          {u"PEPTIDE"_s,                       // residues
-           u"EM[Oxidation]K"_s,                // by name: Unimod, then XLMOD
-           u"EM[U:Oxidation]K"_s,              // of one vocabulary: U, X, M, R, G
-           u"EM[UNIMOD:35]K"_s,                // by accession
-           u"EM[Formula:O]K"_s,                // by atoms
-           u"EM[+15.9949]K"_s,                 // by mass: no composition
-           u"EN[Glycan:HexNAc2Hex3]K"_s,       // by sugars
-           u"ES[Obs:+79.98|Phospho|Sulfo]K"_s, // the first with a mass; what was observed last
-           u"ES[Phospho|INFO:twice]K"_s,       // remarks weigh nothing
-           u"EX[+367.0537]K"_s,                // X weighs what stands on it
-           u"[Acetyl]-EK-[Amidated]"_s}        // ends
-                                               //! [ProFormaTags]
+          {u"EM[Oxidation]K"_s,                 // by name: Unimod, then XLMOD
+           u"EM[U:Oxidation]K"_s,               // of one vocabulary: U, X, M, R, G
+           u"EM[Formula:O]K"_s,                 // by atoms
+           u"EM[+15.9949]K"_s,                  // by mass: no atoms are known
+           u"EN[Glycan:HexNAc2Hex3]K"_s,        // by sugars
+           u"ES[Obs:+79.98|Phospho|INFO:x]K"_s, // the first with a mass, Obs last, never INFO
+           u"EX[+367.0537]K"_s,                 // X weighs what stands on it
+           u"[Acetyl]-EK-[Amidated]"_s}         // ends
+                                                //! [ProFormaTags]
     );
 }
 
@@ -111,8 +108,7 @@ void proFormaCharges(QTextStream& out)
 {
     weigh(out,
           //! [ProFormaCharges]
-          {u"PEPTIDE/2"_s,                 // protons
-           u"PEPTIDE/-2"_s,                // protons taken away
+          {u"PEPTIDE/-2"_s,                // protons taken away
            u"PEPTIDE/[Na:z+1,H:z+1]"_s,    // other carriers
            u"PEPT[Formula:Zn:z+2]IDE/2"_s} // 4+: charges on the molecule count too
                                            //! [ProFormaCharges]
@@ -122,7 +118,7 @@ void proFormaCharges(QTextStream& out)
 void proFormaRefused(QTextStream& out)
 {
     //! [ProFormaRefused]
-    for (const QString& text : {u"EM[Oxidation"_s, u"EM[Oxidatoin]K"_s, u"EBK"_s, u"EK[#XL1]"_s}) {
+    for (const QString& text : {u"EM[Oxidation"_s, u"EM[Oxidatoin]K"_s, u"EBK"_s}) {
         const Parsed<Peptidoform> peptidoform = Peptidoform::read(text);
         const Error error = peptidoform ? peptidoform->weigh(0, natural(), standard()).error()
                                         : peptidoform.error();
@@ -137,8 +133,8 @@ void proFormaMolecule(QTextStream& out)
     const Peptidoform peptidoform = Peptidoform::read(u"[Acetyl]-EM[Oxidation]STK").value();
     const chem::MoleculeEntity molecule = peptidoform.molecule(0, natural(), standard()).value();
 
-    const auto factory = chem::defaultChemicalFactory();
-    const chem::Modify methylate({factory->constructMolecule(u"CH2"_s), {{0, 5}}});
+    const auto methyl = chem::defaultChemicalFactory()->constructMolecule(u"CH2"_s);
+    const chem::Modify methylate({methyl, {{0, 5}}});
     const chem::MoleculeEntity blank = nullptr;
     const chem::ChainFragmenter cut({{blank, {{}, 0, 2, 5}, blank}});
     for (const auto& step : {molecule, methylate.transform(molecule), cut.transform(molecule)}) {

@@ -43,10 +43,10 @@ void checkIons(const Peptidoform& peptidoform)
     const char* const broken = lawBrokenThroughMolecules(peptidoform);
     requireLaw(isOrdinary ? broken : nullptr);
     const auto weight = peptidoform.weigh(0, naturalResidues(), standardModifications());
-    if (!weight || !isOrdinary)
+    if (!weight)
         return;
     const auto whole = moleculeOf(peptidoform);
-    require(!whole || isSameWeight(weight->masses, *whole),
+    require(!whole || !isOrdinary || isSameWeight(weight->masses, *whole),
             "a molecule weighs what its peptidoform weighs");
 }
 

@@ -51,6 +51,17 @@ WeighedAtoms WeighedAtoms::of(const chem::ChemicalFormula& formula, const Masses
     return {masses, *std::move(composition)};
 }
 
+bool isLabelled(const Composition& plain, const Composition& labelled,
+                const std::vector<Atom>& isotopes)
+{
+    if (isotopes.empty())
+        return plain == labelled;
+    Composition heavy = plain;
+    return std::all_of(isotopes.begin(), isotopes.end(),
+                       [&heavy](Atom isotope) { return heavy.label(isotope); }) &&
+           heavy == labelled;
+}
+
 std::optional<Modification> readModification(const QString& text)
 {
     const QString brackets = u"["_s + text + u"]"_s;
@@ -122,11 +133,7 @@ std::optional<Modification> GroupNames::entryOf(const WeighedAtoms& group,
     for (const ModificationEntry& entry : m_modifications.entries()) {
         if (entry.vocabulary != vocabulary || (best && rank(*best) < rank(entry)))
             continue;
-        Composition composition = entry.composition;
-        const bool isLabelled =
-            std::all_of(m_isotopes.begin(), m_isotopes.end(),
-                        [&](Atom isotope) { return composition.label(isotope); });
-        if (isLabelled && composition == *group.composition)
+        if (isLabelled(entry.composition, *group.composition, m_isotopes))
             best = &entry;
     }
     return best ? std::optional(written(*best, group)) : std::nullopt;

@@ -23,6 +23,10 @@ struct WeighedAtoms
                            const AtomMasses& atoms);
 };
 
+/// Whether the isotopes in place of all atoms of their elements make of `plain` what is labelled.
+bool isLabelled(const Composition& plain, const Composition& labelled,
+                const std::vector<Atom>& isotopes);
+
 /// The modification that the text between two brackets describes; nothing for any other text.
 std::optional<Modification> readModification(const QString& text);
 

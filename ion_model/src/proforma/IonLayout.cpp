@@ -2,6 +2,7 @@
 
 #include "proforma/ChainSites.h"
 #include "proforma/LabelGroups.h"
+#include "proforma/ModificationText.h"
 
 #include <algorithm>
 
@@ -223,7 +224,8 @@ private:
             const ModificationLabel& label = first.modification->label;
             m_chainIndex = first.chain;
             if (!group.description) {
-                return at({u"no modification is described for the label "_s + labelText(label)},
+                const QString text = labelText({label.kind, label.name, {}});
+                return at({u"no modification is described for the label "_s + text},
                           first.modification->position, first.unit);
             }
             std::sort(group.sites.begin(), group.sites.end());

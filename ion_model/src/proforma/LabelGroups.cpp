@@ -21,13 +21,6 @@ std::optional<Error> LabelGroup::describe(const Modification& modification, Part
     return {};
 }
 
-QString labelText(const ModificationLabel& label)
-{
-    Modification modification;
-    modification.label = {label.kind, label.name, {}};
-    return modificationText(modification);
-}
-
 LabelGroup& LabelGroups::of(const ModificationLabel& label, std::size_t chain)
 {
     const bool isOfChain = label.kind == ModificationLabel::Ambiguous;

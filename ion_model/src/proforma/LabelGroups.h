@@ -30,9 +30,6 @@ struct LabelGroup
     std::optional<Error> describe(const Modification& modification, PartWeight other, int times);
 };
 
-/// A label as text, without its score: "#g1".
-QString labelText(const ModificationLabel& label);
-
 /// The labels of an ion. Bridges reach from chain to chain, ambiguous places belong to one.
 class LabelGroups
 {

@@ -184,22 +184,6 @@ private:
     char16_t m_closing;
 };
 
-QString labelText(const ModificationLabel& label)
-{
-    switch (label.kind) {
-    case ModificationLabel::None:
-        return {};
-    case ModificationLabel::CrossLink:
-        return u"#XL"_s + label.name;
-    case ModificationLabel::Branch:
-        return u"#BRANCH"_s;
-    case ModificationLabel::Ambiguous:
-        break;
-    }
-    return u"#"_s + label.name +
-           (label.score.isEmpty() ? QString() : u"("_s + label.score + u")"_s);
-}
-
 QString placementText(const PlacementRules& placement)
 {
     QString text;
@@ -246,6 +230,22 @@ Parsed<PlaceRule> takePlace(TextCursor* cursor)
         return cursor->expected(u"a residue"_s);
     cursor->skip();
     return place;
+}
+
+QString labelText(const ModificationLabel& label)
+{
+    switch (label.kind) {
+    case ModificationLabel::None:
+        return {};
+    case ModificationLabel::CrossLink:
+        return u"#XL"_s + label.name;
+    case ModificationLabel::Branch:
+        return u"#BRANCH"_s;
+    case ModificationLabel::Ambiguous:
+        break;
+    }
+    return u"#"_s + label.name +
+           (label.score.isEmpty() ? QString() : u"("_s + label.score + u")"_s);
 }
 
 QString modificationText(const Modification& modification)

@@ -22,6 +22,9 @@ std::optional<Error> takeModification(TextCursor* cursor, ModificationBrackets b
 /// Steps over a kind of place: a residue, or an end with a residue or without.
 Parsed<PlaceRule> takePlace(TextCursor* cursor);
 
+/// A label with its score, as canonical text: "#g1(0.9)".
+QString labelText(const ModificationLabel& label);
+
 /// What stands between the brackets, as canonical text.
 QString modificationText(const Modification& modification);
 

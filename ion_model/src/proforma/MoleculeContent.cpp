@@ -11,10 +11,17 @@ Error refusalAt(const QString& expected, const MoleculePosition& position)
     return {u"expected "_s + expected, -1, position.first, position.second};
 }
 
+Error placedAt(Error error, const MoleculePosition& position)
+{
+    error.chain = position.first;
+    error.residue = position.second;
+    return error;
+}
+
 Modification bareLabel(const ModificationLabel& label)
 {
     Modification modification;
-    modification.label = label;
+    modification.label = {label.kind, label.name, {}};
     return modification;
 }
 

@@ -21,7 +21,10 @@ using MoleculePosition = std::pair<int, int>;
 /// The refusal of what stands at a position: "expected " and what should.
 Error refusalAt(const QString& expected, const MoleculePosition& position);
 
-/// The mention of a label alone.
+/// A refusal with its place.
+Error placedAt(Error error, const MoleculePosition& position);
+
+/// The mention of a label alone, without a score.
 Modification bareLabel(const ModificationLabel& label);
 
 /// Whether a group says by its code that it is described in front of its chain.

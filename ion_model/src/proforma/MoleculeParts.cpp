@@ -58,14 +58,6 @@ void addIsotopes(const Composition& plain, const Composition& labelled, std::vec
     }
 }
 
-bool isLabelled(Composition plain, const Composition& composition,
-                const std::vector<Atom>& isotopes)
-{
-    return std::all_of(isotopes.begin(), isotopes.end(),
-                       [&plain](Atom isotope) { return plain.label(isotope); }) &&
-           plain == composition;
-}
-
 /// Whether a label of all atoms would change a group.
 bool hasUnlabelled(const WeighedAtoms& group, const std::vector<Atom>& isotopes)
 {

@@ -61,12 +61,12 @@ inline const char* lawBrokenByText(const Peptidoform& peptidoform)
 /// Its backbone weighs what it weighs, charges on the molecule balanced by protons.
 inline const char* lawBrokenByBackbone(const Peptidoform& peptidoform, qsizetype ion)
 {
-    const auto weight = peptidoform.weigh(ion, naturalResidues(), standardModifications());
     const auto backbone = peptidoform.backbone(ion, naturalResidues(), standardModifications());
-    if (!weight)
-        return backbone ? "what has no mass has no backbone" : nullptr;
     if (!backbone)
         return nullptr;
+    const auto weight = peptidoform.weigh(ion, naturalResidues(), standardModifications());
+    if (!weight)
+        return "what has no mass has no backbone";
     const PeptidoformIon& one = peptidoform.ions[std::size_t(ion)];
     qint64 protons = weight->charge;
     protons -= one.protons.value_or(0);

@@ -75,6 +75,9 @@ TEST(MoleculePeptidoform, NamesCountOnlyIfTheyTellTheTruth)
     EXPECT_EQ(textOf(with(with(peptide, named(u"HPO3"_s, u"Phospho#g1"_s), 2),
                           named(u"HPO3"_s, u"Phospho#g1"_s), 1)),
               u"A[Phospho#g1]S[Phospho]A"_s);
+    EXPECT_EQ(textOf(with(with(peptide, named(u"HPO3"_s, u"Phospho#g1(0.9)"_s), 2),
+                          named(u"HPO3"_s, u"Phospho#g1(0.1)"_s), 1)),
+              u"A[Phospho#g1(0.1)]S[Phospho]A"_s);
 }
 
 TEST(MoleculePeptidoform, BareMassesAreMasses)
@@ -180,6 +183,8 @@ TEST(MoleculePeptidoform, PlacesOfLabelsAreOfOneChain)
     EXPECT_EQ(textOf(ofParts(two, {{phospho, {{1, 1}, {1, 2}}}}, {})), u"AS//[Phospho]?SA"_s);
     expectRefusal(ofParts(two, {{phospho, {{0, 1}, {1, 1}}}}, {}), u"one chain"_s, 1, 1);
     expectRefusal(ofParts(two, {{phospho, {}}}, {}), u"several chains"_s, -1, -1);
+    expectRefusal(ofParts(two, {{chem::Molecule({}, 80.1, 80.0), {{1, 1}, {1, 2}}}}, {}),
+                  u"one mass"_s, 1, 1);
 }
 
 TEST(MoleculePeptidoform, WhatIsNoPeptidoformIsRefused)

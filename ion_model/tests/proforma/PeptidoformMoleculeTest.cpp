@@ -55,7 +55,8 @@ TEST(PeptidoformMolecule, EqualPlacesComeBack)
           u"[Phospho#s1]?EM[Oxidation]EVT[#s1]S[#s1]ES[#s1]PEK"_s, u"[Phospho#s1]?ES[#s1]PEK"_s,
           u"[Phospho#s1]^2?EVT[#s1]S[#s1]ES[#s1]"_s, u"AHAM[Oxidation#1]TEG-[#1]"_s,
           u"AHAM[#1]TEG-[Oxidation#1]"_s, u"[Deamidated#1]-FEEAQ[#1]A"_s, u"AM[Oxidation#1]G"_s,
-          u"[Phospho]?PEP"_s, u"[Phospho|Position:N-term]?PEP"_s}) {
+          u"[Phospho]?PEP"_s, u"[Phospho|Position:N-term]?PEP"_s,
+          u"S[Phospho#g1]S[#g1]//S[Phospho#g1]S[#g1]"_s}) {
         expectThereAndBack(text);
     }
 }

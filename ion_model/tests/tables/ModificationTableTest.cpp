@@ -126,6 +126,9 @@ TEST(ModificationTable, MisspeltNamesAreNearTheRightOnes)
 {
     EXPECT_EQ(standard().nearestNames(u"phosfo").value(0), u"Phospho"_s);
     EXPECT_TRUE(standard().nearestNames(u"Oxydation").contains(u"Oxidation"_s));
+    EXPECT_EQ(standard().nearestNames(u"oxidatoin"),
+              QStringList({u"Oxidation"_s, u"Dioxidation"_s, u"Amidated"_s}));
+    EXPECT_TRUE(standard().nearestNames(QString()).isEmpty());
     EXPECT_TRUE(standard().nearestNames(u"zzzzzzzzzzzzzzzzzzzz").isEmpty());
     EXPECT_LE(standard().nearestNames(QString(1000000, u'a')).size(), 3);
 }
