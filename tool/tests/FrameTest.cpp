@@ -1,3 +1,4 @@
+#include "CommandNames.h"
 #include "RunZel.h"
 #include "TemporaryText.h"
 #include "chemistry/IsotopeConfig.h"
@@ -18,9 +19,6 @@ using namespace tool;
 
 namespace {
 
-const QStringList commands = {u"read"_s,     u"mass"_s,  u"ions"_s,     u"digest"_s,
-                              u"envelope"_s, u"match"_s, u"formulas"_s, u"search"_s};
-
 /// The example that the help of a command ends with.
 QString exampleOf(const QString& command)
 {
@@ -34,13 +32,13 @@ TEST(Frame, HelpListsEachCommand)
 {
     const ProgramRun run = runZel({u"help"_s});
     EXPECT_EQ(run.status, 0);
-    for (const QString& command : commands)
+    for (const QString& command : commandNames())
         EXPECT_TRUE(run.output.contains(command.toUtf8())) << command.toStdString();
 }
 
 TEST(Frame, ExamplesOfHelpWorkAsTheyStand)
 {
-    for (const QString& command : commands) {
+    for (const QString& command : commandNames()) {
         const QString example = exampleOf(command);
         ASSERT_TRUE(example.contains(u"zel "_s + command)) << command.toStdString();
         const ProgramRun run = runShell(example);

@@ -1,3 +1,4 @@
+#include "CommandNames.h"
 #include "RunZel.h"
 #include "TestFiles.h"
 
@@ -20,10 +21,10 @@ struct Example
 };
 
 /// The examples of a golden file.
-std::vector<Example> readExamples(const std::string& name)
+std::vector<Example> readExamples(const QString& name)
 {
     std::vector<Example> examples;
-    const QByteArray content = contentOf(u"golden/%1.txt"_s.arg(QString::fromStdString(name)));
+    const QByteArray content = contentOf(u"golden/%1.txt"_s.arg(name));
     for (const QByteArray& line : content.chopped(content.endsWith('\n')).split('\n')) {
         if (line.startsWith("$ "))
             examples.push_back({QString::fromUtf8(line.sliced(2)), {}});
@@ -43,15 +44,15 @@ std::vector<std::string> goldenFiles()
     return names;
 }
 
+} // namespace
+
 class Golden : public testing::TestWithParam<std::string>
 {
 };
 
-} // namespace
-
 TEST_P(Golden, CommandsWriteWhatWasReviewed)
 {
-    const auto examples = readExamples(GetParam());
+    const auto examples = readExamples(QString::fromStdString(GetParam()));
     ASSERT_FALSE(examples.empty());
     for (const Example& example : examples) {
         const ProgramRun run = runShell(u"cd '%1'; %2"_s.arg(testFile(u"data"_s), example.line));
@@ -70,10 +71,9 @@ INSTANTIATE_TEST_SUITE_P(Files, Golden, testing::ValuesIn(goldenFiles()), [](con
 // A command without reviewed output would be a promise that nothing keeps.
 TEST(GoldenFiles, ShowEachCommand)
 {
-    for (const char* command :
-         {"read", "mass", "ions", "digest", "envelope", "match", "formulas", "search"}) {
+    for (const QString& command : commandNames()) {
         const auto examples = readExamples(command);
-        ASSERT_FALSE(examples.empty()) << command;
-        EXPECT_TRUE(examples[0].line.contains(u"zel "_s + QLatin1StringView(command)));
+        ASSERT_FALSE(examples.empty()) << command.toStdString();
+        EXPECT_TRUE(examples[0].line.contains(u"zel "_s + command));
     }
 }
