@@ -265,8 +265,8 @@ struct FixedModification
 /// What a peptidoform ion weighs.
 struct PeptidoformWeight
 {
-    /// The molecule with its labile parts, without charge carriers; where a formula on the molecule
-    /// bears charges, less their electrons.
+    /// In daltons: the molecule with its labile parts, without charge carriers; where a formula on
+    /// the molecule bears charges, less their electrons.
     Masses masses;
     /// Its atoms, or the part that has none: a bare mass.
     Parsed<Composition> composition = Composition();
@@ -289,7 +289,8 @@ enum class Placeless {
 /// peptidoform.weigh(0, residues, table)->mz.monoisotopic; // 212.0990
 /// \endcode
 ///
-/// A value: separate instances may be used from separate threads.
+/// A value. What is made of it refers neither to it nor to the tables. Every const function may be
+/// called from any number of threads.
 struct ZEL_ION_MODEL_EXPORT Peptidoform
 {
     QString name;                         ///< `(>>>name)`.
@@ -312,9 +313,9 @@ struct ZEL_ION_MODEL_EXPORT Peptidoform
     /// the comments on the fields ask for.
     QString toString() const;
 
-    /// Weighs one ion. Refused, with chain, residue and place in the text, where a part has no
-    /// mass: a name that no table has (the message lists the nearest), a residue that may be
-    /// several, a label that nothing defines.
+    /// Weighs one ion, counted from 0; refused if there is none. Refused, with chain, residue and
+    /// place in the text, where a part has no mass: a name that no table has (the message lists the
+    /// nearest), a residue that may be several, a label that nothing defines.
     ///
     /// Of the descriptions of a modification the first counts that has a mass, one that was
     /// measured last; a remark alone weighs nothing. X weighs nothing under a modification.
@@ -323,22 +324,22 @@ struct ZEL_ION_MODEL_EXPORT Peptidoform
     Parsed<PeptidoformWeight> weigh(qsizetype ion, const ResidueTable& residues,
                                     const ModificationTable& modifications) const;
 
-    /// Lays out one ion for fragments: modifications of known place are parts of their units, the
-    /// others open, labile ones apart, cross-links and branches are links. Refused as by weigh(),
-    /// where the order of unequal residues is unknown, and where an open modification finds no
-    /// place.
+    /// Lays out one ion, counted from 0, for fragments: modifications of known place are parts of
+    /// their units, the others open, labile ones apart, cross-links and branches are links. Refused
+    /// as by weigh(), where the order of unequal residues is unknown, where an open modification
+    /// finds no place, and for more than 1,000 of them.
     ///
     /// Charges on the molecule are balanced by protons, so that the charge of a fragment is that of
     /// all its carriers: zinc with two charges takes two protons away.
     Parsed<Backbone> backbone(qsizetype ion, const ResidueTable& residues,
                               const ModificationTable& modifications) const;
 
-    /// One ion as a molecule of the first library, of the same masses. Modifications are steps on
-    /// their residue, those of a rule too; position 0 is the left end, the last one the right end.
-    /// Those of unknown place are open modifications of the molecule: with the places that a label
-    /// or `Position:` names, the described one first, and without any where the only chain may bear
-    /// them anywhere. Bridges are links, from the described end to each other one, the first of
-    /// which has the mass; chains joined by `//` are chains.
+    /// One ion, counted from 0, as a molecule of the first library, of the same masses.
+    /// Modifications are steps on their residue, those of a rule too; position 0 is the left end,
+    /// the last one the right end. Those of unknown place are open modifications of the molecule:
+    /// with the places that a label or `Position:` names, the described one first, and without any
+    /// where the only chain may bear them anywhere. Bridges are links, from the described end to
+    /// each other one, the first of which has the mass; chains joined by `//` are chains.
     ///
     /// What stands in the brackets is the name of the group, for a link what stands at its first
     /// end, with the other one as the code. The code of an open modification is its label where the
@@ -346,10 +347,11 @@ struct ZEL_ION_MODEL_EXPORT Peptidoform
     /// under keys such as `[13C]`, which only this library can weigh.
     ///
     /// A molecule has no place for labile parts, ranges, `(?...)`, scores, remarks, names, charges
-    /// and further ions, nor for isotopes of elements that no residue has. Dropped charges leave
-    /// the atoms of their formulas; the modifications of dropped ranges stay open within them.
-    /// Refused are also bridges that end in unknown places, open modifications without a place or
-    /// more than 1,000 of them, and what weigh() refuses.
+    /// and further ions: these are refused or dropped. Dropped labile parts are no part of the
+    /// masses, dropped charges leave the atoms of their formulas, and the modifications of dropped
+    /// ranges stay open within them. Refused in any case are bridges that end in unknown places,
+    /// open modifications without a place or more than 1,000 of them, and what weigh() refuses.
+    /// Refusals name the place in the text and the chain where they have one.
     Parsed<chem::MoleculeEntity> molecule(qsizetype ion, const ResidueTable& residues,
                                           const ModificationTable& modifications,
                                           Placeless placeless = Placeless::Refused) const;
@@ -359,14 +361,15 @@ struct ZEL_ION_MODEL_EXPORT Peptidoform
     /// weighs the same. Else its composition tells: the modification of Unimod with these atoms,
     /// of several one that is no exchange of amino acids, then that with the lowest accession; for
     /// links a cross-linker before all others; a formula where there is none. A group of one mass
-    /// without atoms is that mass. What a residue or an end weighs beside its letter and its groups
-    /// is a modification likewise, as are the atoms that the end of a piece lacks; residues without
-    /// a letter of their own are X under one. If all residues and ends are labelled alike,
-    /// `<13C>` says so. Names of molecules and chains are no part of the result.
+    /// without atoms is that mass, to 10^-9 Da. What a residue or an end weighs beside its letter
+    /// and its groups is a modification likewise, as are the atoms that the end of a piece lacks;
+    /// residues without a letter of their own are X under one. If all residues and ends are
+    /// labelled alike, `<13C>` says so. Names of molecules and chains are no part of the result.
     ///
     /// Refused are what Backbone::ofMolecule() refuses, with chain and residue as the first library
     /// counts them, chains of nucleotides, more than two modifications of one end, and groups whose
-    /// two masses are neither those of atoms nor equal.
+    /// two masses are neither those of atoms nor equal. Atoms count if they weigh the stored masses
+    /// within 10^-6 Da.
     static Parsed<Peptidoform> ofMolecule(const chem::MoleculeEntity& molecule,
                                           const ResidueTable& residues,
                                           const ModificationTable& modifications);

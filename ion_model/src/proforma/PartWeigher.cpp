@@ -39,9 +39,15 @@ std::optional<Error> PartWeigher::refusal() const
         std::adjacent_find(m_isotopes.begin(), m_isotopes.end(), [](Atom left, Atom right) {
             return left.atomicNumber == right.atomicNumber && left != right;
         });
-    if (twice == m_isotopes.end())
-        return {};
-    return Error{u"expected one isotope for all atoms of "_s + twice->symbol() + u", not two"_s};
+    if (twice != m_isotopes.end())
+        return Error{u"expected one isotope for all atoms of "_s + twice->symbol() +
+                     u", not two"_s};
+    for (const Atom isotope : m_isotopes) {
+        const Parsed<Masses> masses = m_residues.atoms().weigh(Composition(isotope));
+        if (!masses)
+            return Error{masses.error().message};
+    }
+    return {};
 }
 
 Parsed<PartWeight> PartWeigher::atoms(Composition composition) const

@@ -38,7 +38,7 @@ public:
     {
     }
 
-    /// Why the isotopes cannot hold at once, if so.
+    /// Why the isotopes cannot hold at once, if so, or which of them has no mass.
     std::optional<Error> refusal() const;
 
     /// Atoms in the isotopes of the peptidoform.

@@ -226,7 +226,7 @@ Parsed<chem::MoleculeEntity> Peptidoform::molecule(qsizetype ion, const ResidueT
                                                    const ModificationTable& modifications,
                                                    Placeless placeless) const
 {
-    const Parsed<Peptidoform> placed = withPlaces(*this, ion, residues, placeless);
+    const Parsed<Peptidoform> placed = withPlaces(*this, ion, placeless);
     if (!placed)
         return placed.error();
     const PartWeigher weigher(residues, modifications, placed->isotopes);

@@ -34,9 +34,8 @@ std::vector<int*> chargesOf(Tag* tag)
 class PlacelessParts
 {
 public:
-    PlacelessParts(const ResidueTable& residues, Placeless placeless)
-        : m_residues(residues)
-        , m_isDropping(placeless == Placeless::Dropped)
+    explicit PlacelessParts(Placeless placeless)
+        : m_isDropping(placeless == Placeless::Dropped)
     {
     }
 
@@ -74,23 +73,6 @@ public:
             return {};
         peptidoform->ions = {std::move(peptidoform->ions[std::size_t(ion)])};
         return refusal(u"several ions"_s, {});
-    }
-
-    /// Only residues tell later in which isotopes a molecule was asked for.
-    Failure cleanIsotopes(Peptidoform* peptidoform)
-    {
-        for (auto isotope = peptidoform->isotopes.begin();
-             isotope != peptidoform->isotopes.end();) {
-            if (isInResidues(*isotope, peptidoform->ions.front())) {
-                ++isotope;
-                continue;
-            }
-            if (Failure failure = refusal(
-                    u"an isotope of "_s + isotope->symbol() + u", which no residue has"_s, {}))
-                return failure;
-            isotope = peptidoform->isotopes.erase(isotope);
-        }
-        return {};
     }
 
 private:
@@ -174,37 +156,21 @@ private:
         return failure;
     }
 
-    bool isInResidues(Atom isotope, const PeptidoformIon& ion) const
-    {
-        const auto hasElement = [&](QChar letter) {
-            const Composition* const known = m_residues.composition(letter.unicode());
-            return known && known->count({isotope.atomicNumber, 0}) != 0;
-        };
-        return std::any_of(
-            ion.chains.begin(), ion.chains.end(), [&](const PeptidoformChain& chain) {
-                return std::any_of(chain.residues.begin(), chain.residues.end(), hasElement);
-            });
-    }
-
-    const ResidueTable& m_residues;
     bool m_isDropping;
     qsizetype m_chain = -1; ///< For refusals.
 };
 
 } // namespace
 
-Parsed<Peptidoform> withPlaces(const Peptidoform& peptidoform, qsizetype ion,
-                               const ResidueTable& residues, Placeless placeless)
+Parsed<Peptidoform> withPlaces(const Peptidoform& peptidoform, qsizetype ion, Placeless placeless)
 {
     if (ion < 0 || ion >= std::ssize(peptidoform.ions))
         return Error{u"expected the number of an ion, from 0"_s};
     Peptidoform clean = peptidoform;
-    PlacelessParts parts(residues, placeless);
+    PlacelessParts parts(placeless);
     Failure failure = parts.cleanName(&clean.name, u"a peptidoform"_s);
     if (!failure)
         failure = parts.cleanIons(&clean, ion);
-    if (!failure)
-        failure = parts.cleanIsotopes(&clean);
     if (!failure)
         failure = parts.cleanRules(&clean.fixed);
     if (!failure)

@@ -258,6 +258,17 @@ TEST(PeptidoformMolecule, HeavyAtomsCarryTheirMassAndStandInTheFormula)
     EXPECT_EQ(composition, compositionText(u"<13C>G[Formula:[15N]C]"_s));
 }
 
+/// Where no residue tells that all atoms of an element are labelled, each group does.
+TEST(PeptidoformMolecule, IsotopesOfElementsThatNoResidueHasAreWrittenOut)
+{
+    EXPECT_NEAR(moleculeOf(u"<34S>PEK[Sulfo]"_s).monoMass(), monoisotopic(u"<34S>PEK[Sulfo]"_s),
+                1e-8);
+    EXPECT_EQ(textOf(moleculeOf(u"<34S>PEK[Sulfo]"_s)), u"PEK[Formula:O3[34S]]"_s);
+    EXPECT_EQ(textOf(moleculeOf(u"<34S>PEK"_s)), u"PEK"_s);
+    EXPECT_EQ(textOf(moleculeOf(u"<13C>X[+100]"_s)), u"X[+100]"_s);
+    EXPECT_EQ(textOf(moleculeOf(u"<D>X[+100]"_s)), u"<2H>X[+100]"_s);
+}
+
 /// Carbon-12 in place of carbon weighs exactly 0, which the first library takes for "not known".
 TEST(PeptidoformMolecule, GroupsOfNoMassKeepTheirMasses)
 {
@@ -294,7 +305,6 @@ TEST(PeptidoformMolecule, WhatHasNoPlaceIsRefusedOrDropped)
     expectRefused(u"PE[Formula:Zn:z+2]K"_s, u"charges"_s, u"PE[Formula:Zn]K"_s);
     expectRefused(u"PE[Glycan:{C8H14N:z+1}2]K"_s, u"charges"_s, u"PE[Glycan:{C8H14N}2]K"_s);
     expectRefused(u"PEK+AG"_s, u"several ions"_s, u"PEK"_s);
-    expectRefused(u"<34S>PEK[Sulfo]"_s, u"isotope of S"_s, u"PEK[Sulfo]"_s);
 }
 
 TEST(PeptidoformMolecule, RefusalsTellThePlace)

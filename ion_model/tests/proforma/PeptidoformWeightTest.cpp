@@ -202,6 +202,15 @@ TEST(PeptidoformWeight, PublishedPeptidoformsWeighWhatIsPublished)
                 5803.638, 1e-3); // human insulin
 }
 
+TEST(PeptidoformWeight, IsotopesWithoutMassAreRefused)
+{
+    Peptidoform odd = peptidoform(u"X[+100]"_s);
+    odd.isotopes = {{1, 99}};
+    EXPECT_FALSE(odd.weigh(0, naturalResidues(), standardModifications()));
+    EXPECT_FALSE(odd.backbone(0, naturalResidues(), standardModifications()));
+    EXPECT_FALSE(moleculeOf(odd));
+}
+
 TEST(PeptidoformWeight, BareMassesHaveNoAtoms)
 {
     const Parsed<PeptidoformWeight> weight = weightOf(u"AA[+1.5]"_s);
