@@ -1,7 +1,11 @@
 #include "program/Program.h"
 
+#include <QLoggingCategory>
+
 int main(int count, char** arguments)
 {
+    // What the libraries tell developers is no answer to a user; QT_LOGGING_RULES brings it back.
+    QLoggingCategory::setFilterRules(QStringLiteral("zel.*.debug=false"));
     tool::Program program;
     tool::addReadCommand(&program);
     tool::addMassCommand(&program);

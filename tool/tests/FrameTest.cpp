@@ -186,6 +186,13 @@ TEST(Frame, WrongIsotopesAreWrongUsage)
     EXPECT_EQ(run.output, QByteArray());
 }
 
+TEST(Frame, WhatTheLibrariesLogForDevelopersIsNotShown)
+{
+    const ProgramRun run = runZel({u"mass"_s, u"--isotopes"_s, u"N15:0.99 N14:0.01"_s, u"AK"_s});
+    EXPECT_EQ(run.status, 0);
+    EXPECT_EQ(run.errors, QByteArray());
+}
+
 // A nitrogen-15 weighs 0.9970348934 Da more: published isotope masses 15.0001088982
 // and 14.0030740048.
 TEST(Frame, IsotopesLabelTheMolecule)

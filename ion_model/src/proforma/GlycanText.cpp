@@ -28,6 +28,25 @@ const std::vector<QString>& monosaccharideNames()
     return names;
 }
 
+/// A name of the notation and how a text may spell it.
+struct Spelling
+{
+    QString text;
+    QString name;
+};
+
+/// Each name as it is, and the sialic acid with the place of its acetyl group as well.
+const std::vector<Spelling>& spellings()
+{
+    static const std::vector<Spelling> all = [] {
+        std::vector<Spelling> list = {{u"Neu5Ac"_s, u"NeuAc"_s}};
+        for (const QString& name : monosaccharideNames())
+            list.push_back({name, name});
+        return list;
+    }();
+    return all;
+}
+
 /// How many characters `text` and `name` have in common at their starts, whatever their case.
 qsizetype commonLength(QStringView text, QStringView name)
 {
@@ -94,14 +113,14 @@ private:
         cursor.skip(at);
         if (cursor.peek() == u'{')
             return extendByFormula(at, cursor);
-        for (const QString& name : monosaccharideNames()) {
-            const qsizetype common = commonLength(cursor.rest(), name);
+        for (const Spelling& spelling : spellings()) {
+            const qsizetype common = commonLength(cursor.rest(), spelling.text);
             m_farthest = std::max(m_farthest, at + common);
-            if (common < name.size())
+            if (common < spelling.text.size())
                 continue;
             TextCursor behind = cursor;
             behind.skip(common);
-            if (Failure failure = reach(at, {name, {}, 1}, behind))
+            if (Failure failure = reach(at, {spelling.name, {}, 1}, behind))
                 return failure;
         }
         return {};

@@ -379,7 +379,7 @@ TEST(FragmentIons, MoreVariantsThanARunCanTellAreRefused)
     FragmentIons ions;
     EXPECT_FALSE(ions.assign(withNeighbouringPlaces(100), series({Series::B})).has_value());
     EXPECT_EQ(ions.mz().size(), 399U + 100U); // each b ion, and those that hold a group or not
-    const auto refusal = ions.assign(withNeighbouringPlaces(200), series({Series::B}));
+    const auto refusal = ions.assign(withNeighbouringPlaces(300), series({Series::B}));
     ASSERT_TRUE(refusal.has_value());
     EXPECT_TRUE(refusal->message.contains(u"256"));
     EXPECT_TRUE(ions.mz().empty());

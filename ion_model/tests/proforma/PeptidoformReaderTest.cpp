@@ -77,6 +77,8 @@ TEST(PeptidoformReader, WritesCanonicalText)
         {u"A[Formula:C1C-1]"_s, u"A[Formula:H0]"_s},
         {u"A[Formula:C:z0]"_s, u"A[Formula:C]"_s},
         {u"A[glycan:hex1NEUACHexNAc2 Hex]"_s, u"A[Glycan:NeuAcHexNAc2Hex2]"_s},
+        {u"A[Glycan:Neu5Ac2Hex]"_s, u"A[Glycan:NeuAc2Hex]"_s},
+        {u"A[Glycan:Neu5HexNeu5AcNeu]"_s, u"A[Glycan:NeuAcNeu6Hex]"_s},
         {u"A[Glycan:{CHO:z+1}Hex{C1H1O1:z1}2{C}]"_s, u"A[Glycan:Hex{C}{CHO:z+1}3]"_s},
         {u"A[Glycan:Hex0]"_s, u"A[Glycan:Hex0]"_s},
         {u"A[info:a b|x#g1|y#g1]"_s, u"A[INFO:a b#g1|x|y]"_s},

@@ -17,6 +17,10 @@ namespace {
 /// As many numbers as any list can be meant to have.
 constexpr int mostNumbers = 10000;
 
+/// The series by name.
+constexpr const char* seriesNames =
+    "a, a., b, c, c., d, a-B, w, x, x., y, z, z., precursor, immonium, internal";
+
 [[noreturn]] void refuse(const QString& option, const QString& expected, const QString& text)
 {
     throw UsageError{option + u": expected "_s + expected + u", not '"_s + text + u'\''};
@@ -31,7 +35,7 @@ void appendItem(const QString& item, const QString& option, std::vector<int>* nu
     const auto first = readWhole(match.captured(1).toLatin1());
     const auto last = match.hasCaptured(2) ? readWhole(match.captured(2).toLatin1()) : first;
     if (!first || !last || *first > *last || qint64(*last) - *first >= mostNumbers)
-        refuse(option, u"whole numbers or ranges such as 1-3, parted by commas"_s, item);
+        refuse(option, u"whole numbers or ranges such as 1-3, separated by commas"_s, item);
     for (int number = *first; number <= *last; ++number)
         numbers->push_back(number);
 }
@@ -39,11 +43,8 @@ void appendItem(const QString& item, const QString& option, std::vector<int>* nu
 ions::Series readSeries(const QString& name)
 {
     const auto series = ions::seriesNamed(name);
-    if (!series) {
-        refuse(u"--series"_s,
-               u"a, a., b, c, c., d, a-B, w, x, x., y, z, z., precursor, immonium or internal"_s,
-               name);
-    }
+    if (!series)
+        refuse(u"--series"_s, u"one of "_s + QLatin1StringView(seriesNames), name);
     return *series;
 }
 
@@ -59,12 +60,14 @@ std::vector<int> readList(const std::string& text, const QString& option)
 
 void IonChoice::addTo(CLI::App* command)
 {
-    command->add_option("--series", m_series, "Series of ions, parted by commas")
+    command
+        ->add_option("--series", m_series,
+                     std::string("Series of ions, separated by commas: ") + seriesNames)
         ->capture_default_str();
     command->add_option("--charges", m_charges, "Charges with their sign: 2, 1-3 or -1,-2")
         ->capture_default_str();
     command->add_option("--losses", m_losses,
-                        "Neutral losses, parted by commas: H2O,NH3; of some residues: H2O@STED");
+                        "Neutral losses, separated by commas: H2O,NH3; of some residues: H2O@STED");
     command->add_option("--max-losses", m_maxLosses, "Losses that one ion has at most")
         ->capture_default_str()
         ->check(CLI::Range(0, 4));

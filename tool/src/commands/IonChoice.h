@@ -30,7 +30,7 @@ private:
     int m_maxLosses = 1;
 };
 
-/// Whole numbers and ranges parted by commas, such as "1-3,5" or "-1,-2". Throws UsageError that
+/// Whole numbers and ranges separated by commas, such as "1-3,5" or "-1,-2". Throws UsageError that
 /// names the option.
 std::vector<int> readList(const std::string& text, const QString& option);
 

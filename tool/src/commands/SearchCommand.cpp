@@ -41,7 +41,7 @@ ions::Tolerance readTolerance(const QString& option, const std::string& text)
                       [](const QString& tolerance) { return ions::Tolerance::read(tolerance); });
 }
 
-/// Reads rules, several of which may share an option, parted by commas.
+/// Reads rules, several of which may share an option, separated by commas.
 std::vector<Rule> readRules(const QString& option, const std::vector<std::string>& texts,
                             const Chemistry& chemistry)
 {

@@ -18,6 +18,7 @@ constexpr int doneStatus = 0;
 constexpr int refusedStatus = 1;
 constexpr int usageStatus = 2;
 constexpr int mostDigits = 100;
+constexpr const char* groupOfCommands = "Commands";
 
 int complain(const QString& message)
 {
@@ -44,8 +45,7 @@ Program::Program()
                  "Errors name SOURCE:LINE:POSITION. The exit status is 0; 1 if an input was\n"
                  "refused, the others being answered; 2 for wrong usage.");
     m_app.get_formatter()->label("SUBCOMMAND", "COMMAND");
-    m_app.get_formatter()->label("Subcommands", "Commands");
-    m_help = m_app.add_subcommand("help", "Tell about a command");
+    m_help = m_app.add_subcommand("help", "Tell about a command")->group(groupOfCommands);
     m_help->add_option("COMMAND", m_helpTopic, "The command");
     m_help->add_flag("--manual-page", m_wantsManualPage, "Print the manual page");
     m_help->add_flag("--bash-completion", m_wantsCompletion,
@@ -55,7 +55,7 @@ Program::Program()
 CLI::App* Program::addCommand(const std::string& name, const std::string& summary,
                               const std::string& example, std::function<void(Task*)> run)
 {
-    CLI::App* command = m_app.add_subcommand(name, summary);
+    CLI::App* command = m_app.add_subcommand(name, summary)->group(groupOfCommands);
     command->footer("Example:\n    " + example);
     command->add_option("--isotopes", m_isotopes,
                         "Isotopes instead of natural ones, such as 'C13:0.99 C12:0.01'");

@@ -17,7 +17,7 @@ struct Word
     qsizetype position = 0;
 };
 
-/// The words of a line, parted by blanks, tabs or commas.
+/// The words of a line, separated by blanks, tabs or commas.
 std::vector<Word> wordsOf(QByteArrayView line);
 
 /// Appends a peak, m/z and intensity, perhaps with further words. Gives the refusal, if there is

@@ -45,7 +45,7 @@ private:
 /// A text as it stands in a cell: tab, line end and backslash as `\t`, `\n` and `\\`.
 QByteArray escaped(QByteArrayView text);
 
-/// Writes rows to standard output: columns parted by tabs, their names in the first line.
+/// Writes rows to standard output: columns separated by tabs, their names in the first line.
 ///
 /// A reader that has seen enough closes its end; then the program ends without a word.
 class Table
