@@ -115,7 +115,7 @@ TEST(Fasta, RefusesEntriesOneByOne)
 TEST(Fasta, SurvivesBinaryFiles)
 {
     QByteArray bytes;
-    for (int i = 0; i < 100000; ++i)
+    for (quint32 i = 0; i < 100000; ++i)
         bytes += char(i * i % 251);
     const auto outcome = fasta(bytes + "\n>good\nAK\n");
     ASSERT_FALSE(outcome.records.empty());
