@@ -87,7 +87,7 @@ std::optional<Error> MoleculeContent::read(const chem::MoleculeEntity& molecule,
 std::optional<Error> MoleculeContent::place(const QList<chem::Modification>& modifications)
 {
     for (const chem::Modification& modification : modifications) {
-        const QList<MoleculePosition> places = modification.possibleChainLocations();
+        const QList<MoleculePosition>& places = modification.possibleChainLocations();
         if (!places.isEmpty() && lastCut.isOlder(modification))
             return refusalAt(u"no place that counts from before a cut"_s, places.first());
         for (const MoleculePosition& position : places) {
