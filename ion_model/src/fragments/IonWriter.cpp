@@ -224,8 +224,7 @@ std::optional<Error> IonWriter::plan()
         const auto right = openVariants(*chain.chain, UnitRange::right(chain.size), numbers);
         if (!left || !right)
             return Error{u"expected at most 16 ways in which one ion, and 256 in which all ions of "
-                         u"an end hold open "
-                         u"groups"_s,
+                         u"an end hold open groups"_s,
                          -1, i};
         m_plans.push_back({cutSegments(m_backbone, i), *left, *right});
     }
