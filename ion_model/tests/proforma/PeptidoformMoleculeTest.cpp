@@ -262,6 +262,21 @@ TEST(PeptidoformMolecule, HeavyAtomsCarryTheirMassAndStandInTheFormula)
     EXPECT_EQ(composition, compositionText(u"<13C>G[Formula:[15N]C]"_s));
 }
 
+TEST(PeptidoformMolecule, TablesOfALabelledFactoryWeighThereAndBack)
+{
+    const auto factory = chem::ChemicalFactory::construct(u"N15:0.99 N14:0.01"_s);
+    const ResidueTable residues(*factory);
+    const ModificationTable table = ModificationTable::standard(residues.atoms());
+    for (const QString& text : {u"AK[Acetyl]R-[Amidated]"_s, u"<13C>AK[Acetyl]R"_s}) {
+        const Peptidoform value = peptidoform(text);
+        const auto molecule = value.molecule(0, residues, table);
+        ASSERT_TRUE(molecule.hasValue()) << molecule.error().message.toStdString();
+        EXPECT_TRUE(isSameWeight(value.weigh(0, residues, table)->masses, *molecule));
+        EXPECT_FALSE(isSameWeight(weightOf(text)->masses, *molecule));
+        EXPECT_EQ(Peptidoform::ofMolecule(*molecule, residues, table)->toString(), text);
+    }
+}
+
 /// Where no residue tells that all atoms of an element are labelled, each group does.
 TEST(PeptidoformMolecule, IsotopesOfElementsThatNoResidueHasAreWrittenOut)
 {
