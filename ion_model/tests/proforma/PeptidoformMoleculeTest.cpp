@@ -231,7 +231,8 @@ TEST(PeptidoformMolecule, OpenModificationsHaveTheirPlacesTheDescribedOneFirst)
 TEST(PeptidoformMolecule, EachOfSeveralModificationsIsThere)
 {
     for (const QString& text :
-         {u"[Phospho]^3?A//G"_s, u"[Phospho#s1]^3?A//G"_s, u"[Phospho#s1]^2?A[#s1]G"_s}) {
+         {u"[Phospho]^3?A//G"_s, u"[Phospho#s1]^3?A//G"_s, u"[Phospho#s1]^2?A[#s1]G"_s,
+          u"[Phospho#s1]^2?(A)[Phospho#s1]G"_s}) {
         const auto molecule = moleculeOf(peptidoform(text), Placeless::Dropped);
         ASSERT_TRUE(molecule.hasValue()) << text.toStdString();
         EXPECT_NEAR(molecule->monoMass(), monoisotopic(text), 1e-8) << text.toStdString();
