@@ -40,14 +40,10 @@ void checkIons(const Peptidoform& peptidoform)
         const char* const broken = lawBrokenByBackbone(peptidoform, ion);
         requireLaw(isOrdinary ? broken : nullptr);
     }
-    const char* const broken = lawBrokenThroughMolecules(peptidoform);
-    requireLaw(isOrdinary ? broken : nullptr);
-    const auto weight = peptidoform.weigh(0, naturalResidues(), standardModifications());
-    if (!weight)
-        return;
-    const auto whole = moleculeOf(peptidoform);
-    require(!whole || !isOrdinary || isSameWeight(weight->masses, *whole),
-            "a molecule weighs what its peptidoform weighs");
+    for (const auto& law : {lawBrokenByMolecule, lawBrokenThroughMolecules}) {
+        const char* const broken = law(peptidoform);
+        requireLaw(isOrdinary ? broken : nullptr);
+    }
 }
 
 } // namespace

@@ -1,6 +1,7 @@
 #include "ProForma.h"
 #include "proforma/IonLayout.h"
 #include "proforma/ModificationText.h"
+#include "proforma/MoleculeContent.h"
 #include "proforma/PartWeigher.h"
 #include "proforma/PlacelessParts.h"
 #include <zel_chemical_model/ChemicalFactory.h>
@@ -19,7 +20,7 @@ namespace ions {
 namespace {
 
 using Failure = std::optional<Error>;
-using Position = std::pair<int, int>;
+using Position = MoleculePosition;
 
 /// The first library takes a mass of exactly 0 for one that is to be computed from the formula,
 /// where it would miss the isotopes: carbon-12 in place of carbon weighs nothing.
@@ -85,16 +86,16 @@ private:
     void addChain(const PeptidoformChain& chain)
     {
         QList<chem::MoleculeEntity>& residues = m_chains.emplace_back();
-        residues.append(endEntity(u"H", m_residues.leftEnds()));
+        residues.append(endEntity(true, m_residues.leftEnds()));
         for (const QChar letter : chain.residues)
             residues.append(residueEntity(letter));
-        residues.append(endEntity(u"OH", m_residues.rightEnds()));
+        residues.append(endEntity(false, m_residues.rightEnds()));
     }
 
     /// The end of a peptide, which the reader of peptides writes and the table lists first.
-    chem::MoleculeEntity endEntity(QStringView formula, std::span<const MoleculePart> ends) const
+    chem::MoleculeEntity endEntity(bool isLeft, std::span<const MoleculePart> ends) const
     {
-        const PartWeight weight = m_weigher.atoms(Composition::read(formula).value()).value();
+        const PartWeight weight = m_weigher.atoms(plainEnd(isLeft)).value();
         return named(weight, ends.front().name, ends.front().code);
     }
 
@@ -125,10 +126,10 @@ private:
     void addPart(const LaidPart& part)
     {
         if (part.place == LaidPlace::Open)
-            return addOpen(part);
-        const int position = positionOf(part.place, part.chain, part.unit);
-        modify({int(part.chain), position},
-               named(part.weight, modificationText(*part.modification), {}));
+            addOpen(part);
+        else
+            modify({int(part.chain), positionOf(part.place, part.chain, part.unit)},
+                   named(part.weight, modificationText(*part.modification), {}));
     }
 
     void modify(const Position& position, const chem::MoleculeEntity& group)

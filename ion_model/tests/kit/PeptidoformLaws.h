@@ -78,6 +78,18 @@ inline const char* lawBrokenByBackbone(const Peptidoform& peptidoform, qsizetype
                : "a backbone weighs what its peptidoform weighs";
 }
 
+/// Its molecule weighs what it weighs, if a molecule has a place for all of it.
+inline const char* lawBrokenByMolecule(const Peptidoform& peptidoform)
+{
+    const auto molecule = moleculeOf(peptidoform);
+    if (!molecule)
+        return nullptr;
+    const auto weight = peptidoform.weigh(0, naturalResidues(), standardModifications());
+    return weight && isSameWeight(weight->masses, *molecule)
+               ? nullptr
+               : "a molecule weighs what its peptidoform weighs";
+}
+
 /// It is a molecule, without what a molecule has no place for, and comes back.
 inline const char* lawBrokenThroughMolecules(const Peptidoform& peptidoform)
 {
