@@ -3,11 +3,17 @@
 #include <cstdio>
 #include <cstdlib>
 
-/// Stops the fuzzer, which keeps the input, if a law does not hold.
+/// Stops the fuzzer, which keeps the input, at the law that is broken, if one is.
+inline void requireLaw(const char* broken)
+{
+    if (!broken)
+        return;
+    std::fprintf(stderr, "does not hold: %s\n", broken);
+    std::abort();
+}
+
+/// The same for a law that holds or does not.
 inline void require(bool holds, const char* law)
 {
-    if (holds)
-        return;
-    std::fprintf(stderr, "does not hold: %s\n", law);
-    std::abort();
+    requireLaw(holds ? nullptr : law);
 }

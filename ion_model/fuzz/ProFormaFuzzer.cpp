@@ -1,5 +1,6 @@
-// A byte string is the text of a peptidoform: read, written, weighed, laid out, made a molecule and
-// brought back.
+// A byte string is the text of a peptidoform: read, written and read again, or refused where it
+// goes wrong. What it weighs and what it becomes is asked by PeptidoformFuzzer; without that, this
+// one reads some hundred times as many texts.
 
 #include "PeptidoformLaws.h"
 #include "Require.h"
@@ -14,11 +15,6 @@ using namespace ions;
 
 namespace {
 
-void requireLaw(const char* broken)
-{
-    require(!broken, broken);
-}
-
 void checkRefusal(const Error& error, const QString& text)
 {
     require(error.position >= 0 && error.position <= text.size(),
@@ -32,20 +28,6 @@ void checkRefusal(const Error& error, const QString& text)
             "what is in front of an error is the beginning of a text");
 }
 
-/// Weighs every ion; sums of huge numbers are only asked not to crash.
-void checkIons(const Peptidoform& peptidoform)
-{
-    const bool isOrdinary = hasOrdinaryNumbers(peptidoform);
-    for (qsizetype ion = 0; ion < std::ssize(peptidoform.ions); ++ion) {
-        const char* const broken = lawBrokenByBackbone(peptidoform, ion);
-        requireLaw(isOrdinary ? broken : nullptr);
-    }
-    for (const auto& law : {lawBrokenByMolecule, lawBrokenThroughMolecules}) {
-        const char* const broken = law(peptidoform);
-        requireLaw(isOrdinary ? broken : nullptr);
-    }
-}
-
 } // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
@@ -53,11 +35,9 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     const QString text =
         QString::fromUtf8(QByteArrayView(reinterpret_cast<const char*>(data), qsizetype(size)));
     const Parsed<Peptidoform> read = Peptidoform::read(text);
-    if (!read) {
+    if (read)
+        requireLaw(lawBrokenByText(*read));
+    else
         checkRefusal(read.error(), text);
-        return 0;
-    }
-    requireLaw(lawBrokenByText(*read));
-    checkIons(*read);
     return 0;
 }
