@@ -1,27 +1,16 @@
-// One piece of work by its name, for a tool that counts instructions: counts repeat where times do
-// not. Everything is prepared first and run once outside of `measured`, so that first use is not
-// counted. Without an argument, the names and how many items each works on are listed.
+// The workloads of the library whose instructions are counted.
 
 #include "BenchmarkInputs.h"
 #include "BenchmarkProteins.h"
+#include "CountedWorkloads.h"
 
 #include <algorithm>
-#include <cstdio>
-#include <cstring>
 #include <functional>
 #include <memory>
 
 namespace {
 
 using Complexes = QList<QSharedPointer<chem::MoleculeComplex>>;
-
-/// Work on `items` inputs. `prepare` builds the inputs and gives what is to be measured.
-struct Workload
-{
-    const char* name;
-    int items;
-    std::function<std::function<void()>(int)> prepare;
-};
 
 const QSharedPointer<const chem::ChemicalFactory>& factory()
 {
@@ -181,25 +170,9 @@ const Workload workloads[] = {
      }},
 };
 
-/// What the counting tool looks for; the name must not be inlined away.
-[[gnu::noinline]] void measured(const std::function<void()>& run)
-{
-    run();
-}
-
 } // namespace
 
 int main(int argumentCount, char* arguments[])
 {
-    for (const Workload& workload : workloads) {
-        if (argumentCount < 2) {
-            std::printf("%s %d\n", workload.name, workload.items);
-        } else if (std::strcmp(arguments[1], workload.name) == 0) {
-            const std::function<void()> run = workload.prepare(workload.items);
-            run();
-            measured(run);
-            return 0;
-        }
-    }
-    return argumentCount < 2 ? 0 : 1;
+    return runWorkload(workloads, argumentCount, arguments);
 }

@@ -115,7 +115,8 @@ BENCHMARK_CAPTURE(cuts, trypsin, protease(u"Trypsin"))->Unit(benchmark::kMillise
 BENCHMARK_CAPTURE(digest, trypsinNoneMissed, protease(u"Trypsin"), {.missedCleavages = 0})
     ->Unit(benchmark::kMillisecond);
 BENCHMARK_CAPTURE(digest, trypsinTwoMissed, protease(u"Trypsin"), {.missedCleavages = 2})
-    ->Unit(benchmark::kMillisecond);
+    ->Unit(benchmark::kMillisecond)
+    ->ThreadRange(1, 2);
 BENCHMARK_CAPTURE(digest, trypsinTwoMissedFrom7To50, protease(u"Trypsin"),
                   {.missedCleavages = 2, .minLength = 7, .maxLength = 50})
     ->Unit(benchmark::kMillisecond);

@@ -66,7 +66,7 @@ void floorEnvelopesOfPeptides(benchmark::State& state)
     }
     state.SetItemsProcessed(state.iterations() * peptideCount);
 }
-BENCHMARK(floorEnvelopesOfPeptides);
+BENCHMARK(floorEnvelopesOfPeptides)->ThreadRange(1, 2);
 
 void patternsOfPeptides(benchmark::State& state)
 {
@@ -80,7 +80,7 @@ void patternsOfPeptides(benchmark::State& state)
     }
     state.SetItemsProcessed(state.iterations() * peptideCount);
 }
-BENCHMARK(patternsOfPeptides);
+BENCHMARK(patternsOfPeptides)->ThreadRange(1, 2);
 
 void floorEnvelopeOfProtein(benchmark::State& state)
 {
@@ -92,7 +92,7 @@ void floorEnvelopeOfProtein(benchmark::State& state)
         benchmark::DoNotOptimize(envelope.constData());
     }
 }
-BENCHMARK(floorEnvelopeOfProtein)->Arg(150);
+BENCHMARK(floorEnvelopeOfProtein)->Arg(150)->ThreadRange(1, 2);
 
 void patternOfProtein(benchmark::State& state)
 {
@@ -103,7 +103,7 @@ void patternOfProtein(benchmark::State& state)
         benchmark::DoNotOptimize(pattern.shares().data());
     }
 }
-BENCHMARK(patternOfProtein)->Arg(150)->Arg(3000);
+BENCHMARK(patternOfProtein)->Arg(150)->Arg(3000)->ThreadRange(1, 2);
 
 void fineStructureOfPeptides(benchmark::State& state)
 {

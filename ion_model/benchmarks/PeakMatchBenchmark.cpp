@@ -45,7 +45,7 @@ void floorTwoSearches(benchmark::State& state)
     }
     state.SetItemsProcessed(state.iterations() * qint64(queryCount));
 }
-BENCHMARK(floorTwoSearches)->Arg(1000)->Arg(1000000);
+BENCHMARK(floorTwoSearches)->Arg(1000)->Arg(1000000)->ThreadRange(1, 2);
 
 void oneMass(benchmark::State& state)
 {
@@ -57,7 +57,7 @@ void oneMass(benchmark::State& state)
     }
     state.SetItemsProcessed(state.iterations() * qint64(queryCount));
 }
-BENCHMARK(oneMass)->Arg(1000)->Arg(1000000);
+BENCHMARK(oneMass)->Arg(1000)->Arg(1000000)->ThreadRange(1, 2);
 
 /// The floor of a merge: each mass compared with the peaks by one cursor.
 void floorOneCursor(benchmark::State& state)
@@ -93,7 +93,8 @@ BENCHMARK(ascendingIons)
     ->Args({300, 60})
     ->Args({3000, 3000})
     ->Args({1000000, 1000000})
-    ->Args({1000000, 1000});
+    ->Args({1000000, 1000})
+    ->ThreadRange(1, 2);
 
 void annotation(benchmark::State& state, PeakChoice choice)
 {

@@ -42,8 +42,10 @@ void report(benchmark::State& state, const QStringList& texts)
     using benchmark::Counter;
     const auto perUnit = Counter::kIsIterationInvariantRate | Counter::kInvert;
     state.counters["per_text"] = Counter(double(texts.size()), perUnit);
-    if (const double tags = tagCount(texts); tags > 0)
+    if (const double tags = tagCount(texts); tags > 0) {
+        state.counters["tags"] = Counter(tags, Counter::kAvgThreads);
         state.counters["per_tag"] = Counter(tags, perUnit);
+    }
 }
 
 /// The floor: each letter looked up once and both its masses added.
@@ -62,7 +64,7 @@ void floorSumOfResidues(benchmark::State& state)
     }
     report(state, texts);
 }
-BENCHMARK(floorSumOfResidues)->Unit(benchmark::kMicrosecond);
+BENCHMARK(floorSumOfResidues)->Unit(benchmark::kMicrosecond)->ThreadRange(1, 2);
 
 /// The texts into one value, whose memory is used again.
 void read(benchmark::State& state, int spacing)
@@ -93,7 +95,7 @@ void weigh(benchmark::State& state, int spacing)
 
 } // namespace
 
-BENCHMARK_CAPTURE(read, plain, 0)->Unit(benchmark::kMicrosecond);
-BENCHMARK_CAPTURE(read, namedTags, 3)->Unit(benchmark::kMicrosecond);
+BENCHMARK_CAPTURE(read, plain, 0)->Unit(benchmark::kMicrosecond)->ThreadRange(1, 2);
+BENCHMARK_CAPTURE(read, namedTags, 3)->Unit(benchmark::kMicrosecond)->ThreadRange(1, 2);
 BENCHMARK_CAPTURE(weigh, plain, 0)->Unit(benchmark::kMicrosecond);
 BENCHMARK_CAPTURE(weigh, namedTags, 3)->Unit(benchmark::kMicrosecond);

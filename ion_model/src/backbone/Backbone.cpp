@@ -105,12 +105,13 @@ std::optional<Error> Backbone::assignPeptide(QStringView sequence, const Residue
 {
     BackboneChain& chain = becomeChain(Polymer::Peptide, residues.breaks());
     chain.letters.resize(sequence.size());
-    std::copy(sequence.begin(), sequence.end(), chain.letters.begin());
     chain.units.resize(std::size_t(sequence.size()));
+    QChar* const letters = chain.letters.data();
     double sum = 0.0;
     double* next = roomForSums(chain.units.size() + 1);
     *next++ = sum;
     for (qsizetype i = 0; i < sequence.size(); ++i) {
+        letters[i] = sequence[i];
         const Masses masses = residues.residue(sequence[i].unicode());
         chain.units[std::size_t(i)] = masses;
         *next++ = sum += masses.monoisotopic;

@@ -83,13 +83,15 @@ private:
         return readTag();
     }
 
-    /// A word that is all of an alternative.
+    /// A word that is all of an alternative. A label does not make a name of it: the label is written
+    /// with the first description, and the word would be alone then.
     bool takeFlag(QStringView word)
     {
         const TextCursor start = m_cursor;
         if (!takeWord(&m_cursor, word))
             return false;
-        const bool isAll = m_cursor.peek() == u'|' || m_cursor.peek() == m_closing;
+        const char16_t next = m_cursor.peek();
+        const bool isAll = next == u'|' || next == m_closing || next == u'#';
         if (!isAll)
             m_cursor = start;
         return isAll;

@@ -169,6 +169,7 @@ TEST(PeptidoformReader, NamesWhatCanStandWhereItStops)
         {u"A[x|Position:1]"_s, 13, u"N-term"_s},
         {u"A[x|Position:N-tern]"_s, 18, u"\"term\""_s},
         {u"A[x|Limit:]"_s, 10, u"a number"_s},
+        {u"[x|CoMKP#g1]?AA"_s, 8, u"\"|\" or \"]\""_s},
         {u"[#g1]?AA"_s, 5, u"\"-\""_s},
         {u"[A]^2-AA"_s, 5, u"no counts"_s},
         {u"[A][B][C]-AA"_s, 9, u"at most two"_s},
