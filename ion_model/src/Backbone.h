@@ -37,12 +37,31 @@ struct NeutralLoss
     friend bool operator==(const NeutralLoss&, const NeutralLoss&) = default;
 };
 
+/// Monosaccharides of one kind in a glycan.
+struct BackboneSugar
+{
+    QString name;            ///< As glycan text has it: "HexNAc".
+    Masses masses;           ///< Of one residue, in daltons.
+    Composition composition; ///< Of one residue.
+    int count = 1;           ///< How many there are.
+};
+
+/// An ion of one charge that a label gives alone, whatever it sits on.
+struct ReporterIon
+{
+    QString name;            ///< As labels have it: "TMT127N".
+    Masses masses;           ///< Less a proton, in daltons.
+    Composition composition; ///< Less a proton.
+};
+
 /// A group that a molecule bears beside its residues.
 struct BackboneGroup
 {
-    Masses masses;                   ///< In daltons.
-    std::vector<NeutralLoss> losses; ///< What ions that hold the group may lose of it.
-    Composition composition = {};    ///< Empty where it is not known.
+    Masses masses;                           ///< In daltons.
+    std::vector<NeutralLoss> losses;         ///< What ions that hold the group may lose of it.
+    Composition composition = {};            ///< Empty where it is not known.
+    std::vector<BackboneSugar> glycan = {};  ///< Its monosaccharides, if it is a glycan.
+    std::vector<ReporterIon> reporters = {}; ///< Its reporter ions, if it is a label with such.
 };
 
 /// A group that sits on one of several units, and nobody knows which.
@@ -88,8 +107,9 @@ struct BackboneChain
     Masses leftGroup;        ///< What the left end bears beyond a hydrogen.
     Masses rightGroup;       ///< What the right end bears beyond a hydroxyl.
 
-    /// Groups with losses that sit on a known unit, whose masses are part of it.
-    std::vector<std::pair<qsizetype, BackboneGroup>> lossy;
+    /// Groups on a known unit that break themselves: with losses, as glycans or with reporter ions.
+    /// Their masses are part of the unit or of the end beside it.
+    std::vector<std::pair<qsizetype, BackboneGroup>> fragile;
     std::vector<OpenGroup> open;       ///< Groups on one of several units.
     std::vector<BackboneGroup> labile; ///< Groups that fall off before the chain breaks.
 

@@ -39,7 +39,10 @@ enum class Series : quint8 {
     ZDot,      ///< z., one hydrogen more (peptides).
     Precursor, ///< The whole molecule, with and without its labile groups.
     Immonium,  ///< One residue less CO (peptides).
-    Internal   ///< Two or more residues from the middle, as b ions (peptides).
+    Internal,  ///< Two or more residues from the middle, as b ions (peptides).
+    GlycanY,   ///< Y: the whole molecule with a part of its glycans, from none on.
+    Oxonium,   ///< Parts of a glycan alone, with one proton.
+    Reporter   ///< What a label is known by, alone, with one charge.
 };
 
 /// The name of a series as text has it, such as "b", "z." or "a-B".
@@ -87,9 +90,13 @@ struct IonOptions
 /// Ions of one series, charge and loss with numbers that follow each other.
 struct IonRun
 {
-    quint32 firstNumber = 0;   ///< Of the first ion: its units, the unit itself, or where it ends.
-    quint32 count = 0;         ///< How many ions there are.
-    quint32 start = 0;         ///< Internal ions: the unit where they start, from 1. Else 0.
+    /// Of the first ion: its units, the unit itself, where it ends; of Y ions how many
+    /// monosaccharides they have, oxonium and reporter ions are counted.
+    quint32 firstNumber = 0;
+    quint32 count = 0; ///< How many ions there are.
+    /// Internal ions: the unit where they start, from 1. Y ions: which of the ways to keep a part
+    /// of the glycans, from 1. Else 0.
+    quint32 start = 0;
     qint16 charge = 1;         ///< With its sign.
     quint16 loss = 0;          ///< Index in FragmentIons::losses(); 0 is no loss.
     Series series = Series::B; ///< The same for all.
@@ -131,30 +138,36 @@ public:
     /// ways; of groups of one mass it counts how many are held. Of linked chains an ion of one side
     /// holds all that hangs on it, and a cut that leaves the molecule in one piece gives no ion.
     ///
-    /// Immonium and internal ions of linked units are left out.
+    /// Immonium and internal ions of linked units are left out. Y ions have every part of the
+    /// monosaccharides, whichever glycan they are of; oxonium ions have one to three of them, and
+    /// of single ones there are the ions that their rings are known for. Nothing is told about how
+    /// they are joined. Oxonium and reporter ions come where charge 1, no shift and no loss are
+    /// asked for, Y ions without losses.
     ///
     /// A loss that a rule names and a group has as well comes once, under the rule's name.
     ///
     /// Gives a refusal where open groups make more than 16 variants of one ion or 256 of the ions
-    /// of an end, where losses make more than 1,000 combinations, and for charges beyond 10,000 or
-    /// shifts beyond 127 hydrogens; then there are no ions.
+    /// of an end, where losses make more than 1,000 combinations or glycans as many ions, and for
+    /// charges beyond 10,000 or shifts beyond 127 hydrogens; then there are no ions.
     [[nodiscard]] std::optional<Error> assign(const Backbone& backbone, const IonOptions& options);
 
     /// The m/z of the ions, run by run, in daltons, monoisotopic.
     std::span<const double> mz() const { return {m_mz.data(), m_size}; }
     /// The runs in order: the counts add up to the number of ions.
     std::span<const IonRun> runs() const { return m_runs; }
-    /// The losses that runs refer to, as texts such as "-H2O"; the first is empty.
+    /// The losses that runs refer to, as texts such as "-H2O" or, of glycans, "-[HexNAcHex2]"; the
+    /// first is empty.
     std::span<const QString> losses() const { return m_losses; }
 
     /// The run of the ion at this index, and which ion of the run it is.
     std::pair<qsizetype, qsizetype> runOf(qsizetype ion) const;
 
     /// The label of an ion as PSI's mzPAF writes it: "b5", "y7-H2O^2", "IK", "m3:6", "p^2", and
-    /// chains by number where there are several ("2:b5"). Peptide series and oligonucleotide series
-    /// have one form; dotted series are written with their hydrogen ("z5+H"). A unit without a
-    /// letter is X. Empty for an index outside the list and for another backbone that lacks the
-    /// ion's chain or unit.
+    /// chains by number where there are several ("2:b5"). Y ions are precursors less what is lost
+    /// ("p-[HexNAcHex2]"), oxonium and reporter ions have their names ("r[TMT127N]"). Peptide
+    /// series and oligonucleotide series have one form; dotted series are written with their
+    /// hydrogen ("z5+H"). A unit without a letter is X. Empty for an index outside the list and for
+    /// another backbone that lacks the ion's chain or unit.
     QString label(const Backbone& backbone, qsizetype ion) const;
 
     /// The composition of an ion: m/z = (neutral mass + charge × proton) / |charge|, where a proton

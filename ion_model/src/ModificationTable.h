@@ -45,6 +45,13 @@ struct ModificationLoss
     Composition composition; ///< What goes away as a neutral molecule.
 };
 
+/// An ion that a label gives in fragmentation, whatever it sits on.
+struct LabelIon
+{
+    QString name;            ///< As labels of ions have it: "TMT127N".
+    Composition composition; ///< Of the ion, which lacks one electron.
+};
+
 /// A modification of a vocabulary: what it adds to a residue or an end.
 struct ModificationEntry
 {
@@ -55,6 +62,7 @@ struct ModificationEntry
     Masses masses;                              ///< The composition's, in daltons.
     std::vector<ModificationSite> sites;        ///< Places that the vocabulary allows.
     std::vector<ModificationLoss> losses;       ///< Losses that the vocabulary knows.
+    std::vector<LabelIon> reporters = {};       ///< Reporter ions, lightest first.
 };
 
 /// Modifications by name, accession and mass: Unimod and XLMOD as they come with the library, and

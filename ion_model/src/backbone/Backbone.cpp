@@ -51,7 +51,7 @@ std::optional<Error> refusalOf(const BackboneChain& chain, qsizetype index)
         if (!isSound)
             return Error{u"expected an open group at ascending units of its chain"_s, -1, index};
     }
-    for (const auto& [unit, group] : chain.lossy) {
+    for (const auto& [unit, group] : chain.fragile) {
         if (!isThere(unit))
             return Error{u"expected a group at a unit of its chain"_s, -1, index, unit};
     }
@@ -135,7 +135,7 @@ BackboneChain& Backbone::becomeChain(Polymer polymer, const BreakMasses& breaks)
     chain.leftGroup = chain.rightGroup = {};
     chain.bases.clear();
     chain.linkages.clear();
-    chain.lossy.clear();
+    chain.fragile.clear();
     chain.open.clear();
     chain.labile.clear();
     chain.compositions.clear();

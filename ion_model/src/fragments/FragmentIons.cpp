@@ -1,6 +1,8 @@
 #include "FragmentIons.h"
 
+#include "fragments/GroupIons.h"
 #include "fragments/IonWriter.h"
+#include "fragments/SeriesMasses.h"
 
 #include <algorithm>
 #include <cstdlib>
@@ -22,6 +24,14 @@ QString signedCount(int count, const QString& symbol)
 bool isDotted(const QString& name)
 {
     return name.endsWith(u'.');
+}
+
+/// The label of an ion that groups give alone; empty where the backbone has none of this number.
+QString loneLabel(const Backbone& backbone, Series series, qsizetype number)
+{
+    const auto ions = loneIons(backbone, series);
+    return number <= std::ssize(ions) ? u"r["_s + ions[std::size_t(number - 1)].name + u']'
+                                      : QString();
 }
 
 /// Whether a chain has so many units.
@@ -79,12 +89,15 @@ QString FragmentIons::label(const Backbone& backbone, qsizetype ion) const
         return {};
     const IonRun& run = m_runs[std::size_t(index)];
     const qsizetype number = qsizetype(run.firstNumber) + offset;
-    if (!hasUnit(backbone, run.chain, number))
+    if (run.series == Series::Oxonium || run.series == Series::Reporter)
+        return loneLabel(backbone, run.series, number);
+    const bool isWhole = isOfMolecule(run.series);
+    if (!hasUnit(backbone, run.chain, isWhole ? 0 : number))
         return {};
-    const bool isOneOfSeveral = backbone.chains().size() > 1 && run.series != Series::Precursor;
+    const bool isOneOfSeveral = backbone.chains().size() > 1 && !isWhole;
     QString text = isOneOfSeveral ? QString::number(run.chain + 1) + u':' : QString();
     int dotted = 0;
-    if (run.series == Series::Precursor) {
+    if (isWhole) {
         text += u'p';
     } else if (run.series == Series::Immonium) {
         const QChar letter = backbone.chains()[run.chain].letters[number - 1];

@@ -1,5 +1,6 @@
 #include "FragmentIons.h"
 #include "fragments/CutSegments.h"
+#include "fragments/GroupIons.h"
 #include "fragments/OpenVariants.h"
 #include "fragments/PartSum.h"
 #include "fragments/SeriesMasses.h"
@@ -37,8 +38,14 @@ public:
     void addAll()
     {
         m_sum.addBreaks({.hydrogen = m_run.hydrogens});
-        if (m_run.series == Series::Precursor) {
+        if (m_run.series == Series::Oxonium || m_run.series == Series::Reporter) {
+            addLone();
+            return;
+        }
+        if (isOfMolecule(m_run.series)) {
             addPrecursor();
+            if (m_run.series == Series::GlycanY)
+                removeSugars();
             return;
         }
         if (m_run.chain >= m_backbone.chains().size() || !arises(m_run.series, chain().polymer)) {
@@ -65,6 +72,27 @@ private:
         }
         for (qsizetype i = 0; i < std::ssize(m_backbone.links()); ++i)
             m_sum.addLink(i);
+    }
+
+    void addLone()
+    {
+        const auto ions = loneIons(m_backbone, m_run.series);
+        if (m_number < 1 || m_number > std::ssize(ions)) {
+            m_sum.refuse(anotherBackbone());
+            return;
+        }
+        const LoneIon& ion = ions[std::size_t(m_number - 1)];
+        m_sum.add(ion.composition, 1);
+        m_sum.addBreaks(ion.lost, -1);
+    }
+
+    void removeSugars()
+    {
+        const auto cuts = glycanCuts(m_backbone);
+        if (cuts && m_run.start >= 1 && m_run.start <= cuts->size())
+            m_sum.add((*cuts)[m_run.start - 1].composition, -1);
+        else
+            m_sum.refuse(anotherBackbone());
     }
 
     void addTerminal()
@@ -220,7 +248,8 @@ Parsed<IonComposition> FragmentIons::composition(const Backbone& backbone,
     if (ion < 0 || index == std::ssize(m_runs))
         return Error{u"expected the index of an ion"_s};
     const IonRun& run = m_runs[std::size_t(index)];
-    const Parsed<Composition> loss = lossOf(m_losses[run.loss]);
+    const bool hasLostSugars = run.series == Series::GlycanY;
+    const Parsed<Composition> loss = lossOf(hasLostSugars ? QStringView() : m_losses[run.loss]);
     if (!loss)
         return loss.error();
     PartSum sum(backbone, residues);

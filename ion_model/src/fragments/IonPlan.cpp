@@ -100,7 +100,7 @@ void IonPlan::listEndKinds(Polymer polymer)
 double IonPlan::chargedMass(const IonKind& kind, Polymer polymer) const
 {
     const double series =
-        kind.series == Series::Precursor ? 0.0 : seriesMass(kind.series, polymer, m_breaks);
+        isOfMolecule(kind.series) ? 0.0 : seriesMass(kind.series, polymer, m_breaks);
     return series + kind.hydrogens * m_breaks.hydrogen.monoisotopic +
            kind.charge * m_breaks.proton - m_losses.sets()[kind.loss].mass;
 }

@@ -17,6 +17,11 @@ namespace {
 
 constexpr int unlimited = std::numeric_limits<int>::max();
 
+Error tooManyOfGlycans()
+{
+    return {u"expected at most 1000 ions of the glycans"_s};
+}
+
 std::vector<qsizetype> allOf(std::span<const BackboneChain> chains)
 {
     std::vector<qsizetype> indices(chains.size());
@@ -163,6 +168,7 @@ std::optional<Error> IonWriter::writePlain()
 
 std::optional<Error> IonWriter::writeAll()
 {
+    m_ions.m_losses.resize(m_plan->losses().sets().size()); // without those of glycans before
     auto failure = plan();
     for (auto kind = m_plan->kinds().begin(); !failure && kind != m_plan->kinds().end(); ++kind)
         failure = writeKind(*kind);
@@ -248,10 +254,8 @@ std::optional<Error> IonWriter::fill(std::vector<OpenVariant>* variants, const C
 
 std::optional<Error> IonWriter::writeKind(const IonKind& kind)
 {
-    if (kind.series == Series::Precursor) {
-        writePrecursor(kind);
-        return {};
-    }
+    if (isOfMolecule(kind.series))
+        return m_chains.empty() ? std::optional<Error>() : writeWhole(kind);
     std::optional<Error> failure;
     for (auto chain = m_chains.begin(); !failure && chain != m_chains.end(); ++chain) {
         if (!arises(kind.series, chain->chain->polymer))
@@ -264,6 +268,59 @@ std::optional<Error> IonWriter::writeKind(const IonKind& kind)
             writeTerminal(kind, *chain);
     }
     return failure;
+}
+
+/// Ions of the molecule that no chain alone gives.
+std::optional<Error> IonWriter::writeWhole(const IonKind& kind)
+{
+    switch (kind.series) {
+    case Series::GlycanY:
+        return kind.loss == 0 ? writeGlycans(kind) : std::nullopt;
+    case Series::Oxonium:
+        return writeLone(kind, oxoniumIons(m_backbone));
+    case Series::Reporter:
+        return writeLone(kind, reporterIons(m_backbone));
+    default:
+        writePrecursor(kind);
+        return {};
+    }
+}
+
+/// The molecule with each part of its glycans. The losses of each kind stand behind those of the
+/// plan.
+std::optional<Error> IonWriter::writeGlycans(const IonKind& kind)
+{
+    const auto cuts = glycanCuts(m_backbone);
+    if (!cuts)
+        return tooManyOfGlycans();
+    const std::size_t planned = m_plan->losses().sets().size();
+    const double mass =
+        m_backbone.masses().monoisotopic + m_plan->chargedMass(kind, Polymer::Peptide);
+    for (std::size_t i = 0; i < cuts->size(); ++i) {
+        const GlycanCut& cut = (*cuts)[i];
+        *appendRun(kind, m_chains.front(), {cut.left, cut.left}, 0) =
+            (mass - cut.mass) / std::abs(kind.charge);
+        IonRun& run = m_ions.m_runs.back();
+        run.start = quint32(i + 1);
+        run.loss = quint16(planned + i);
+        if (m_ions.m_losses.size() == planned + i)
+            m_ions.m_losses.push_back(u"-["_s + cut.lost + u']');
+    }
+    return {};
+}
+
+/// Ions that groups give alone, with one proton.
+std::optional<Error> IonWriter::writeLone(const IonKind& kind,
+                                          const std::optional<std::vector<LoneIon>>& lone)
+{
+    if (!lone)
+        return tooManyOfGlycans();
+    if (lone->empty() || kind.loss != 0 || kind.charge != 1 || kind.hydrogens != 0)
+        return {};
+    double* mz = appendRun(kind, m_chains.front(), {1, std::ssize(*lone)}, 0);
+    for (const LoneIon& ion : *lone)
+        *mz++ = ion.mass + m_backbone.breaks().proton;
+    return {};
 }
 
 void IonWriter::writeTerminal(const IonKind& kind, const Chain& chain)
@@ -301,8 +358,6 @@ void IonWriter::writePrecursor(const IonKind& kind)
         for (const BackboneGroup& group : chain.labile)
             labile += group.masses.monoisotopic;
     }
-    if (m_chains.empty())
-        return;
     const double mass =
         m_backbone.masses().monoisotopic + m_plan->chargedMass(kind, Polymer::Peptide);
     *appendRun(kind, m_chains.front(), {0, 0}, 0) = mass / std::abs(kind.charge);
@@ -462,11 +517,12 @@ int IonWriter::holders(const LossKind& loss, const BackboneChain& chain, qsizety
     const QStringView letters = QStringView(chain.letters).sliced(begin, end - begin);
     auto count = std::count_if(letters.begin(), letters.end(), isOfRule);
     if (loss.isOfGroup) {
-        count += std::count_if(chain.lossy.begin(), chain.lossy.end(), [&](const auto& lossy) {
-            const auto& [unit, group] = lossy;
-            return unit >= begin && unit < end && !isOfRule(chain.letters[unit]) &&
-                   hasLoss(group, loss.loss);
-        });
+        count +=
+            std::count_if(chain.fragile.begin(), chain.fragile.end(), [&](const auto& fragile) {
+                const auto& [unit, group] = fragile;
+                return unit >= begin && unit < end && !isOfRule(chain.letters[unit]) &&
+                       hasLoss(group, loss.loss);
+            });
     }
     return int(count);
 }

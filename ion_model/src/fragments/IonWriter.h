@@ -3,6 +3,7 @@
 #include "Backbone.h"
 #include "FragmentIons.h"
 #include "fragments/CutSegments.h"
+#include "fragments/GroupIons.h"
 #include "fragments/IonPlan.h"
 #include "fragments/OpenVariants.h"
 #include "fragments/UnitRange.h"
@@ -53,7 +54,11 @@ private:
 
     std::optional<Error> writeKind(const IonKind& kind);
     void writeTerminal(const IonKind& kind, const Chain& chain);
+    std::optional<Error> writeWhole(const IonKind& kind);
     void writePrecursor(const IonKind& kind);
+    std::optional<Error> writeGlycans(const IonKind& kind);
+    std::optional<Error> writeLone(const IonKind& kind,
+                                   const std::optional<std::vector<LoneIon>>& lone);
     std::optional<Error> writeImmonium(const IonKind& kind, const Chain& chain);
     std::optional<Error> writeInternal(const IonKind& kind, const Chain& chain);
     std::optional<Error> writeMiddle(const IonKind& kind, const Chain& chain, qsizetype start,

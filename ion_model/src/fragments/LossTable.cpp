@@ -32,7 +32,7 @@ void visitGroupLosses(const Backbone& backbone, const IonOptions& options, const
     if (!options.hasGroupLosses)
         return;
     for (const BackboneChain& chain : backbone.chains()) {
-        for (const auto& [unit, group] : chain.lossy)
+        for (const auto& [unit, group] : chain.fragile)
             std::for_each(group.losses.begin(), group.losses.end(), visit);
         for (const OpenGroup& open : chain.open)
             std::for_each(open.group.losses.begin(), open.group.losses.end(), visit);

@@ -158,12 +158,12 @@ void PartSum::addLink(qsizetype index)
     addPart(link.composition, link.masses, unknown(u"a link"_s, link.firstChain, link.firstUnit));
 }
 
-void PartSum::addBreaks(const BreakGroups& groups)
+void PartSum::addBreaks(const BreakGroups& groups, int times)
 {
-    add(Composition(m_hydrogen), 2 * groups.water + 3 * groups.ammonia + groups.hydrogen);
-    add(Composition(m_oxygen), groups.water + groups.carbonMonoxide);
-    add(Composition(m_carbon), groups.carbonMonoxide);
-    add(Composition(m_nitrogen), groups.ammonia);
+    add(Composition(m_hydrogen), times * (2 * groups.water + 3 * groups.ammonia + groups.hydrogen));
+    add(Composition(m_oxygen), times * (groups.water + groups.carbonMonoxide));
+    add(Composition(m_carbon), times * groups.carbonMonoxide);
+    add(Composition(m_nitrogen), times * groups.ammonia);
 }
 
 void PartSum::addChain(qsizetype index)

@@ -26,7 +26,7 @@ public:
     void addOpenGroup(qsizetype chain, const OpenGroup& open, int times = 1);
     void addLabileGroups(qsizetype chain, int times = 1);
     void addLink(qsizetype link);
-    void addBreaks(const BreakGroups& groups);
+    void addBreaks(const BreakGroups& groups, int times = 1);
 
     /// A chain as it stands: units, linkages, ends, open and labile groups.
     void addChain(qsizetype chain);

@@ -13,9 +13,9 @@ namespace ions {
 namespace {
 
 /// By the order of the enumeration.
-constexpr std::array<const char*, 16> names = {"a",   "a.",        "b",        "c",       "c.", "d",
-                                               "a-B", "w",         "x",        "x.",      "y",  "z",
-                                               "z.",  "precursor", "immonium", "internal"};
+constexpr std::array<const char*, 19> names = {
+    "a", "a.", "b",  "c",         "c.",       "d",        "a-B", "w",       "x",       "x.",
+    "y", "z",  "z.", "precursor", "immonium", "internal", "Y",   "oxonium", "reporter"};
 
 bool isDotted(Series series)
 {
@@ -91,6 +91,12 @@ bool isRightSeries(Series series)
     return series >= Series::W && series <= Series::ZDot;
 }
 
+bool isOfMolecule(Series series)
+{
+    return series == Series::Precursor || series == Series::GlycanY || series == Series::Oxonium ||
+           series == Series::Reporter;
+}
+
 bool arises(Series series, Polymer polymer)
 {
     switch (series) {
@@ -114,13 +120,17 @@ BreakGroups seriesGroups(Series series, Polymer polymer)
     return groups;
 }
 
-double seriesMass(Series series, Polymer polymer, const BreakMasses& breaks)
+double massOf(const BreakGroups& groups, const BreakMasses& breaks)
 {
-    const BreakGroups groups = seriesGroups(series, polymer);
     return groups.water * breaks.water.monoisotopic +
            groups.carbonMonoxide * breaks.carbonMonoxide.monoisotopic +
            groups.ammonia * breaks.ammonia.monoisotopic +
            groups.hydrogen * breaks.hydrogen.monoisotopic;
+}
+
+double seriesMass(Series series, Polymer polymer, const BreakMasses& breaks)
+{
+    return massOf(seriesGroups(series, polymer), breaks);
 }
 
 PartAtBreak partAtBreak(Series series, Polymer polymer)

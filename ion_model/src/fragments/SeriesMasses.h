@@ -5,6 +5,9 @@
 
 namespace ions {
 
+/// Whether ions of a series are of the molecule, not of one of its chains.
+bool isOfMolecule(Series series);
+
 /// Which series arise when a chain of this kind breaks.
 bool arises(Series series, Polymer polymer);
 
@@ -17,11 +20,14 @@ struct BreakGroups
     int hydrogen = 0;
 };
 
+/// What small groups weigh together: monoisotopic, in daltons.
+double massOf(const BreakGroups& groups, const BreakMasses& breaks);
+
 /// The groups that an ion of the series has beside its units, with the linkages between them, and
 /// the group of its end, without charge.
 BreakGroups seriesGroups(Series series, Polymer polymer);
 
-/// What these groups weigh together: monoisotopic, in daltons.
+/// What these groups weigh together.
 double seriesMass(Series series, Polymer polymer, const BreakMasses& breaks);
 
 /// Which part of the unit at the break an ion has beside that, or lacks.

@@ -53,13 +53,14 @@ public:
     Parsed<PartWeight> residue(char16_t letter) const;
     /// A modification by the first of its tags that has a mass; one without tags has none.
     Parsed<PartWeight> modification(const Modification& modification) const;
+    /// Monosaccharides.
+    Parsed<PartWeight> glycan(const std::vector<GlycanPart>& parts) const;
     /// What breaks of the chain add and take.
     BreakMasses breaks() const;
 
 private:
     Parsed<PartWeight> tag(const Tag& tag) const;
     Parsed<PartWeight> formula(const ChargedFormula& formula) const;
-    Parsed<PartWeight> glycan(const std::vector<GlycanPart>& parts) const;
     Parsed<PartWeight> entry(const Tag& tag) const;
     const ModificationEntry* find(const Tag& tag) const;
     Error refusalOf(const Tag& tag) const;

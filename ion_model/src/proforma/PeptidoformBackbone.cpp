@@ -1,4 +1,5 @@
 #include "ProForma.h"
+#include "proforma/GlycanText.h"
 #include "proforma/IonLayout.h"
 #include "proforma/PartWeigher.h"
 
@@ -12,6 +13,8 @@ namespace ions {
 namespace {
 
 using Failure = std::optional<Error>;
+
+const std::vector<LabelIon> noReporters;
 
 /// Arranges the parts of an ion for fragments.
 class BackboneBuilder
@@ -99,9 +102,60 @@ private:
         listed = std::move(sums);
     }
 
-    BackboneGroup groupOf(const PartWeight& weight, std::vector<NeutralLoss> losses) const
+    /// A part as a group, which sits on one of the letters.
+    BackboneGroup groupOf(const LaidPart& part, const QString& letters) const
     {
-        return {balanced(weight), std::move(losses), balancedAtoms(weight)};
+        return {balanced(part.weight), lossesOf(part.weight, letters), balancedAtoms(part.weight),
+                sugarsOf(part), reportersOf(part.weight)};
+    }
+
+    /// The monosaccharides of a part that is written or named as a glycan.
+    std::vector<BackboneSugar> sugarsOf(const LaidPart& part) const
+    {
+        std::vector<BackboneSugar> sugars;
+        for (const GlycanPart& one : glycanOf(*part.modification, part.weight)) {
+            const Parsed<PartWeight> weight = m_weigher.glycan({{one.name, one.formula, 1}});
+            if (weight)
+                sugars.push_back({glycanText({{one.name, one.formula, 1}}), balanced(*weight),
+                                  balancedAtoms(*weight), one.count});
+        }
+        return sugars;
+    }
+
+    /// The monosaccharides that a tag lists, or a name of Unimod's such as "Hex(5)HexNAc(2)".
+    std::vector<GlycanPart> glycanOf(const Modification& modification,
+                                     const PartWeight& weight) const
+    {
+        for (const Tag& tag : modification.tags) {
+            if (tag.kind == TagKind::Glycan)
+                return tag.glycan;
+        }
+        if (!weight.entry)
+            return {};
+        const QString name = QString(weight.entry->name).remove(u'(').remove(u')');
+        TextCursor cursor(name);
+        const Parsed<std::vector<GlycanPart>> glycan = takeGlycan(&cursor);
+        if (!glycan || !cursor.atEnd())
+            return {};
+        const Parsed<PartWeight> named = m_weigher.glycan(*glycan);
+        return named && named->composition == weight.composition ? *glycan
+                                                                 : std::vector<GlycanPart>();
+    }
+
+    /// The reporter ions of a label. Their proton is natural, as charges are.
+    std::vector<ReporterIon> reportersOf(const PartWeight& weight) const
+    {
+        std::vector<ReporterIon> reporters;
+        for (const LabelIon& ion : weight.entry ? weight.entry->reporters : noReporters) {
+            const Parsed<PartWeight> whole = m_weigher.atoms(ion.composition);
+            if (!whole)
+                continue;
+            PartWeight charged = *whole;
+            charged.charge = 1;
+            charged.masses -= Masses{electronMass, electronMass};
+            reporters.push_back({ion.name, balanced(charged), balancedAtoms(charged)});
+        }
+        return reporters;
     }
 
     void addPart(const LaidPart& part)
@@ -110,18 +164,18 @@ private:
         switch (part.place) {
         case LaidPlace::Unit:
             addToUnit(part.unit, part.weight, &chain);
-            addLossy(part.unit, QString(chain.letters[part.unit]), part.weight, &chain);
+            addFragile(part.unit, QString(chain.letters[part.unit]), part, &chain);
             break;
         case LaidPlace::LeftEnd:
             addToEnd(part.weight, &chain.leftGroup, &chain.compositions.leftGroup);
-            addLossy(0, QString(QChar(u'\0')), part.weight, &chain);
+            addFragile(0, QString(QChar(u'\0')), part, &chain);
             break;
         case LaidPlace::RightEnd:
             addToEnd(part.weight, &chain.rightGroup, &chain.compositions.rightGroup);
-            addLossy(part.unit, QString(QChar(u'\0')), part.weight, &chain);
+            addFragile(part.unit, QString(QChar(u'\0')), part, &chain);
             break;
         case LaidPlace::Labile:
-            chain.labile.push_back(groupOf(part.weight, {}));
+            chain.labile.push_back(groupOf(part, {}));
             break;
         case LaidPlace::Open:
             addOpen(part, &chain);
@@ -129,12 +183,13 @@ private:
         }
     }
 
-    void addLossy(qsizetype unit, const QString& letters, const PartWeight& weight,
-                  BackboneChain* chain) const
+    /// Notes a part that breaks itself.
+    void addFragile(qsizetype unit, const QString& letters, const LaidPart& part,
+                    BackboneChain* chain) const
     {
-        std::vector<NeutralLoss> losses = lossesOf(weight, letters);
-        if (!losses.empty())
-            chain->lossy.emplace_back(unit, groupOf(weight, std::move(losses)));
+        BackboneGroup group = groupOf(part, letters);
+        if (!group.losses.empty() || !group.glycan.empty() || !group.reporters.empty())
+            chain->fragile.emplace_back(unit, std::move(group));
     }
 
     void addOpen(const LaidPart& part, BackboneChain* chain) const
@@ -142,7 +197,7 @@ private:
         QString letters;
         for (const qsizetype unit : part.units)
             letters += chain->letters[unit];
-        const BackboneGroup group = groupOf(part.weight, lossesOf(part.weight, letters));
+        const BackboneGroup group = groupOf(part, letters);
         for (int i = 0; i < part.count; ++i)
             chain->open.push_back({group, part.units});
     }

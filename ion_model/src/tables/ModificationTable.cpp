@@ -86,13 +86,26 @@ std::pair<int, QString> nameKey(Vocabulary vocabulary, QStringView name)
     return {int(vocabulary), name.toString().toCaseFolded()};
 }
 
+/// The reporter ions of labels by Unimod's names.
+QHash<QString, std::vector<LabelIon>> reporterIons()
+{
+    QHash<QString, std::vector<LabelIon>> ions;
+    for (const QList<QString>& row : DataFile(u"reporters.tsv"_s).rows())
+        ions[row.at(0)].push_back({row.at(1), Composition::read(row.at(2)).value()});
+    return ions;
+}
+
 } // namespace
 
 ModificationTable ModificationTable::standard(const AtomMasses& atoms)
 {
+    const auto reporters = reporterIons();
     ModificationTable table;
-    for (const QList<QString>& row : DataFile(u"unimod.tsv"_s).rows())
-        table.add(unimodEntry(row, atoms));
+    for (const QList<QString>& row : DataFile(u"unimod.tsv"_s).rows()) {
+        ModificationEntry entry = unimodEntry(row, atoms);
+        entry.reporters = reporters.value(entry.name);
+        table.add(std::move(entry));
+    }
     for (const QList<QString>& row : DataFile(u"crosslinkers.tsv"_s).rows())
         table.add(crosslinkerEntry(row, atoms));
     return table;

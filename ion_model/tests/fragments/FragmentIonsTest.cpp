@@ -191,7 +191,7 @@ TEST(FragmentIons, ALossOfARuleAndOfAGroupIsOne)
     const LossRule rule = LossRule::read(u"H3PO4", residues().atoms()).value();
     const LossRule ofSerine = LossRule::read(u"H3PO4@S", residues().atoms()).value();
     BackboneChain chain = peptide(u"GSTG"_s).chains()[0];
-    chain.lossy = {{1, {{80.0, 80.0}, {{u"H3O4P"_s, rule.loss.masses}}}},
+    chain.fragile = {{1, {{80.0, 80.0}, {{u"H3O4P"_s, rule.loss.masses}}}},
                    {2, {{80.0, 80.0}, {{u"H3O4P"_s, rule.loss.masses}}}}};
     const Backbone backbone = Backbone::ofChains({chain}, {}, residues().breaks()).value();
     IonOptions options = series({Series::B});
@@ -311,7 +311,7 @@ TEST(FragmentIons, LossesOfAGroupNeedTheGroup)
     const NeutralLoss phosphoricAcid{u"H3PO4"_s, {97.976896, 97.995}};
     BackboneChain chain = peptide(u"GSSG"_s).chains()[0];
     chain.units[1] += {79.966331, 79.98};
-    chain.lossy.push_back({1, {{79.966331, 79.98}, {phosphoricAcid}}});
+    chain.fragile.push_back({1, {{79.966331, 79.98}, {phosphoricAcid}}});
     const Backbone backbone = Backbone::ofChains({chain}, {}, residues().breaks()).value();
     const auto ions = byLabel(ionsOf(backbone, IonOptions()), backbone);
     EXPECT_FALSE(ions.contains(u"b1-H3PO4"_s));
@@ -617,7 +617,7 @@ TEST(FragmentIons, SeriesThatTheChainDoesNotHaveGiveNoIons)
 
 TEST(FragmentIons, SeriesHaveTheirNames)
 {
-    for (int i = 0; i <= int(Series::Internal); ++i)
+    for (int i = 0; i <= int(Series::Reporter); ++i)
         EXPECT_EQ(seriesNamed(seriesName(Series(i))), Series(i));
     EXPECT_EQ(seriesName(Series::AMinusB), u"a-B"_s);
     EXPECT_EQ(seriesNamed(u"aB"), std::nullopt);

@@ -37,7 +37,7 @@ inline IonOptions series(std::vector<Series> wanted)
 inline IonOptions allSeries()
 {
     IonOptions options = series({});
-    for (int i = 0; i <= int(Series::Internal); ++i)
+    for (int i = 0; i <= int(Series::Reporter); ++i)
         options.series.push_back(Series(i));
     return options;
 }

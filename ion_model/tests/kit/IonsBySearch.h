@@ -200,7 +200,7 @@ private:
     {
         HeldGroups held;
         for (qsizetype chain = 0; chain < std::ssize(m_backbone.chains()); ++chain) {
-            for (const auto& [unit, group] : m_backbone.chains()[std::size_t(chain)].lossy) {
+            for (const auto& [unit, group] : m_backbone.chains()[std::size_t(chain)].fragile) {
                 if (m_units.contains({chain, unit}))
                     hold(group, 0.0, &held);
             }

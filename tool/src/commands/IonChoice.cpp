@@ -17,9 +17,14 @@ namespace {
 /// As many numbers as any list can be meant to have.
 constexpr int mostNumbers = 10000;
 
-/// The series by name.
-constexpr const char* seriesNames =
-    "a, a., b, c, c., d, a-B, w, x, x., y, z, z., precursor, immonium, internal";
+/// The series by name: "a, a., b, ...".
+QString seriesNames()
+{
+    QStringList names;
+    for (int series = 0; series <= int(ions::Series::Reporter); ++series)
+        names.append(ions::seriesName(ions::Series(series)));
+    return names.join(u", ");
+}
 
 [[noreturn]] void refuse(const QString& option, const QString& expected, const QString& text)
 {
@@ -44,7 +49,7 @@ ions::Series readSeries(const QString& name)
 {
     const auto series = ions::seriesNamed(name);
     if (!series)
-        refuse(u"--series"_s, u"one of "_s + QLatin1StringView(seriesNames), name);
+        refuse(u"--series"_s, u"one of "_s + seriesNames(), name);
     return *series;
 }
 
@@ -62,7 +67,7 @@ void IonChoice::addTo(CLI::App* command)
 {
     command
         ->add_option("--series", m_series,
-                     std::string("Series of ions, separated by commas: ") + seriesNames)
+                     "Series of ions, separated by commas: " + seriesNames().toStdString())
         ->capture_default_str();
     command->add_option("--charges", m_charges, "Charges with their sign: 2, 1-3 or -1,-2")
         ->capture_default_str();

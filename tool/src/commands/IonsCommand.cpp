@@ -51,15 +51,21 @@ std::vector<ListedIon> orderedIons(const ions::FragmentIons& fragments)
     return all;
 }
 
-/// Where an ion starts or ends, as its label counts; empty for the whole molecule.
+/// Where an ion starts or ends, as its label counts, or how many monosaccharides it has; empty for
+/// the whole molecule and for ions of a group alone.
 QString numberCell(const ListedIon& ion)
 {
-    if (ion.run->series == ions::Series::Precursor)
-        return QString();
     const QString number = QString::number(ion.number);
-    return ion.run->series == ions::Series::Internal
-               ? QString::number(ion.run->start) + u':' + number
-               : number;
+    switch (ion.run->series) {
+    case ions::Series::Precursor:
+    case ions::Series::Oxonium:
+    case ions::Series::Reporter:
+        return QString();
+    case ions::Series::Internal:
+        return QString::number(ion.run->start) + u':' + number;
+    default:
+        return number;
+    }
 }
 
 void addRows(const TextIons& listed, Table* table)
