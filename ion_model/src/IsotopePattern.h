@@ -112,12 +112,15 @@ struct FineStructure
 };
 
 /// The fewest isotopologues whose shares add up to `coverage`; those of one composition of isotopes
-/// count as one. At most `limit` of them are given: the number grows fast with the molecule, and
-/// where the limit ends the list before the coverage is reached, `isComplete` is false and the list
-/// holds the most abundant.
+/// count as one, also where atoms of several groups have the same isotopes in the same shares. The
+/// atoms of an element that groups have in different shares are told apart as two elements are.
 ///
-/// Refused as by IsotopePattern::fill(), and where an element has more than 10485758 atoms or a
-/// limit is below 1. May be called from any number of threads.
+/// At most `limit` isotopologues are given: the number grows fast with the molecule, and where the
+/// limit ends the list before the coverage is reached, `isComplete` is false and the list holds the
+/// most abundant.
+///
+/// Refused as by IsotopePattern::fill(), and where there are more than 10485758 such atoms of an
+/// element or a limit is below 1. May be called from any number of threads.
 ZEL_ION_MODEL_EXPORT Parsed<FineStructure> fineStructure(std::span<const IsotopeGroup> groups,
                                                          double coverage = usualCoverage,
                                                          qsizetype limit = 1000000);
