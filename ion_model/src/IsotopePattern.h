@@ -87,6 +87,11 @@ public:
     /// group's table. Large molecules lack this bin: it may lie in front of the first.
     qint64 monoisotopicBin() const { return m_monoisotopicBin; }
 
+    /// The index in shares() and centroids() of the largest share, the first of equal ones; -1 if
+    /// there are no bins. The bin that a spectrum shows highest: above some kDa it is not the one
+    /// that mostAbundantMass() falls into, since a bin sums many isotopologues.
+    qsizetype highestBin() const;
+
     /// Compares bins, centroids and shares.
     friend bool operator==(const IsotopePattern&, const IsotopePattern&) = default;
 

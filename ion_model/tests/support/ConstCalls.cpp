@@ -493,6 +493,10 @@ std::vector<ConstCall> patternCalls()
          [](Shared s) {
              use(s.pattern.monoisotopicBin());
          }},
+        {"IsotopePattern::highestBin",
+         [](Shared s) {
+             use(s.pattern.highestBin());
+         }},
         {"IsotopePattern::fineStructure",
          [](Shared s) {
              use(fineStructure(s.groups));
