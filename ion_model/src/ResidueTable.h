@@ -48,7 +48,9 @@ struct ZEL_ION_MODEL_EXPORT BreakMasses
 ///
 /// Amino acids are those of the factory's dictionary. Where this has no entry, selenocysteine (U)
 /// and pyrrolysine (O) have fixed formulas and J is leucine, which isoleucine weighs as well. B, Z
-/// and X stand for several residues and have no mass, nor has any other character.
+/// and X stand for several residues and have no mass unless a caller defines them in the
+/// factory. No other character has a mass, nor has an entry of the factory whose formula
+/// holds an unknown element, or that has neither atoms nor mass.
 ///
 /// \code
 /// const ResidueTable residues;                             // natural isotopes
@@ -87,7 +89,8 @@ public:
     const Composition* composition(char16_t letter) const;
 
     /// The residues that an ambiguous letter stands for: "DN" for B, "EQ" for Z, "IL" for J, the
-    /// standard twenty for X, the letter itself for any other with a mass, else nothing.
+    /// standard twenty for X; the letter itself for any other with a mass, and for these four where
+    /// a caller has defined them; else nothing.
     QString candidates(char16_t letter) const;
 
     /// The masses of a peptide: its residues and one water. Refused at the first character that has

@@ -37,6 +37,29 @@ std::vector<MoleculePart> partsOf(const FactoryTables& tables,
     return parts;
 }
 
+/// Whether the factory could weigh what stands under this key of a formula: it leaves out what it
+/// does not know.
+bool isElement(const QString& key, const AtomMasses& atoms)
+{
+    return !std::isnan(atoms.of(Atom::element(key)).average);
+}
+
+/// The masses of a residue; none where its formula does not account for them.
+Masses residueMasses(const chem::NamedMolecule& residue, const AtomMasses& atoms)
+{
+    const Masses masses = massesOf(residue);
+    const QMap<QString, double>& counts = residue.formula().elementCountMap();
+    bool isKnown = isFinite(masses);
+    bool isSomething = masses != Masses();
+    for (auto entry = counts.cbegin(); entry != counts.cend(); ++entry) {
+        if (*entry == 0.0)
+            continue;
+        isKnown = isKnown && isElement(entry.key(), atoms);
+        isSomething = true;
+    }
+    return isKnown && isSomething ? masses : Masses{none, none};
+}
+
 /// The ends of chains on one side.
 enum class ChainSide { Left, Right };
 
@@ -97,6 +120,7 @@ struct ResidueTable::Content
     AtomMasses atoms;
     std::array<Masses, letterCount + 1> letters; ///< Water behind them.
     std::array<std::optional<Composition>, letterCount> compositions;
+    QString ambiguous = u"BZJX"_s; ///< Letters for several residues that no caller has defined.
     BreakMasses breaks;
     std::vector<MoleculePart> bases;
     std::vector<MoleculePart> sugars;
@@ -124,26 +148,33 @@ private:
     {
         letters.fill({none, none});
         letters.back() = breaks.water;
-        for (const MoleculePart& part : partsOf(tables, FactoryTables::AminoAcidBlock)) {
-            if (part.code.size() != 1 || part.code[0].unicode() >= letterCount)
-                continue;
-            const std::size_t letter = part.code[0].unicode();
-            letters[letter] = part.masses;
-            if (!part.composition.isEmpty())
-                compositions[letter] = part.composition;
-        }
         addFormula(u'U', u"C3H5NOSe"_s);
         addFormula(u'O', u"C12H19N3O2"_s);
-        if (std::isnan(letters[u'J'].average)) {
+        const auto entries = tables.entries(FactoryTables::AminoAcidBlock);
+        for (auto entry = entries.cbegin(); entry != entries.cend(); ++entry) {
+            if (entry.key().size() == 1 && entry.key()[0].unicode() < letterCount)
+                addResidue(entry.key()[0].unicode(), *entry);
+        }
+        if (!entries.contains(u"J"_s)) {
             letters[u'J'] = letters[u'L'];
             compositions[u'J'] = compositions[u'L'];
         }
     }
 
-    void addFormula(std::size_t letter, const QString& formula)
+    void addResidue(char16_t letter, const chem::NamedMolecule& residue)
     {
-        if (!std::isnan(letters[letter].average))
+        const Parsed<Composition> composition = Composition::fromFormula(residue.formula());
+        letters[letter] = residueMasses(residue, atoms);
+        compositions[letter].reset();
+        if (std::isnan(letters[letter].average))
             return;
+        if (composition && !composition->isEmpty())
+            compositions[letter] = *composition;
+        ambiguous.remove(QChar(letter));
+    }
+
+    void addFormula(char16_t letter, const QString& formula)
+    {
         const Composition composition = Composition::read(formula).value();
         letters[letter] = atoms.weigh(composition).valueOr({none, none});
         compositions[letter] = composition;
@@ -175,6 +206,8 @@ const Composition* ResidueTable::composition(char16_t letter) const
 
 QString ResidueTable::candidates(char16_t letter) const
 {
+    if (!m_content->ambiguous.contains(QChar(letter)))
+        return std::isnan(residue(letter).average) ? QString() : QString(QChar(letter));
     switch (letter) {
     case u'B':
         return u"DN"_s;
@@ -182,10 +215,8 @@ QString ResidueTable::candidates(char16_t letter) const
         return u"EQ"_s;
     case u'J':
         return u"IL"_s;
-    case u'X':
-        return u"ACDEFGHIKLMNPQRSTVWY"_s;
     default:
-        return std::isnan(residue(letter).average) ? QString() : QString(QChar(letter));
+        return u"ACDEFGHIKLMNPQRSTVWY"_s;
     }
 }
 

@@ -95,6 +95,43 @@ TEST(ResidueTable, ACallersResiduesAndIsotopesAreTaken)
     EXPECT_FALSE(std::isnan(residues.residue(u'B').average));
 }
 
+/// A factory weighs what it knows of a formula and leaves out the rest without a word.
+TEST(ResidueTable, ACallersResiduesOfUnknownAtomsHaveNoMass)
+{
+    const auto factory = chem::ChemicalFactory::construct(QString());
+    const auto define = [&factory](const QString& letter, const QString& formula) {
+        factory->setBuildingBlock(chem::ChemicalFactory::AminoAcidBlock, letter, u"own"_s, formula);
+    };
+    define(u"A"_s, u"C2Xy"_s);
+    define(u"U"_s, u"C2Xy"_s); // no reason to take the usual formula
+    define(u"J"_s, u"Xy"_s);
+    define(u"X"_s, u"Og"_s);
+    define(u"G"_s, u"C2E"_s); // electrons are no atoms
+    define(u"*"_s, QString());
+    const ResidueTable residues(*factory);
+    for (const char16_t letter : u"AUJXG*"_s.toStdU16String()) {
+        EXPECT_TRUE(std::isnan(residues.residue(letter).monoisotopic)) << int(letter);
+        EXPECT_TRUE(std::isnan(residues.residue(letter).average)) << int(letter);
+        EXPECT_EQ(residues.composition(letter), nullptr) << int(letter);
+    }
+    EXPECT_EQ(residues.peptide(u"KAK").error().position, 1);
+    EXPECT_EQ(residues.candidates(u'A'), QString());
+    EXPECT_EQ(residues.candidates(u'X').size(), 20);
+}
+
+TEST(ResidueTable, AmbiguousLettersThatACallerDefinesAreThemselves)
+{
+    const auto factory = chem::ChemicalFactory::construct(QString());
+    for (const QString& letter : {u"B"_s, u"Z"_s, u"J"_s, u"X"_s})
+        factory->setBuildingBlock(chem::ChemicalFactory::AminoAcidBlock, letter, u"own"_s,
+                                  u"C5H10N2O"_s);
+    const ResidueTable residues(*factory);
+    for (const char16_t letter : {u'B', u'Z', u'J', u'X'}) {
+        EXPECT_EQ(residues.composition(letter)->toString(), u"C5H10N2O"_s);
+        EXPECT_EQ(residues.candidates(letter), QString(QChar(letter)));
+    }
+}
+
 TEST(ResidueTable, PartsOfNucleotidesAreThoseOfTheFactory)
 {
     const ResidueTable residues;
