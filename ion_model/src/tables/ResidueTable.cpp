@@ -1,5 +1,6 @@
 #include "ResidueTable.h"
 
+#include "composition/AtomSums.h"
 #include "masses/EntityMasses.h"
 #include "masses/FactoryTables.h"
 #include "tables/DataFile.h"
@@ -9,6 +10,7 @@
 #include <cmath>
 #include <limits>
 #include <optional>
+#include <utility>
 
 using namespace Qt::StringLiterals;
 
@@ -143,6 +145,15 @@ struct ResidueTable::Content
         readAminoAcids(tables);
     }
 
+    void setResidue(char16_t letter, const Masses& masses,
+                    const std::optional<Composition>& composition)
+    {
+        letters[letter] = masses;
+        compositions[letter] = composition;
+        if (!std::isnan(masses.average))
+            ambiguous.remove(QChar(letter));
+    }
+
 private:
     void readAminoAcids(const FactoryTables& tables)
     {
@@ -153,7 +164,7 @@ private:
         const auto entries = tables.entries(FactoryTables::AminoAcidBlock);
         for (auto entry = entries.cbegin(); entry != entries.cend(); ++entry) {
             if (entry.key().size() == 1 && entry.key()[0].unicode() < letterCount)
-                addResidue(entry.key()[0].unicode(), *entry);
+                addEntry(entry.key()[0].unicode(), *entry);
         }
         if (!entries.contains(u"J"_s)) {
             letters[u'J'] = letters[u'L'];
@@ -161,16 +172,15 @@ private:
         }
     }
 
-    void addResidue(char16_t letter, const chem::NamedMolecule& residue)
+    void addEntry(char16_t letter, const chem::NamedMolecule& residue)
     {
+        const Masses masses = residueMasses(residue, atoms);
         const Parsed<Composition> composition = Composition::fromFormula(residue.formula());
-        letters[letter] = residueMasses(residue, atoms);
-        compositions[letter].reset();
-        if (std::isnan(letters[letter].average))
-            return;
-        if (composition && !composition->isEmpty())
-            compositions[letter] = *composition;
-        ambiguous.remove(QChar(letter));
+        const bool isWhole = composition && !composition->isEmpty();
+        if (isWhole && !std::isnan(masses.average))
+            setResidue(letter, masses, *composition);
+        else
+            setResidue(letter, masses, {});
     }
 
     void addFormula(char16_t letter, const QString& formula)
@@ -202,6 +212,26 @@ const Composition* ResidueTable::composition(char16_t letter) const
     if (letter >= letterCount || !m_content->compositions[letter])
         return nullptr;
     return &*m_content->compositions[letter];
+}
+
+Parsed<Composition> ResidueTable::composition(QStringView sequence) const
+{
+    std::array<qint64, letterCount> counts{};
+    for (qsizetype i = 0; i < sequence.size(); ++i) {
+        const char16_t letter = sequence[i].unicode();
+        if (std::isnan(residue(letter).average))
+            return unknownLetter(sequence);
+        if (!composition(letter))
+            return Error{u"expected the letter of a residue with whole counts of atoms"_s, i};
+        ++counts[letter];
+    }
+    AtomSums sums;
+    sums.add(Composition::read(u"H2O"_s).value(), 1, -1);
+    for (std::size_t letter = 0; letter < letterCount; ++letter) {
+        if (counts[letter] > 0)
+            sums.add(*composition(char16_t(letter)), counts[letter], -1);
+    }
+    return sums.total();
 }
 
 QString ResidueTable::candidates(char16_t letter) const
@@ -274,6 +304,19 @@ const MoleculePart* ResidueTable::monosaccharide(QStringView name) const
     const auto part = std::find_if(parts.begin(), parts.end(),
                                    [name](const MoleculePart& p) { return p.code == name; });
     return part == parts.end() ? nullptr : &*part;
+}
+
+bool ResidueTable::setResidue(char16_t letter, const Composition& composition)
+{
+    const bool isLetter = (letter >= u'A' && letter <= u'Z') || (letter >= u'a' && letter <= u'z');
+    const Parsed<Masses> masses = atoms().weigh(composition);
+    if (!isLetter || composition.isEmpty() || !masses)
+        return false;
+    auto content = std::make_shared<Content>(*m_content);
+    content->setResidue(letter, *masses, composition);
+    m_letters = content->letters.data();
+    m_content = std::move(content);
+    return true;
 }
 
 } // namespace ions

@@ -60,7 +60,7 @@ std::vector<ConstCall> massCalls()
          }},
         {"ResidueTable::composition",
          [](Shared s) {
-             use(*s.residues.composition(u'K'));
+             use(*s.residues.composition(u'K'), s.residues.composition(u"DRVYXHPF"));
          }},
         {"ResidueTable::candidates",
          [](Shared s) {
