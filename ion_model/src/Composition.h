@@ -76,10 +76,10 @@ public:
     /// with theirs (`C(CH3)4`), isotopes as `[13C6]` or `[13C]6`, `D` and `T`, and further parts
     /// behind a full stop or a middle dot, each with a factor of its own (`CuSO4.5H2O`).
     ///
-    /// Elements are case-sensitive; blanks, charges and counts of 0 are refused, as are a count, one
-    /// that the factors of its groups multiply, and a sum of an atom's counts that does not fit.
-    /// Atoms that cancel each other leave no trace. Linear in the text, however deep the groups
-    /// nest.
+    /// Elements are case-sensitive; blanks, charges and counts of 0 are refused, as are a count,
+    /// one that the factors of its groups multiply, and a sum of an atom's counts that does not
+    /// fit. Atoms that cancel each other leave no trace. Linear in the text, however deep the
+    /// groups nest.
     static Parsed<Composition> read(QStringView text);
 
     /// Reads Unimod's notation: terms separated by single blanks, each an element, an isotope or a

@@ -45,8 +45,8 @@ public:
     /// NH3, CH3OH, CH3CN and CO2 none. Isotopes are carriers as their elements are, and `H2` or
     /// `(NH4)2` are two. The dot of a radical says that the charge differs from theirs by exactly
     /// one electron, taken or added. Where any other carrier stands, its charge is what is missing.
-    /// `[M]+` is a molecule that is an ion by itself: it loses its electron as `[M]+.` does. Charges
-    /// and counts reach 10000.
+    /// `[M]+` is a molecule that is an ion by itself: it loses its electron as `[M]+.` does.
+    /// Charges and counts reach 10000.
     static Parsed<Ionization> read(QStringView text);
 
     /// The charge with its sign; never 0.
