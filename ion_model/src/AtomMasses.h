@@ -58,6 +58,9 @@ struct IsotopeShare
 {
     double mass = 0.0;      ///< In daltons.
     double abundance = 0.0; ///< As a fraction of the element's atoms.
+
+    /// Compares both.
+    friend constexpr bool operator==(const IsotopeShare&, const IsotopeShare&) = default;
 };
 
 /// What atoms weigh, read once from a factory: the isotope table that every calculation of this

@@ -76,15 +76,16 @@ public:
     /// with theirs (`C(CH3)4`), isotopes as `[13C6]` or `[13C]6`, `D` and `T`, and further parts
     /// behind a full stop or a middle dot, each with a factor of its own (`CuSO4.5H2O`).
     ///
-    /// Elements are case-sensitive; blanks, charges and counts of 0 are refused, as are counts that
-    /// do not fit, also when only the sum does not. Atoms that cancel each other leave no trace.
-    /// Linear in the text, however deep the groups nest.
+    /// Elements are case-sensitive; blanks, charges and counts of 0 are refused, as are a count,
+    /// one that the factors of its groups multiply, and a sum of an atom's counts that does not
+    /// fit. Atoms that cancel each other leave no trace. Linear in the text, however deep the
+    /// groups nest.
     static Parsed<Composition> read(QStringView text);
 
     /// Reads Unimod's notation: terms separated by single blanks, each an element, an isotope or a
     /// group with its count in parentheses, as in `H(3) C(2) 13C(2) N O(-1)`. Groups are the sugars
     /// Hex, HexNAc, dHex, HexA, HexN, Hep, Pent, NeuAc, NeuGc, Kdn and Me, Ac, Sulf, Water: here
-    /// Ac is acetyl (C2H2O), in a formula it is actinium.
+    /// Ac is acetyl (C2H2O), in a formula it is actinium. Counts are refused as by read().
     static Parsed<Composition> readUnimod(QStringView text);
 
     /// Takes the counts of a formula of the first library. Refused are counts that are no whole

@@ -69,8 +69,9 @@ struct FormulaMatches
 /// \endcode
 ///
 /// Refused are a mass that is not above 0, or above 100 MDa with its tolerance, a tolerance of
-/// 1000000 ppm or more, a limit of formulas or steps below 1; and, at the index of the atom, one
-/// that no table holds, one that was there before, and counts that contradict themselves.
+/// 1000000 ppm or more, a limit of formulas or steps below 1, limits of unsaturation that are NaN
+/// or contradict each other; and, at the index of the atom, one that no table holds, one that was
+/// there before, and counts that contradict themselves.
 ///
 /// The time grows with the number of formulas of all atoms but the lightest up to this mass. May be
 /// called from any number of threads.

@@ -76,9 +76,9 @@ struct IonOptions
     std::vector<Series> series = {Series::B, Series::Y}; ///< In the order of the results.
     /// Charges of either sign, by protons, in the order of the results; 0 is left out.
     std::vector<int> charges = {1};
-    std::vector<LossRule> losses; ///< In the order of the results, behind ions without a loss.
-    int maxLosses = 1;            ///< The most losses that one ion has, at most 4.
-    bool hasGroupLosses = true;   ///< Whether ions lose what the groups that they hold may lose.
+    std::vector<LossRule> losses = {}; ///< In the order of the results, behind ions without a loss.
+    int maxLosses = 1;                 ///< The most losses that one ion has, at most 4.
+    bool hasGroupLosses = true; ///< Whether ions lose what the groups that they hold may lose.
     /// Hydrogens more than the series has, in the order of the results. Electron-driven spectra
     /// show -1, 1 and 2 beside 0.
     std::vector<int> hydrogens = {0};

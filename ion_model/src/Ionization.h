@@ -30,21 +30,23 @@ class ZEL_ION_MODEL_EXPORT Ionization
 {
 public:
     /// Protons for charges: `charge` of them are added, or taken away below zero. A charge of 0
-    /// gives [M+H]+.
+    /// gives [M+H]+, and -2147483648 counts as -2147483647.
     static Ionization protons(int charge);
 
     /// Reads the notation of an ion:
     ///
     ///     [M+2H]2+   [M-3H]3-   [M+H+Na]2+   [M+NH4]+   [M+Cl]-   [2M+H]+
-    ///     [M]+.      an electron taken
+    ///     [M]+.   [M+3H]2+.   [M+2H]+.   [M-2H]-.   radicals
     ///     +2  -3     protons added, or taken away
     ///
     /// Carriers are formulas with a count in front. Those whose charge is known have to add up to
     /// the charge behind the bracket: H, the alkali metals, Ag and NH4 have 1, the alkaline earth
     /// metals and Zn have 2, the halogens, HCOO, CH3COO, CF3COO, NO3 and HSO4 have -1, and H2O,
-    /// NH3, CH3OH, CH3CN and CO2 none. A dot is an electron taken or added beyond these. Where any
-    /// other carrier stands, its charge is what is missing. `[M]+` is a molecule that is an ion by
-    /// itself: it loses its electron as `[M]+.` does. Charges and counts reach 10000.
+    /// NH3, CH3OH, CH3CN and CO2 none. Isotopes are carriers as their elements are, and `H2` or
+    /// `(NH4)2` are two. The dot of a radical says that the charge differs from theirs by exactly
+    /// one electron, taken or added. Where any other carrier stands, its charge is what is missing.
+    /// `[M]+` is a molecule that is an ion by itself: it loses its electron as `[M]+.` does.
+    /// Charges and counts reach 10000.
     static Parsed<Ionization> read(QStringView text);
 
     /// The charge with its sign; never 0.
@@ -73,7 +75,8 @@ public:
         return (mz * size() - m_added.monoisotopic) / m_molecules;
     }
 
-    /// The canonical notation, such as `[M+H+Na]2+`: carriers as written, in their order.
+    /// The canonical notation, such as `[M+H+Na]2+`: carriers as written, in their order. Reads
+    /// back to an equal value, unless protons() was given more charges than read() takes.
     QString toString() const;
 
     /// Compares molecules, carriers as written, radical and charge.

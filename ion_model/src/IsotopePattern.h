@@ -87,6 +87,11 @@ public:
     /// group's table. Large molecules lack this bin: it may lie in front of the first.
     qint64 monoisotopicBin() const { return m_monoisotopicBin; }
 
+    /// The index in shares() and centroids() of the largest share, the first of equal ones; -1 if
+    /// there are no bins. The bin that a spectrum shows highest: above some kDa it is not the one
+    /// that mostAbundantMass() falls into, since a bin sums many isotopologues.
+    qsizetype highestBin() const;
+
     /// Compares bins, centroids and shares.
     friend bool operator==(const IsotopePattern&, const IsotopePattern&) = default;
 
@@ -112,12 +117,15 @@ struct FineStructure
 };
 
 /// The fewest isotopologues whose shares add up to `coverage`; those of one composition of isotopes
-/// count as one. At most `limit` of them are given: the number grows fast with the molecule, and
-/// where the limit ends the list before the coverage is reached, `isComplete` is false and the list
-/// holds the most abundant.
+/// count as one, also where atoms of several groups have the same isotopes in the same shares. The
+/// atoms of an element that groups have in different shares are told apart as two elements are.
 ///
-/// Refused as by IsotopePattern::fill(), and where an element has more than 10485758 atoms or a
-/// limit is below 1. May be called from any number of threads.
+/// At most `limit` isotopologues are given: the number grows fast with the molecule, and where the
+/// limit ends the list before the coverage is reached, `isComplete` is false and the list holds the
+/// most abundant.
+///
+/// Refused as by IsotopePattern::fill(), and where there are more than 10485758 such atoms of an
+/// element or a limit is below 1. May be called from any number of threads.
 ZEL_ION_MODEL_EXPORT Parsed<FineStructure> fineStructure(std::span<const IsotopeGroup> groups,
                                                          double coverage = usualCoverage,
                                                          qsizetype limit = 1000000);

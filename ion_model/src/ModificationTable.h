@@ -59,7 +59,7 @@ struct ModificationEntry
     int accession = 0;                          ///< Its number there; 0 if it has none.
     QString name;                               ///< Its name, as the vocabulary spells it.
     Composition composition;                    ///< What it adds; negative counts are taken away.
-    Masses masses;                              ///< The composition's, in daltons.
+    Masses masses;                              ///< What it adds in daltons, see the class.
     std::vector<ModificationSite> sites;        ///< Places that the vocabulary allows.
     std::vector<ModificationLoss> losses;       ///< Losses that the vocabulary knows.
     std::vector<LabelIon> reporters = {};       ///< Reporter ions, lightest first.
@@ -74,6 +74,10 @@ struct ModificationEntry
 /// table.byAccession(Vocabulary::Unimod, 35)->name;      // "Oxidation"
 /// \endcode
 ///
+/// Nothing weighs the composition of an entry that a caller adds: its masses are the caller's to
+/// fill, by AtomMasses::weigh() with the table of the molecules that it will modify, or as they
+/// were measured where no composition is known.
+///
 /// A value. Making the standard table reads some 1,600 entries and takes milliseconds: make it once
 /// and pass it on. Entries stay where they are until the table is changed or goes away. Every const
 /// function may be called from any number of threads.
@@ -86,8 +90,10 @@ public:
     /// Unimod's 1,543 modifications and 60 cross-linkers of XLMOD, with masses by `atoms`.
     static ModificationTable standard(const AtomMasses& atoms);
 
-    /// Adds an entry. Gives false and changes nothing if its name is empty, or if its vocabulary
-    /// has the name, whose case does not count, or the accession already.
+    /// Adds an entry. Gives false and changes nothing if its name is empty, if its vocabulary has
+    /// the name, whose case does not count, or the accession already, or if a mass is no finite
+    /// number, or is 0 though the composition adds or takes atoms. One that only exchanges isotopes
+    /// may weigh 0, as it does where the molecule is labelled throughout.
     bool add(ModificationEntry entry);
 
     /// The entries in the order in which they were added.
@@ -102,10 +108,11 @@ public:
     const ModificationEntry* byAccession(Vocabulary vocabulary, int accession) const;
 
     /// All entries whose monoisotopic mass lies around `mass`, nearest first, then in the order in
-    /// which they were added.
+    /// which they were added. None for a mass that is no finite number.
     std::vector<const ModificationEntry*> byMass(double mass, const Tolerance& tolerance) const;
 
-    /// Names that are spelled much like `name`, nearest first: for messages.
+    /// Names that are spelled much like `name`, nearest first: for messages. At most `count`, none
+    /// if that is below 1.
     QStringList nearestNames(QStringView name, qsizetype count = 3) const;
 
 private:

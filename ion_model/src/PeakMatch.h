@@ -18,8 +18,9 @@
 /// \endcode
 ///
 /// A peak matches an ion if Tolerance::accepts() the one for the other: the interval is closed,
-/// and NaN matches nothing. Peaks that are not in ascending order, or hold NaN, crash nothing and
-/// no result reaches outside the array, but which of them are found is then left open.
+/// NaN matches nothing, and an ion that is infinite has no interval. Peaks that are not in
+/// ascending order, or hold NaN, crash nothing and no result reaches outside the array, but which
+/// of them are found is then left open.
 ///
 /// Every function may be called from any number of threads, each with an output of its own.
 
@@ -43,8 +44,9 @@ struct PeakRange
     friend constexpr bool operator==(const PeakRange&, const PeakRange&) = default;
 };
 
-/// All peaks that match one ion. An empty range stands where such peaks would be, at 0 if the ion
-/// is NaN. Takes the logarithm of the number of peaks.
+/// All peaks that match one ion. An empty range stands where such peaks would be: behind all finite
+/// ones for an ion that is infinite, and at 0 if it is NaN. Takes the logarithm of the number of
+/// peaks.
 ZEL_ION_MODEL_EXPORT PeakRange peaksAround(std::span<const double> peaks, double ion,
                                            const Tolerance& tolerance);
 

@@ -48,7 +48,9 @@ struct ZEL_ION_MODEL_EXPORT BreakMasses
 ///
 /// Amino acids are those of the factory's dictionary. Where this has no entry, selenocysteine (U)
 /// and pyrrolysine (O) have fixed formulas and J is leucine, which isoleucine weighs as well. B, Z
-/// and X stand for several residues and have no mass, nor has any other character.
+/// and X stand for several residues and have no mass unless a caller defines them, in the factory
+/// or by setResidue(). No other character has a mass, nor has an entry of the factory whose formula
+/// holds an unknown element, or that has neither atoms nor mass.
 ///
 /// \code
 /// const ResidueTable residues;                             // natural isotopes
@@ -56,7 +58,8 @@ struct ZEL_ION_MODEL_EXPORT BreakMasses
 /// residues.peptide(u"DRVXIHPF").error().position;          // 3
 /// \endcode
 ///
-/// Copies share what was read. Every const function may be called from any number of threads.
+/// A value: copies share what was read until one of them is changed. Every const function may be
+/// called from any number of threads.
 class ZEL_ION_MODEL_EXPORT ResidueTable
 {
 public:
@@ -76,22 +79,30 @@ public:
     }
 
     /// The same for the characters 0 to 127, as an array to sum over; no other character has a
-    /// mass. Valid as long as this object or a copy lives.
+    /// mass. Valid as long as this object or a copy lives and is not changed.
     std::span<const Masses, 128> letterMasses() const
     {
         return std::span<const Masses, 128>(m_letters, letterCount);
     }
 
     /// The composition of a residue; null for characters without mass and for entries whose counts
-    /// are no whole numbers. Valid as long as this object or a copy lives.
+    /// are no whole numbers. Valid as long as this object or a copy lives and is not changed.
     const Composition* composition(char16_t letter) const;
 
+    /// The atoms of a peptide: its residues and one water. Refused as by peptide(), and at the
+    /// first residue without a composition. Counts that do not fit are refused without a place.
+    Parsed<Composition> composition(QStringView sequence) const;
+
     /// The residues that an ambiguous letter stands for: "DN" for B, "EQ" for Z, "IL" for J, the
-    /// standard twenty for X, the letter itself for any other with a mass, else nothing.
+    /// standard twenty for X; the letter itself for any other with a mass, and for these four where
+    /// a caller has defined them; else nothing.
     QString candidates(char16_t letter) const;
 
     /// The masses of a peptide: its residues and one water. Refused at the first character that has
     /// no mass. An empty text is water.
+    ///
+    /// Masses are added as doubles, letter by letter: they are good to 10^-9 Da for peptides of up
+    /// to 250 residues, and to 10^-5 Da for the longest proteins.
     Parsed<Masses> peptide(QStringView sequence) const
     {
         // An unknown letter makes the sum NaN: looking at each would cost more than the sum.
@@ -123,6 +134,15 @@ public:
     std::span<const MoleculePart> monosaccharides() const;
     /// The monosaccharide with this name, whose case counts; null if there is none.
     const MoleculePart* monosaccharide(QStringView name) const;
+
+    /// Gives a letter a residue of its own, in place of the one that it may have: the heavy lysine
+    /// `[13C]6H12[15N]2O` for K, or one that has no letter. B, J, X and Z may be defined as well.
+    /// No other letter changes, J and L being two.
+    ///
+    /// Gives false and changes nothing for a character that is no ASCII letter, and for a
+    /// composition that is empty or holds an atom that atoms() does not know. Copies that were
+    /// taken before stay as they are. No other thread may use this object meanwhile.
+    bool setResidue(char16_t letter, const Composition& composition);
 
 private:
     friend class Backbone; // refuses the same letters

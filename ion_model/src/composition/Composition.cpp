@@ -1,5 +1,6 @@
 #include "Composition.h"
 
+#include "composition/AtomSums.h"
 #include "composition/Elements.h"
 
 #include <algorithm>
@@ -11,13 +12,6 @@ using namespace Qt::StringLiterals;
 namespace ions {
 
 namespace {
-
-constexpr qint64 largestCount = std::numeric_limits<int>::max();
-
-bool fits(qint64 count)
-{
-    return count >= -largestCount && count <= largestCount;
-}
 
 /// Where `atom` stands in `terms`, or would.
 template <typename Terms>
@@ -41,7 +35,7 @@ Parsed<Composition::Term> termOf(const QString& key, double count)
     const Parsed<Composition> atom = Composition::read(key);
     if (!atom || atom->terms().size() != 1 || keyOf(atom->terms()[0].atom) != key)
         return Error{u"expected an element or an isotope such as [13C], not \""_s + key + u'"'};
-    if (!(std::abs(count) <= double(largestCount)) || count != std::trunc(count))
+    if (!(std::abs(count) <= std::numeric_limits<int>::max()) || count != std::trunc(count))
         return Error{u"expected a whole number of "_s + key + u" from -2147483647 to 2147483647"_s};
     return Composition::Term{atom->terms()[0].atom, int(count)};
 }
@@ -85,7 +79,7 @@ QString Atom::symbol() const
 
 Composition::Composition(Atom atom, int count)
 {
-    if (count != 0 && fits(count))
+    if (count != 0 && isCount(count))
         m_terms = {{atom, count}};
 }
 
@@ -138,8 +132,8 @@ bool Composition::add(Atom atom, qint64 count)
     const auto place = placeOf(m_terms, atom);
     const bool isThere = place != m_terms.end() && place->atom == atom;
     // Two summands that fit cannot overflow 64 bits.
-    const qint64 sum = fits(count) ? count + (isThere ? place->count : 0) : count;
-    if (!fits(sum))
+    const qint64 sum = isCount(count) ? count + (isThere ? place->count : 0) : count;
+    if (!isCount(sum))
         return false;
     if (isThere && sum == 0)
         m_terms.erase(place);
@@ -154,7 +148,7 @@ bool Composition::add(const Composition& other, qint64 times)
 {
     if (times == 0 || other.isEmpty())
         return true;
-    if (!fits(times))
+    if (!isCount(times))
         return false;
     Composition sum = *this;
     for (const Term& term : other.m_terms) {

@@ -1,4 +1,5 @@
 #include "Composition.h"
+#include "composition/AtomSums.h"
 #include "composition/Elements.h"
 #include "support/TextCursor.h"
 
@@ -203,12 +204,12 @@ Parsed<Composition> Composition::read(QStringView text)
         return read.error();
     std::vector<Token> tokens = *std::move(read);
     multiplyOut(tokens);
-    Composition composition;
+    AtomSums sums;
     for (const Token& token : tokens) {
-        if (token.kind == Token::Atoms && !composition.add(token.atom, token.count))
-            return Error{u"this makes more than 2147483647 atoms of a kind"_s, token.position};
+        if (token.kind == Token::Atoms)
+            sums.add(token.atom, token.count, token.position);
     }
-    return composition;
+    return sums.total();
 }
 
 } // namespace ions

@@ -1,4 +1,5 @@
 #include "Composition.h"
+#include "composition/AtomSums.h"
 #include "composition/Elements.h"
 #include "support/TextCursor.h"
 
@@ -89,7 +90,7 @@ Parsed<int> takeCount(TextCursor& cursor)
 Parsed<Composition> Composition::readUnimod(QStringView text)
 {
     TextCursor cursor(text);
-    Composition composition;
+    AtomSums sums;
     do {
         const qsizetype start = cursor.position();
         const Parsed<Composition> name = takeName(cursor);
@@ -98,12 +99,11 @@ Parsed<Composition> Composition::readUnimod(QStringView text)
         const Parsed<int> count = takeCount(cursor);
         if (!count)
             return count.error();
-        if (!composition.add(*name, *count))
-            return Error{u"this makes more than 2147483647 atoms of a kind"_s, start};
+        sums.add(*name, *count, start);
     } while (cursor.take(u' '));
     if (!cursor.atEnd())
         return cursor.expected(u"a blank or the end"_s);
-    return composition;
+    return sums.total();
 }
 
 } // namespace ions

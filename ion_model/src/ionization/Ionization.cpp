@@ -37,7 +37,7 @@ constexpr std::array knownCarriers = {
     KnownCarrier{"CH3OH", 0},   KnownCarrier{"CH3CN", 0},   KnownCarrier{"CO2", 0},
 };
 
-/// The charge of a carrier, whichever way its formula is written.
+/// The charge of a carrier without isotopes, whichever way its formula is written.
 std::optional<int> knownCharge(const Composition& carrier)
 {
     static const auto compositions = [] {
@@ -50,6 +50,52 @@ std::optional<int> knownCharge(const Composition& carrier)
     if (known == compositions.end())
         return {};
     return knownCarriers[std::size_t(known - compositions.begin())].charge;
+}
+
+/// The same atoms of no stated isotope; none if they are too many together.
+Composition withoutIsotopes(const Composition& carrier)
+{
+    Composition elements;
+    for (const Composition::Term& term : carrier.terms()) {
+        if (!elements.add({term.atom.atomicNumber, 0}, term.count))
+            return {};
+    }
+    return elements;
+}
+
+/// A formula that repeats another one: `H2`, or `(NH4)2`.
+struct RepeatedCarrier
+{
+    Composition one;
+    int times = 1;
+};
+
+/// What a formula repeats as it is written, once if it says nothing else. Atoms alone do not tell:
+/// C4H6O4 is succinic acid and no two acetates.
+RepeatedCarrier repeatedCarrier(QStringView formula, const Composition& elements)
+{
+    if (elements.terms().size() == 1) {
+        const Composition::Term term = elements.terms().front();
+        return {Composition(term.atom), term.count};
+    }
+    const qsizetype end = formula.lastIndexOf(u')') + 1;
+    const Parsed<Composition> group = Composition::read(formula.first(end));
+    if (!formula.startsWith(u'(') || !group)
+        return {elements};
+    RepeatedCarrier repeated{withoutIsotopes(*group), formula.sliced(end).toInt()};
+    Composition all;
+    const bool isWhole = all.add(repeated.one, repeated.times) && all == elements;
+    return isWhole ? repeated : RepeatedCarrier{elements};
+}
+
+/// The charge of all atoms of a carrier as it is written.
+std::optional<qint64> knownCharge(QStringView formula, const Composition& carrier)
+{
+    const RepeatedCarrier repeated = repeatedCarrier(formula, withoutIsotopes(carrier));
+    const std::optional<int> charge = knownCharge(repeated.one);
+    if (!charge)
+        return {};
+    return qint64(*charge) * repeated.times;
 }
 
 QString signedNumber(int number)
@@ -145,8 +191,8 @@ private:
             return Error{u"this makes more than 2147483647 atoms of a kind"_s, start};
         if (!naturalAtoms().weigh(*carrier))
             return Error{u"expected a carrier whose atoms have masses"_s, start};
-        if (const auto charge = knownCharge(*carrier))
-            m_knownCharge += qint64(*charge) * count;
+        if (const auto charge = knownCharge(formula, *carrier))
+            m_knownCharge += *charge * count;
         else
             m_isAllKnown = false;
         m_ion.m_written.push_back({count, formula.toString()});
@@ -194,13 +240,13 @@ private:
     {
         if (!m_isAllKnown || (m_ion.m_written.empty() && !m_ion.m_isRadical))
             return {};
-        const int electron = !m_ion.m_isRadical ? 0 : m_ion.m_charge < 0 ? -1 : 1;
-        const qint64 sum = m_knownCharge + electron;
-        const bool isIonised = m_ion.m_written.empty() || sum == m_ion.m_charge;
-        if (isIonised)
+        const qint64 electrons = std::abs(m_ion.m_charge - m_knownCharge);
+        if (electrons == (m_ion.m_isRadical ? 1 : 0))
             return {};
-        return Error{u"expected the charge of the carriers, which is "_s + QString::number(sum),
-                     position};
+        const QString wanted = m_ion.m_isRadical
+                                   ? u"expected one charge more or less than the carriers have, "_s
+                                   : u"expected the charge of the carriers, "_s;
+        return Error{wanted + u"which is "_s + QString::number(m_knownCharge), position};
     }
 
     /// A number from 1 to the largest that an ion may name.

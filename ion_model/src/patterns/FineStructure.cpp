@@ -23,28 +23,64 @@ constexpr double firstLayer = 1e-6;
 constexpr double layerGrowth = 0.15;
 constexpr double thickestLayer = 2.0;
 
-/// The terms as the arrays that IsoSpec++ takes. Terms of one isotope have nothing to distribute:
-/// they are a mass and a factor, since IsoSpec++ cannot do without any term.
+/// Atoms with the same isotopes in the same shares, of whichever groups: no isotopologue tells
+/// which group an isotope belongs to.
+struct AtomKind
+{
+    std::span<const IsotopeShare> isotopes;
+    qint64 count = 0;
+};
+
+AtomKind& kindOf(std::span<const IsotopeShare> isotopes, std::vector<AtomKind>* kinds)
+{
+    const auto isSame = [isotopes](const AtomKind& kind) {
+        return std::equal(kind.isotopes.begin(), kind.isotopes.end(), isotopes.begin(),
+                          isotopes.end());
+    };
+    const auto kind = std::find_if(kinds->begin(), kinds->end(), isSame);
+    return kind != kinds->end() ? *kind : kinds->emplace_back(AtomKind{isotopes, 0});
+}
+
+Parsed<std::vector<AtomKind>> kindsOf(std::span<const IsotopeGroup> groups)
+{
+    std::optional<Error> refusal = refusalOf(groups);
+    std::vector<AtomKind> kinds;
+    qsizetype index = 0;
+    forEachTerm(groups, [&](const AtomMasses&, const Composition::Term& term,
+                            std::span<const IsotopeShare> isotopes) {
+        AtomKind& kind = kindOf(isotopes, &kinds);
+        kind.count += term.count;
+        if (!refusal && kind.count > largestCount)
+            refusal = Error{u"expected at most 10485758 atoms of a kind"_s, index};
+        ++index;
+    });
+    if (refusal)
+        return *refusal;
+    return kinds;
+}
+
+/// The atoms as the arrays that IsoSpec++ takes. Those of one isotope have nothing to distribute:
+/// they are a mass and a factor, since IsoSpec++ cannot do without any atoms.
 struct IsoArrays
 {
-    std::vector<int> isotopeNumbers; ///< For each term the number of its isotopes.
+    std::vector<int> isotopeNumbers; ///< For each kind of atom the number of its isotopes.
     std::vector<int> atomCounts;
-    std::vector<double> masses;     ///< Of all isotopes, term after term.
+    std::vector<double> masses;     ///< Of all isotopes, kind after kind.
     std::vector<double> abundances; ///< In step with the masses.
     double fixedMass = 0.0;
     double fixedShare = 1.0;
     double total = 1.0; ///< What the shares of all isotopologues add up to.
 
-    explicit IsoArrays(std::span<const IsotopeGroup> groups)
+    explicit IsoArrays(const std::vector<AtomKind>& kinds)
     {
-        forEachTerm(groups, [this](const AtomMasses&, const Composition::Term& term,
-                                   std::span<const IsotopeShare> isotopes) {
-            total *= std::pow(sumOfAbundances(isotopes), term.count);
-            if (isotopes.size() == 1)
-                addFixed(isotopes.front(), term.count);
+        for (const AtomKind& kind : kinds) {
+            const auto count = int(kind.count);
+            total *= std::pow(sumOfAbundances(kind.isotopes), count);
+            if (kind.isotopes.size() == 1)
+                addFixed(kind.isotopes.front(), count);
             else
-                add(isotopes, term.count);
-        });
+                add(kind.isotopes, count);
+        }
     }
 
     bool isEmpty() const { return atomCounts.empty(); }
@@ -129,18 +165,6 @@ FineStructure mostAbundant(std::vector<Isotopologue> found, double target, qsize
     return structure;
 }
 
-std::optional<Error> refusalOfIsotopologues(std::span<const IsotopeGroup> groups)
-{
-    std::optional<Error> refusal = refusalOf(groups);
-    qsizetype index = 0;
-    forEachTerm(groups, [&](const AtomMasses&, const Composition::Term& term, const auto&) {
-        if (!refusal && term.count > largestCount)
-            refusal = Error{u"expected at most 10485758 atoms of a kind"_s, index};
-        ++index;
-    });
-    return refusal;
-}
-
 } // namespace
 
 Parsed<FineStructure> fineStructure(std::span<const IsotopeGroup> groups, double coverage,
@@ -148,20 +172,22 @@ Parsed<FineStructure> fineStructure(std::span<const IsotopeGroup> groups, double
 {
     if (const auto refusal = refusalOf(coverage))
         return *refusal;
-    if (const auto refusal = refusalOfIsotopologues(groups))
-        return *refusal;
+    const Parsed<std::vector<AtomKind>> kinds = kindsOf(groups);
+    if (!kinds)
+        return kinds.error();
     if (limit < 1)
         return Error{u"expected a limit of at least 1"_s};
-    const IsoArrays arrays(groups);
+    const IsoArrays arrays(*kinds);
     const double target = coverage * arrays.total;
     return mostAbundant(layers(arrays, target, limit), target, limit);
 }
 
 Parsed<double> mostAbundantMass(std::span<const IsotopeGroup> groups)
 {
-    if (const auto refusal = refusalOfIsotopologues(groups))
-        return *refusal;
-    const IsoArrays arrays(groups);
+    const Parsed<std::vector<AtomKind>> kinds = kindsOf(groups);
+    if (!kinds)
+        return kinds.error();
+    const IsoArrays arrays(*kinds);
     return arrays.isEmpty() ? arrays.fixedMass : arrays.fixedMass + arrays.iso().getModeMass();
 }
 

@@ -234,6 +234,8 @@ Parsed<FormulaMatches> findFormulas(double mass, Tolerance tolerance, const Form
         return Error{u"expected a mass of at most 100 MDa with its tolerance"_s};
     if (limits.formulas < 1 || limits.steps < 1)
         return Error{u"expected limits of at least 1"_s};
+    if (!(limits.lowestUnsaturation <= limits.highestUnsaturation))
+        return Error{u"expected a highest unsaturation that is not below the lowest"_s};
     if (const auto refusal = refusalOf(limits.atoms, atoms))
         return *refusal;
     return Search(mass, tolerance, limits, atoms).run(*window);

@@ -213,4 +213,11 @@ std::optional<Error> IsotopePattern::fill(std::span<const IsotopeGroup> groups, 
     return {};
 }
 
+qsizetype IsotopePattern::highestBin() const
+{
+    if (m_shares.empty())
+        return -1;
+    return std::max_element(m_shares.begin(), m_shares.end()) - m_shares.begin();
+}
+
 } // namespace ions

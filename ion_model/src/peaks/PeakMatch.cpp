@@ -39,6 +39,14 @@ std::size_t firstBehind(std::span<const double> peaks, std::size_t first,
     return firstBehind(peaks, first, std::min(first + step - 1, peaks.size()), isInFront);
 }
 
+/// No peaks, in front of those that are not below the ion: of one without an interval.
+PeakRange emptyRange(std::span<const double> peaks, double ion)
+{
+    const std::size_t place =
+        firstBehind(peaks, 0, peaks.size(), [ion](double peak) { return peak < ion; });
+    return {place, place};
+}
+
 /// Finds ranges one after the other, each from where the one before it was found.
 class RangeFinder
 {
@@ -54,7 +62,7 @@ public:
         const double lowest = m_tolerance.lowest(ion);
         const double highest = m_tolerance.highest(ion);
         if (!(lowest <= highest))
-            return {};
+            return emptyRange(m_peaks, ion);
         const std::size_t from = lowest >= m_lowest ? m_first : 0;
         m_lowest = lowest;
         m_first = firstBehind(m_peaks, from, [lowest](double peak) { return peak < lowest; });
@@ -126,7 +134,7 @@ PeakRange peaksAround(std::span<const double> peaks, double ion, const Tolerance
     const double lowest = tolerance.lowest(ion);
     const double highest = tolerance.highest(ion);
     if (!(lowest <= highest))
-        return {};
+        return emptyRange(peaks, ion);
     const std::size_t first =
         firstBehind(peaks, 0, peaks.size(), [lowest](double peak) { return peak < lowest; });
     return {first, RangeFinder::endOf(peaks, first, highest)};

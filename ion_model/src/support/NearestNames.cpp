@@ -80,7 +80,7 @@ QStringList nearestNames(QStringView wanted, const QStringList& names, qsizetype
     std::sort(distances.begin(), distances.end());
     QStringList nearest;
     for (const auto& [distance, index] : distances) {
-        if (nearest.size() == count)
+        if (nearest.size() >= count)
             break;
         if (!nearest.contains(names[index]))
             nearest.append(names[index]);

@@ -1,9 +1,11 @@
 #include "ModificationTable.h"
 
+#include "masses/EntityMasses.h"
 #include "support/NearestNames.h"
 #include "tables/DataFile.h"
 
 #include <algorithm>
+#include <array>
 #include <cmath>
 #include <utility>
 
@@ -95,6 +97,22 @@ QHash<QString, std::vector<LabelIon>> reporterIons()
     return ions;
 }
 
+/// Whether no element gains or loses atoms: only their isotopes may differ.
+bool keepsElements(const Composition& composition)
+{
+    std::array<qint64, 256> counts{};
+    for (const Composition::Term& term : composition.terms())
+        counts[term.atom.atomicNumber] += term.count;
+    return std::all_of(counts.begin(), counts.end(), [](qint64 count) { return count == 0; });
+}
+
+/// Whether the masses can be those of the entry: a caller may have forgotten to fill them.
+bool isWeighed(const ModificationEntry& entry)
+{
+    const bool isFilled = entry.masses.monoisotopic != 0.0 && entry.masses.average != 0.0;
+    return isFinite(entry.masses) && (isFilled || keepsElements(entry.composition));
+}
+
 } // namespace
 
 ModificationTable ModificationTable::standard(const AtomMasses& atoms)
@@ -115,7 +133,7 @@ bool ModificationTable::add(ModificationEntry entry)
 {
     const auto name = nameKey(entry.vocabulary, entry.name);
     const std::pair<int, int> number{int(entry.vocabulary), entry.accession};
-    if (entry.name.isEmpty() || m_byName.contains(name) ||
+    if (entry.name.isEmpty() || m_byName.contains(name) || !isWeighed(entry) ||
         (entry.accession != 0 && m_byAccession.contains(number))) {
         return false;
     }
@@ -153,6 +171,8 @@ const ModificationEntry* ModificationTable::byAccession(Vocabulary vocabulary, i
 std::vector<const ModificationEntry*> ModificationTable::byMass(double mass,
                                                                 const Tolerance& tolerance) const
 {
+    if (!std::isfinite(mass))
+        return {};
     using Weighed = std::pair<double, qsizetype>;
     const auto first = std::lower_bound(m_byMass.begin(), m_byMass.end(), tolerance.lowest(mass),
                                         [](const Weighed& w, double m) { return w.first < m; });

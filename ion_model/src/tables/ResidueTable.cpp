@@ -1,5 +1,6 @@
 #include "ResidueTable.h"
 
+#include "composition/AtomSums.h"
 #include "masses/EntityMasses.h"
 #include "masses/FactoryTables.h"
 #include "tables/DataFile.h"
@@ -9,6 +10,7 @@
 #include <cmath>
 #include <limits>
 #include <optional>
+#include <utility>
 
 using namespace Qt::StringLiterals;
 
@@ -35,6 +37,29 @@ std::vector<MoleculePart> partsOf(const FactoryTables& tables,
         parts.push_back(partOf(entry.key(), *entry));
     }
     return parts;
+}
+
+/// Whether the factory could weigh what stands under this key of a formula: it leaves out what it
+/// does not know.
+bool isElement(const QString& key, const AtomMasses& atoms)
+{
+    return !std::isnan(atoms.of(Atom::element(key)).average);
+}
+
+/// The masses of a residue; none where its formula does not account for them.
+Masses residueMasses(const chem::NamedMolecule& residue, const AtomMasses& atoms)
+{
+    const Masses masses = massesOf(residue);
+    const QMap<QString, double>& counts = residue.formula().elementCountMap();
+    bool isKnown = isFinite(masses);
+    bool isSomething = masses != Masses();
+    for (auto entry = counts.cbegin(); entry != counts.cend(); ++entry) {
+        if (*entry == 0.0)
+            continue;
+        isKnown = isKnown && isElement(entry.key(), atoms);
+        isSomething = true;
+    }
+    return isKnown && isSomething ? masses : Masses{none, none};
 }
 
 /// The ends of chains on one side.
@@ -97,6 +122,7 @@ struct ResidueTable::Content
     AtomMasses atoms;
     std::array<Masses, letterCount + 1> letters; ///< Water behind them.
     std::array<std::optional<Composition>, letterCount> compositions;
+    QString ambiguous = u"BZJX"_s; ///< Letters for several residues that no caller has defined.
     BreakMasses breaks;
     std::vector<MoleculePart> bases;
     std::vector<MoleculePart> sugars;
@@ -119,31 +145,46 @@ struct ResidueTable::Content
         readAminoAcids(tables);
     }
 
+    void setResidue(char16_t letter, const Masses& masses,
+                    const std::optional<Composition>& composition)
+    {
+        letters[letter] = masses;
+        compositions[letter] = composition;
+        if (!std::isnan(masses.average))
+            ambiguous.remove(QChar(letter));
+    }
+
 private:
     void readAminoAcids(const FactoryTables& tables)
     {
         letters.fill({none, none});
         letters.back() = breaks.water;
-        for (const MoleculePart& part : partsOf(tables, FactoryTables::AminoAcidBlock)) {
-            if (part.code.size() != 1 || part.code[0].unicode() >= letterCount)
-                continue;
-            const std::size_t letter = part.code[0].unicode();
-            letters[letter] = part.masses;
-            if (!part.composition.isEmpty())
-                compositions[letter] = part.composition;
-        }
         addFormula(u'U', u"C3H5NOSe"_s);
         addFormula(u'O', u"C12H19N3O2"_s);
-        if (std::isnan(letters[u'J'].average)) {
+        const auto entries = tables.entries(FactoryTables::AminoAcidBlock);
+        for (auto entry = entries.cbegin(); entry != entries.cend(); ++entry) {
+            if (entry.key().size() == 1 && entry.key()[0].unicode() < letterCount)
+                addEntry(entry.key()[0].unicode(), *entry);
+        }
+        if (!entries.contains(u"J"_s)) {
             letters[u'J'] = letters[u'L'];
             compositions[u'J'] = compositions[u'L'];
         }
     }
 
-    void addFormula(std::size_t letter, const QString& formula)
+    void addEntry(char16_t letter, const chem::NamedMolecule& residue)
     {
-        if (!std::isnan(letters[letter].average))
-            return;
+        const Masses masses = residueMasses(residue, atoms);
+        const Parsed<Composition> composition = Composition::fromFormula(residue.formula());
+        const bool isWhole = composition && !composition->isEmpty();
+        if (isWhole && !std::isnan(masses.average))
+            setResidue(letter, masses, *composition);
+        else
+            setResidue(letter, masses, {});
+    }
+
+    void addFormula(char16_t letter, const QString& formula)
+    {
         const Composition composition = Composition::read(formula).value();
         letters[letter] = atoms.weigh(composition).valueOr({none, none});
         compositions[letter] = composition;
@@ -173,8 +214,30 @@ const Composition* ResidueTable::composition(char16_t letter) const
     return &*m_content->compositions[letter];
 }
 
+Parsed<Composition> ResidueTable::composition(QStringView sequence) const
+{
+    std::array<qint64, letterCount> counts{};
+    for (qsizetype i = 0; i < sequence.size(); ++i) {
+        const char16_t letter = sequence[i].unicode();
+        if (std::isnan(residue(letter).average))
+            return unknownLetter(sequence);
+        if (!composition(letter))
+            return Error{u"expected the letter of a residue with whole counts of atoms"_s, i};
+        ++counts[letter];
+    }
+    AtomSums sums;
+    sums.add(Composition::read(u"H2O"_s).value(), 1, -1);
+    for (std::size_t letter = 0; letter < letterCount; ++letter) {
+        if (counts[letter] > 0)
+            sums.add(*composition(char16_t(letter)), counts[letter], -1);
+    }
+    return sums.total();
+}
+
 QString ResidueTable::candidates(char16_t letter) const
 {
+    if (!m_content->ambiguous.contains(QChar(letter)))
+        return std::isnan(residue(letter).average) ? QString() : QString(QChar(letter));
     switch (letter) {
     case u'B':
         return u"DN"_s;
@@ -182,10 +245,8 @@ QString ResidueTable::candidates(char16_t letter) const
         return u"EQ"_s;
     case u'J':
         return u"IL"_s;
-    case u'X':
-        return u"ACDEFGHIKLMNPQRSTVWY"_s;
     default:
-        return std::isnan(residue(letter).average) ? QString() : QString(QChar(letter));
+        return u"ACDEFGHIKLMNPQRSTVWY"_s;
     }
 }
 
@@ -243,6 +304,19 @@ const MoleculePart* ResidueTable::monosaccharide(QStringView name) const
     const auto part = std::find_if(parts.begin(), parts.end(),
                                    [name](const MoleculePart& p) { return p.code == name; });
     return part == parts.end() ? nullptr : &*part;
+}
+
+bool ResidueTable::setResidue(char16_t letter, const Composition& composition)
+{
+    const bool isLetter = (letter >= u'A' && letter <= u'Z') || (letter >= u'a' && letter <= u'z');
+    const Parsed<Masses> masses = atoms().weigh(composition);
+    if (!isLetter || composition.isEmpty() || !masses)
+        return false;
+    auto content = std::make_shared<Content>(*m_content);
+    content->setResidue(letter, *masses, composition);
+    m_letters = content->letters.data();
+    m_content = std::move(content);
+    return true;
 }
 
 } // namespace ions

@@ -133,9 +133,21 @@ TEST(CompositionText, RefusesCountsThatDoNotFit)
         {u"(H2)1073741824"_s, 2, u"more than 2147483647"_s},
         {u"(((H65536)65536)65536)65536"_s, 4, u"more than 2147483647"_s},
         {u"C.2147483647H2"_s, 13, u"more than 2147483647"_s},
+        {u"H2147483647CHH-1H-1H5"_s, 20, u"more than 2147483647"_s},     // where it stays too large
+        {u"(C2147483647)2C-2147483647"_s, 2, u"more than 2147483647"_s}, // a term by itself
         {u"[99999999999C]"_s, 1, u"too large"_s},
     };
     expectRefused(&Composition::read, texts);
+}
+
+TEST(CompositionText, OnlyTheTotalOfManyTermsHasToFit)
+{
+    const Composition most({6, 0}, 2147483647);
+    for (const QString& text :
+         {u"C2147483647CC-1"_s, u"CC2147483647C-1"_s, u"C-1C2147483647C"_s,
+          u"C2147483647C2147483647C-2147483647"_s, u"C-2147483647C-1C2147483647C2147483647C"_s})
+        EXPECT_EQ(formula(text), most) << text.toStdString();
+    EXPECT_TRUE(formula(u"(C2147483647C2)C-2147483647C-2"_s).isEmpty());
 }
 
 TEST(CompositionText, GroupsThatNestAMillionDeepAreRead)

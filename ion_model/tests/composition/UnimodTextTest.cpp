@@ -46,6 +46,15 @@ TEST(UnimodText, RefusesOtherText)
     expectRefused(&Composition::readUnimod, texts);
 }
 
+TEST(UnimodText, OnlyTheTotalOfManyTermsHasToFit)
+{
+    for (const QString& text : {u"C(2147483647) C C(-1)"_s, u"C(-1) C(2147483647) C"_s,
+                                u"C(2147483646) Me H(-2)"_s, u"Me C(2147483647) H(-2) C(-1)"_s})
+        EXPECT_EQ(Composition::readUnimod(text).value(), Composition({6, 0}, 2147483647))
+            << text.toStdString();
+    EXPECT_EQ(Composition::readUnimod(u"C(2147483647) H Me").error().position, 16);
+}
+
 } // namespace
 
 } // namespace ions

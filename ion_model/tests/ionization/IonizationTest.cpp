@@ -52,6 +52,8 @@ INSTANTIATE_TEST_SUITE_P(
                     AdductCase{u"[2M-H]-"_s, 359.119500}, AdductCase{u"[M+2H]2+"_s, 91.038970},
                     AdductCase{u"[M+H+Na]2+"_s, 102.029942}, AdductCase{u"[M-2H]2-"_s, 89.024418},
                     AdductCase{u"[M]+."_s, 180.062839}, AdductCase{u"[M]-."_s, 180.063937},
+                    AdductCase{u"[M+3H]2+."_s, 91.542883}, AdductCase{u"[M+2H]+."_s, 182.078489},
+                    AdductCase{u"[M-2H]-."_s, 178.048287}, AdductCase{u"[M+D]+"_s, 182.076941},
                     AdductCase{u"[M+H-H2O]+"_s, 163.060099},
                     AdductCase{u"[M-2H+Na]-"_s, 201.038057},
                     AdductCase{u"[M+2Na-H]+"_s, 225.034554}));
@@ -86,14 +88,42 @@ TEST(Ionization, AverageMassesTakeAverageCarriers)
 TEST(Ionization, CarriersHaveToAddUpToTheCharge)
 {
     const std::vector<RefusedText> texts = {
-        {u"[M+2H]+"_s, 6, u"which is 2"_s}, {u"[M+H]2+"_s, 5, u"which is 1"_s},
-        {u"[M+H]-"_s, 5, u"which is 1"_s},  {u"[M+Cl]+"_s, 6, u"which is -1"_s},
-        {u"[M+Ca]+"_s, 6, u"which is 2"_s}, {u"[M+H2O]+"_s, 7, u"which is 0"_s},
-        {u"[M+H]+."_s, 5, u"which is 2"_s},
+        {u"[M+2H]+"_s, 6, u"which is 2"_s},      {u"[M+H]2+"_s, 5, u"which is 1"_s},
+        {u"[M+H]-"_s, 5, u"which is 1"_s},       {u"[M+Cl]+"_s, 6, u"which is -1"_s},
+        {u"[M+Ca]+"_s, 6, u"which is 2"_s},      {u"[M+H2O]+"_s, 7, u"which is 0"_s},
+        {u"[M+D]-"_s, 5, u"which is 1"_s},       {u"[M+[15N]D4]2+"_s, 11, u"which is 1"_s},
+        {u"[M+H2]+"_s, 6, u"which is 2"_s},      {u"[M+[2H2]]+"_s, 9, u"which is 2"_s},
+        {u"[M+(NH4)2]+"_s, 10, u"which is 2"_s},
     };
     expectRefused(&Ionization::read, texts);
     EXPECT_TRUE(Ionization::read(u"[M+Fe]2+"_s).hasValue());
     EXPECT_TRUE(Ionization::read(u"[M+COOH]-"_s).hasValue()); // formate, otherwise written
+    for (const QString& text :
+         {u"[M+D]+"_s, u"[M+H2]2+"_s, u"[M+HD]2+"_s, u"[M+2(NH4)2]4+"_s, u"[M+(NH4)]+"_s,
+          u"[M+[13C]OD3OD+H]+"_s, u"[M+C4H6O4+H]+"_s}) // succinic acid, which is no two acetates
+        EXPECT_TRUE(Ionization::read(text).hasValue()) << text.toStdString();
+}
+
+TEST(Ionization, TheDotOfARadicalIsOneElectron)
+{
+    const std::vector<RefusedText> texts = {
+        {u"[M]2+."_s, 3, u"which is 0"_s},    {u"[M+H]+."_s, 5, u"which is 1"_s},
+        {u"[M+3H]+."_s, 6, u"which is 3"_s},  {u"[M-2H]2-."_s, 6, u"which is -2"_s},
+        {u"[M+3H]2+"_s, 6, u"which is 3"_s},  {u"[M+H]-."_s, 5, u"which is 1"_s},
+        {u"[M+2H]4+."_s, 6, u"which is 2"_s},
+    };
+    expectRefused(&Ionization::read, texts);
+    for (const QString& text : {u"[M+H]2+."_s, u"[M-H]2-."_s, u"[M+H2O]+."_s, u"[M+Cl]2-."_s,
+                                u"[M+Fe]+."_s, u"[M+3H]2+."_s, u"[M-2H]-."_s})
+        EXPECT_EQ(ion(text).toString(), text);
+    EXPECT_NE(ion(u"[M+Fe]+."_s), ion(u"[M+Fe]+"_s));
+}
+
+TEST(Ionization, ProtonsReadBackAsFarAsChargesReach)
+{
+    for (const int charge : {1, 2, 9999, 10000, -1, -2, -10000})
+        EXPECT_EQ(ion(Ionization::protons(charge).toString()), Ionization::protons(charge));
+    EXPECT_FALSE(Ionization::read(Ionization::protons(10001).toString()).hasValue());
 }
 
 TEST(Ionization, RefusesOtherText)

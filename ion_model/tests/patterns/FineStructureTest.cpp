@@ -13,6 +13,8 @@
 #include <limits>
 #include <map>
 #include <random>
+#include <span>
+#include <utility>
 
 using namespace Qt::StringLiterals;
 
@@ -26,37 +28,35 @@ struct Peak
     double share = 1.0;
 };
 
+/// Isotopes by mass and abundance, and how many there are of each.
+using Isotopes = std::map<std::pair<double, double>, int>;
+
 /// All isotopologues, one atom after the other, kept apart by how many of each isotope they hold.
+/// Isotopes of one mass are the same where they have the same abundance, in whichever group.
 std::vector<Peak> isotopologuesOf(const Groups& groups)
 {
-    std::map<std::vector<int>, Peak> found = {{{}, Peak()}};
+    std::map<Isotopes, Peak> found = {{{}, Peak()}};
+    const auto addAtom = [&found](std::span<const IsotopeShare> isotopes) {
+        std::map<Isotopes, Peak> more;
+        for (const auto& [held, peak] : found) {
+            for (const IsotopeShare& isotope : isotopes) {
+                Isotopes next = held;
+                ++next[{isotope.mass, isotope.abundance}];
+                Peak& sum = more.try_emplace(next, Peak{0.0, 0.0}).first->second;
+                sum.mass = peak.mass + isotope.mass;
+                sum.share += peak.share * isotope.abundance;
+            }
+        }
+        found = std::move(more);
+    };
     for (const IsotopeGroup& group : groups) {
         for (const Composition::Term& term : group.composition.terms()) {
-            const auto isotopes = group.atoms.isotopes(term.atom);
-            std::map<std::vector<int>, Peak> extended;
-            for (auto [counts, peak] : found) {
-                std::vector<int> longer = counts;
-                longer.resize(counts.size() + isotopes.size(), 0);
-                extended.emplace(longer, peak);
-            }
-            found = std::move(extended);
-            for (int atom = 0; atom < term.count; ++atom) {
-                std::map<std::vector<int>, Peak> more;
-                for (const auto& [counts, peak] : found) {
-                    for (std::size_t i = 0; i < isotopes.size(); ++i) {
-                        std::vector<int> next = counts;
-                        ++next[counts.size() - isotopes.size() + i];
-                        Peak& sum = more.try_emplace(next, Peak{0.0, 0.0}).first->second;
-                        sum.mass = peak.mass + isotopes[i].mass;
-                        sum.share += peak.share * isotopes[i].abundance;
-                    }
-                }
-                found = std::move(more);
-            }
+            for (int atom = 0; atom < term.count; ++atom)
+                addAtom(group.atoms.isotopes(term.atom));
         }
     }
     std::vector<Peak> peaks;
-    for (const auto& [counts, peak] : found)
+    for (const auto& [held, peak] : found)
         peaks.push_back(peak);
     return peaks;
 }
@@ -94,6 +94,7 @@ TEST(FineStructure, SmallMoleculesHaveTheIsotopologuesThatCountingGives)
         {{formula(u"S4"_s), natural()}},
         {{formula(u"SnH4"_s), natural()}},
         {{formula(u"C5H9NO"_s), natural()}, {formula(u"N3"_s), heavy}},
+        {{formula(u"C4H6O"_s), natural()}, {formula(u"C3H5NO"_s), natural()}},
         {{formula(u"[13C2]D3P"_s), natural()}, {formula(u"BrF"_s), natural()}},
     };
     for (const Groups& groups : molecules) {
@@ -106,6 +107,19 @@ TEST(FineStructure, SmallMoleculesHaveTheIsotopologuesThatCountingGives)
             EXPECT_GE(sumOf(structure->shares), coverage);
         }
     }
+}
+
+/// Groups with the same abundances, as the molecule and its charge carriers often have.
+TEST(FineStructure, GroupsWithTheSameIsotopesAreAsOne)
+{
+    const IsotopeGroup half = {formula(u"C50"_s), natural()};
+    const IsotopeGroup halfReadAgain = {formula(u"C50"_s), AtomMasses()};
+    const Groups whole = {{formula(u"C100"_s), natural()}};
+    for (const Groups& halves : {Groups{half, half}, Groups{half, halfReadAgain}}) {
+        EXPECT_EQ(*fineStructure(halves, 0.99), *fineStructure(whole, 0.99));
+        EXPECT_EQ(*mostAbundantMass(halves), *mostAbundantMass(whole));
+    }
+    EXPECT_NEAR(*mostAbundantMass(whole), 1201.003355, 1e-6);
 }
 
 TEST(FineStructure, TheCoverageIsAPartOfWhatTheAbundancesAddUpTo)
@@ -208,6 +222,9 @@ TEST(FineStructure, MoleculesWithoutIsotopologuesAreRefused)
     const auto tooMany = fineStructure(Groups{{formula(u"CH10485759"_s), natural()}});
     ASSERT_FALSE(tooMany.hasValue());
     EXPECT_EQ(tooMany.error().position, 0);
+    const IsotopeGroup many = {formula(u"NH6000000"_s), natural()};
+    EXPECT_EQ(fineStructure(Groups{many, many}).error().position, 2);
+    EXPECT_EQ(mostAbundantMass(Groups{many, many}).error().position, 2);
     const Groups water = {{formula(u"H2O"_s), natural()}};
     EXPECT_FALSE(fineStructure(water, 1.0).hasValue());
     EXPECT_FALSE(fineStructure(water, 0.0).hasValue());

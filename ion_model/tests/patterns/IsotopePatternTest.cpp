@@ -239,6 +239,29 @@ TEST(IsotopePattern, TheLeastCoverageIsTheHighestBin)
     }
 }
 
+TEST(IsotopePattern, TheHighestBinHasTheLargestShare)
+{
+    for (const QString& text : {u"CH4"_s, u"C6H4Br2"_s, u"C254H377N65O75S6"_s}) {
+        const auto pattern = IsotopePattern::of(formula(text), natural()).value();
+        const auto highest = std::size_t(pattern.highestBin());
+        ASSERT_LT(highest, pattern.shares().size());
+        for (const double share : pattern.shares())
+            EXPECT_LE(share, pattern.shares()[highest]);
+    }
+    const AtomMasses half = natural().labelled({6, 13}, 0.5).value();
+    EXPECT_EQ(IsotopePattern::of(formula(u"C"_s), half)->highestBin(), 0); // of two equal ones
+    EXPECT_EQ(IsotopePattern().highestBin(), -1);
+}
+
+/// Each bin of a protein of 23 kDa sums many isotopologues; the likeliest of all is a light one.
+TEST(IsotopePattern, TheHighestBinIsNotThatOfTheLikeliestIsotopologue)
+{
+    const Groups groups = {{formula(u"C1030H1590N270O330S7"_s), natural()}};
+    const auto pattern = IsotopePattern::of(groups).value();
+    const double highest = pattern.centroids()[std::size_t(pattern.highestBin())];
+    EXPECT_GT(highest, *mostAbundantMass(groups) + 0.5);
+}
+
 TEST(IsotopePattern, AMixtureOfUnlabelledAndLabelledPartsKeepsBothHumps)
 {
     const AtomMasses half = natural().labelled({6, 13}, 0.5).value();

@@ -90,6 +90,19 @@ TEST(PeakMatch, NotANumberMatchesNothing)
     }
 }
 
+TEST(PeakMatch, InfiniteIonsStandInFrontOfAllPeaksOrBehind)
+{
+    const std::vector<double> peaks = {1.0, 2.0};
+    for (const Tolerance& tolerance : tolerances()) {
+        EXPECT_EQ(peaksAround(peaks, infinity, tolerance), (PeakRange{2, 2}));
+        EXPECT_EQ(peaksAround(peaks, -infinity, tolerance), (PeakRange{0, 0}));
+        EXPECT_EQ(rangesOf(peaks, {infinity, -infinity}, tolerance),
+                  (std::vector<PeakRange>{{2, 2}, {0, 0}}));
+    }
+    EXPECT_EQ(peaksAround(std::vector<double>{1.0, infinity}, infinity, ppm(10)),
+              (PeakRange{1, 1}));
+}
+
 /// Every array of up to four peaks and every two ions in any order, infinities among them.
 TEST(PeakMatch, AllSmallWorldsGiveTheAcceptedPeaks)
 {

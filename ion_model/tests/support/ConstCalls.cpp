@@ -60,7 +60,7 @@ std::vector<ConstCall> massCalls()
          }},
         {"ResidueTable::composition",
          [](Shared s) {
-             use(*s.residues.composition(u'K'));
+             use(*s.residues.composition(u'K'), s.residues.composition(u"DRVYXHPF"));
          }},
         {"ResidueTable::candidates",
          [](Shared s) {
@@ -492,6 +492,10 @@ std::vector<ConstCall> patternCalls()
         {"IsotopePattern::monoisotopicBin",
          [](Shared s) {
              use(s.pattern.monoisotopicBin());
+         }},
+        {"IsotopePattern::highestBin",
+         [](Shared s) {
+             use(s.pattern.highestBin());
          }},
         {"IsotopePattern::fineStructure",
          [](Shared s) {

@@ -7,6 +7,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <limits>
 
 using namespace Qt::StringLiterals;
 
@@ -122,12 +123,56 @@ TEST(ModificationTable, CallersAddTheirOwnBesideTheOthers)
     EXPECT_FALSE(table.add(own));
 }
 
+TEST(ModificationTable, EntriesWhoseMassesNobodyFilledAreRefused)
+{
+    constexpr double notANumber = std::numeric_limits<double>::quiet_NaN();
+    constexpr double infinity = std::numeric_limits<double>::infinity();
+    ModificationTable table;
+    ModificationEntry own;
+    own.name = u"own"_s;
+    own.composition = Composition::read(u"HPO3"_s).value();
+    for (const Masses& masses : {Masses{}, Masses{79.966, 0.0}, Masses{0.0, 79.98},
+                                 Masses{notANumber, 79.98}, Masses{79.966, infinity}}) {
+        own.masses = masses;
+        EXPECT_FALSE(table.add(own));
+    }
+    EXPECT_TRUE(table.entries().empty());
+    EXPECT_TRUE(table.byMass(0.0, daltons(1000.0)).empty());
+    own.masses = AtomMasses().weigh(own.composition).value();
+    EXPECT_TRUE(table.add(own));
+}
+
+TEST(ModificationTable, EntriesThatAddNoAtomsMayWeighNothing)
+{
+    ModificationTable table;
+    ModificationEntry none;
+    none.name = u"none"_s;
+    EXPECT_TRUE(table.add(none));
+    ModificationEntry label;
+    label.name = u"label"_s;
+    label.composition = Composition::read(u"C-6[13C6]"_s).value(); // where all carbon is 13C
+    EXPECT_TRUE(table.add(label));
+}
+
+TEST(ModificationTable, MassesThatAreNoNumbersFindNothing)
+{
+    for (const double mass :
+         {std::numeric_limits<double>::quiet_NaN(), std::numeric_limits<double>::infinity(),
+          -std::numeric_limits<double>::infinity()}) {
+        EXPECT_TRUE(standard().byMass(mass, ppm(10)).empty());
+        EXPECT_TRUE(standard().byMass(mass, daltons(1.0)).empty());
+    }
+}
+
 TEST(ModificationTable, MisspeltNamesAreNearTheRightOnes)
 {
     EXPECT_EQ(standard().nearestNames(u"phosfo").value(0), u"Phospho"_s);
     EXPECT_TRUE(standard().nearestNames(u"Oxydation").contains(u"Oxidation"_s));
     EXPECT_EQ(standard().nearestNames(u"oxidatoin"),
               QStringList({u"Oxidation"_s, u"Dioxidation"_s, u"Amidated"_s}));
+    EXPECT_EQ(standard().nearestNames(u"phosfo", 1), QStringList(u"Phospho"_s));
+    EXPECT_TRUE(standard().nearestNames(u"phosfo", 0).isEmpty());
+    EXPECT_TRUE(standard().nearestNames(u"phosfo", -1).isEmpty());
     EXPECT_TRUE(standard().nearestNames(QString()).isEmpty());
     EXPECT_TRUE(standard().nearestNames(u"zzzzzzzzzzzzzzzzzzzz").isEmpty());
     EXPECT_LE(standard().nearestNames(QString(1000000, u'a')).size(), 3);
@@ -139,6 +184,8 @@ TEST(ModificationTable, ALabelledTableWeighsStatedIsotopesAsTheyAre)
     const auto table = ModificationTable::standard(labelled);
     EXPECT_NEAR(table.byName(u"Carbamidomethyl")->masses.monoisotopic, 57.021464 + 2 * 1.003355,
                 1e-5);
+    EXPECT_EQ(table.entries().size(), standard().entries().size());
+    EXPECT_EQ(table.byName(u"Label:13C(6)")->masses.monoisotopic, 0.0);
     EXPECT_NEAR(table.byName(u"Label:13C(6)15N(4)")->masses.monoisotopic, 10.008269 - 6 * 1.003355,
                 1e-5);
 }
