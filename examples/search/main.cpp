@@ -133,7 +133,8 @@ Identification best(const Spectrum& spectrum, const std::vector<Candidate>& cand
     //! [Best]
     const double mass = Ionization::protons(spectrum.charge).neutralMass(spectrum.precursor);
     const PeakRange range = peaksAround(masses, mass, tolerance);
-    Identification found{.candidate = {}, .score = 0.0, .tried = range.size()};
+    Identification found;
+    found.tried = range.size();
     for (std::size_t i = range.first; i < range.last; ++i) {
         const double score = scorer->score(candidates[i].sequence, spectrum);
         if (score > found.score) {
