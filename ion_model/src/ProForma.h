@@ -321,7 +321,8 @@ struct ZEL_ION_MODEL_EXPORT Peptidoform
     /// Of the descriptions of a modification the first counts that has a mass, one that was
     /// measured last; a remark alone weighs nothing. X weighs nothing under a modification.
     /// Isotopes replace the atoms of residues, ends and modifications, not those of carriers. A
-    /// fixed modification leaves alone what bears one for certain.
+    /// fixed modification leaves alone what bears one for certain. More than 1,000 of them are
+    /// refused, and such as meet on the same residues more than 100,000 times.
     ///
     /// Make both tables with the same isotopes: `ModificationTable::standard(residues.atoms())`. A
     /// natural table beside labelled residues gives masses of a natural reagent, but a composition
