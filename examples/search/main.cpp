@@ -88,6 +88,8 @@ public:
         : m_residues(residues)
         , m_tolerance(tolerance)
     {
+        m_options.series = {Series::B, Series::Y};
+        m_options.charges = {1, 2};
     }
 
     double score(const QString& sequence, const Spectrum& spectrum);
@@ -95,6 +97,7 @@ public:
 private:
     ResidueTable m_residues;
     Tolerance m_tolerance;
+    IonOptions m_options;
     Backbone m_peptide;
     FragmentIons m_ions;
     PeakMatches m_matches;
@@ -103,8 +106,7 @@ private:
 //! [Score]
 double Scorer::score(const QString& sequence, const Spectrum& spectrum)
 {
-    static const IonOptions options{.series = {Series::B, Series::Y}, .charges = {1, 2}};
-    if (m_peptide.assignPeptide(sequence, m_residues) || m_ions.assign(m_peptide, options))
+    if (m_peptide.assignPeptide(sequence, m_residues) || m_ions.assign(m_peptide, m_options))
         return 0.0; // refused
     matchPeaks(spectrum.mz, spectrum.intensities, m_ions.mz(), m_tolerance, PeakChoice::MostIntense,
                &m_matches);
