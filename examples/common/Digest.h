@@ -15,7 +15,6 @@ struct Peptide
     qsizetype position;
 };
 
-//! [CutPlaces]
 /// Where a rule cuts, with both ends of the sequence.
 inline QList<qsizetype> cutPlaces(const QString& sequence, const QRegularExpression& rule)
 {
@@ -29,7 +28,6 @@ inline QList<qsizetype> cutPlaces(const QString& sequence, const QRegularExpress
     places.append(sequence.size());
     return places;
 }
-//! [CutPlaces]
 
 /// Cuts a sequence by a rule that matches empty places, such as "(?<=[KR])(?!P)" for trypsin, with
 /// up to `missed` cuts left out in a peptide.

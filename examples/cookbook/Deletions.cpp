@@ -1,56 +1,49 @@
 #include "Recipes.h"
+#include <IonModel.h>
 
+#include <algorithm>
 #include <cmath>
+
+using namespace ions;
 
 namespace {
 
 //! [WithoutOne]
-using Strand = QList<QSharedPointer<const Nucleotide>>;
-
-/// A strand without one of its nucleotides. The last one takes the linkage before it along.
-Strand withoutOne(Strand strand, qsizetype index)
+/// What a strand weighs without one of its nucleotides. The last takes the linkage before it along.
+Masses withoutOne(const Backbone& strand, std::size_t index)
 {
-    const bool isLast = index == strand.size() - 1;
-    strand.removeAt(index);
-    if (isLast && !strand.isEmpty()) {
-        const Nucleotide end = *strand.last();
-        strand.last() = QSharedPointer<const Nucleotide>(
-            new Nucleotide(end.nucleobase, end.ribose, NamedMolecule(), end.name, end.code));
-    }
-    return strand;
+    const BackboneChain& chain = strand.chains()[0];
+    const std::size_t linkage = std::min(index, chain.units.size() - 2);
+    return strand.masses() - chain.units[index] - chain.linkages[linkage];
 }
 //! [WithoutOne]
+
+Backbone strandOf(const QString& text)
+{
+    return Backbone::oligonucleotide(text, NucleotideTable()).value();
+}
 
 } // namespace
 
 void deletions(QTextStream& out)
 {
-    const auto factory = defaultChemicalFactory();
-    Strand strand;
-    NamedMolecule fivePrime;
-    NamedMolecule threePrime;
-    factory->parseNucleotideSequence(u"eT*eC*A*C*T*eT*eC"_s, &strand, &fivePrime, &threePrime);
-    for (qsizetype i = 0; i < strand.size(); ++i) {
-        const auto shorter =
-            factory->constructLinearOligoComplex(withoutOne(strand, i), fivePrime, threePrime);
-        out << strand.at(i)->code << ' ' << daltons(shorter->averageMass(), 3) << '\n';
+    const Backbone strand = strandOf(u"eT*eC*A*C*T*eT*eC"_s);
+    const QString letters = strand.chains()[0].letters;
+    for (qsizetype i = 0; i < letters.size(); ++i) {
+        const double mass = withoutOne(strand, std::size_t(i)).average;
+        out << letters[i] << i + 1 << ' ' << QString::number(mass, 'f', 3) << '\n';
     }
 }
 
 /// A strand of ACGT without one nucleotide weighs what the shorter text weighs.
 void deletionsProved(QTextStream& out)
 {
-    const auto factory = defaultChemicalFactory();
-    Strand strand;
-    NamedMolecule fivePrime;
-    NamedMolecule threePrime;
-    factory->parseNucleotideSequence(u"ACGT"_s, &strand, &fivePrime, &threePrime);
+    const Backbone strand = strandOf(u"ACGT"_s);
     const QList<QString> shorterTexts = {u"CGT"_s, u"AGT"_s, u"ACT"_s, u"ACG"_s};
     for (qsizetype i = 0; i < shorterTexts.size(); ++i) {
-        const auto found =
-            factory->constructLinearOligoComplex(withoutOne(strand, i), fivePrime, threePrime);
-        const auto expected = factory->constructLinearOligoComplex(shorterTexts.at(i));
-        const bool isEqual = std::abs(found->monoMass() - expected->monoMass()) < 1e-9;
+        const double found = withoutOne(strand, std::size_t(i)).monoisotopic;
+        const double expected = strandOf(shorterTexts.at(i)).masses().monoisotopic;
+        const bool isEqual = std::abs(found - expected) < 1e-9;
         out << (isEqual ? "ok " : "FAILED ") << shorterTexts.at(i) << '\n';
     }
 }

@@ -5,7 +5,9 @@
 #include "Recipes.h"
 #include <IonModel.h>
 
+#include <algorithm>
 #include <array>
+#include <span>
 #include <vector>
 
 // The examples name results without using them.
@@ -78,12 +80,23 @@ void residueTables(QTextStream& out)
 
 void nucleotideTables(QTextStream& out)
 {
-    const NucleotideTable nucleotides;                      // natural isotopes
-    nucleotides.oligonucleotide(u"rA*rC*rG")->monoisotopic; // 949.13979 Da
-    nucleotides.oligonucleotide(u"rA*rX").error().position; // 4
+    const NucleotideTable nucleotides;                                   // natural isotopes
+    nucleotides.oligonucleotide(u"rA*rC*rG")->monoisotopic;              // 949.13979 Da
+    nucleotides.oligonucleotide(u"rA*rX").error().position;              // 4
+    nucleotides.oligonucleotide(u"AUCACCUUUG")->monoisotopic;            // 2920.473 Da: DNA
+    nucleotides.oligonucleotide(u"rArUrCrArCrCrUrUrUrG}")->monoisotopic; // 3160.388 Da: RNA
     require(isNear(nucleotides.oligonucleotide(u"rA*rC*rG")->monoisotopic, 949.13979, 5e-6) &&
-                nucleotides.oligonucleotide(u"rA*rX").error().position == 4,
+                nucleotides.oligonucleotide(u"rA*rX").error().position == 4 &&
+                isNear(nucleotides.oligonucleotide(u"AUCACCUUUG")->monoisotopic, 2920.473, 5e-4),
             "NucleotideTable", out);
+    Digest products;
+    products.cleave(u"AUCACCUUUGA", Ribonuclease::named(u"T1").value(), RnaTable(ResidueTable()),
+                    ThreePrimeEnd::Phosphate);
+    const double product = products.monoisotopic()[0];
+    require(isNear(product, 3160.388, 5e-4) &&
+                isNear(nucleotides.oligonucleotide(u"rArUrCrArCrCrUrUrUrG}")->monoisotopic, product,
+                       1e-9),
+            "a product of RNA as text", out);
 }
 
 void modificationTables(QTextStream& out)
@@ -152,6 +165,19 @@ void patterns(QTextStream& out)
             out);
 }
 
+/// Many isotopologues share the fullest bin of nusinersen, none of which is the likeliest of all.
+void fullestBin(QTextStream& out)
+{
+    const Composition nusinersen = Composition::read(u"C234H340N61O128P17S17"_s).value();
+    const IsotopeGroup group{nusinersen, AtomMasses()};
+    const auto pattern = IsotopePattern::of(nusinersen, AtomMasses()).value();
+    const auto& shares = pattern.shares();
+    const auto fullest = std::max_element(shares.cbegin(), shares.cend()) - shares.cbegin();
+    require(isNear(mostAbundantMass(std::span(&group, 1)).value(), 7124.283, 5e-4) &&
+                isNear(pattern.centroids()[std::size_t(fullest)], 7126.282, 5e-4),
+            "mostAbundantMass", out);
+}
+
 void peaks(QTextStream& out)
 {
     const std::vector<double> peaks = {175.1190, 262.1510, 262.1530, 375.2350};
@@ -186,6 +212,7 @@ void ionHeaderExamples(QTextStream& out)
     notations(out);
     peptidoforms(out);
     patterns(out);
+    fullestBin(out);
     peaks(out);
     formulasOfCaffeine(out);
 }

@@ -40,7 +40,10 @@ void proteinDigest(QTextStream& out)
     //! [ProteinDigest]
     const ResidueTable residues;
     const Protease trypsin = Protease::named(u"Trypsin").value();
-    const QString protein = u"MAGWNAYIDNLMADGTCQDAAIVGYKDSPSVWAAVPGKTXVNITPAEVGVLVGK"_s;
+    QString protein = u"magwnayIDNLMADGTCQDAAIVGYKDSPSVWAAVPGKTXVNITPAEVGVLVGK*\r\n"_s;
+    protein = protein.trimmed().toUpper(); // line ends, soft masking
+    if (protein.endsWith(u'*'))
+        protein.chop(1); // the stop
 
     Digest digest; // its memory serves the next protein
     digest.cleave(protein, trypsin, residues, {.missedCleavages = 1, .minLength = 7});
@@ -76,8 +79,8 @@ void fragmentIons(QTextStream& out)
 
 void ionsOfMolecules(QTextStream& out)
 {
-    const auto factory = chem::defaultChemicalFactory();
     //! [IonsOfMolecules]
+    const auto factory = chem::defaultChemicalFactory();
     const ResidueTable residues(*factory);
     const chem::Chain chain =
         chem::constructPeptideChain(u"somatostatin"_s, u"S"_s, u"AGCKNFFWKTFTSC"_s, factory.data());

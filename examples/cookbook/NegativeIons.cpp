@@ -1,26 +1,32 @@
 #include "Recipes.h"
+#include <IonModel.h>
+
+#include <QPointF>
 
 #include <cmath>
+#include <cstdlib>
+#include <utility>
+
+using namespace ions;
 
 namespace {
 
-//! [DeprotonatedEnvelope]
-/// The isotope envelope of a molecule without `charge` of its protons.
-QList<QPointF> deprotonatedEnvelope(const Molecule& molecule, int charge,
-                                    const ChemicalFactory& factory)
+//! [IonPattern]
+/// The isotope pattern of an ion as m/z and shares: carriers bring isotopes of their own.
+QList<QPointF> ionPattern(const Composition& molecule, const Ionization& ion)
 {
-    const Molecule ion = factory.modifyMolecule(molecule, u"H1"_s, -charge);
-    QList<QPointF> envelope;
-    factory.generateIsotopeEnvelope(ion, charge, &envelope, false);
-    // The library takes an electron away for each charge; an anion has one more instead.
-    const double electron = factory.constructMolecule(u"E"_s).monoMass();
-    for (QPointF& point : envelope) {
-        if (point.y() > 0.0)
-            point.rx() += 2.0 * electron;
+    Composition atoms;
+    if (!atoms.add(molecule, ion.molecules()) || !atoms.add(ion.carriers()))
+        return {}; // a count does not fit
+    const IsotopePattern pattern = IsotopePattern::of(atoms, AtomMasses()).value();
+    QList<QPointF> points;
+    for (std::size_t i = 0; i < pattern.shares().size(); ++i) {
+        const double mass = pattern.centroids()[i] - ion.charge() * ions::electronMass;
+        points.append({mass / std::abs(ion.charge()), pattern.shares()[i]});
     }
-    return envelope;
+    return points;
 }
-//! [DeprotonatedEnvelope]
+//! [IonPattern]
 
 struct KnownAnion
 {
@@ -42,25 +48,35 @@ const QList<KnownAnion> knownAnions = {
     {u"CAGGGCCTTGGGACG"_s, 6, 4631.804650 / 6 - proton, 2e-6},
 };
 
+Composition compositionOf(const QString& text)
+{
+    const auto strand = defaultChemicalFactory()->constructLinearOligoComplex(text);
+    return Composition::fromFormula(strand->formula()).value();
+}
+
 } // namespace
 
 void negativeIons(QTextStream& out)
 {
-    const auto factory = defaultChemicalFactory();
-    const auto adenylicAcid = factory->constructLinearOligoComplex(u"{rA"_s); // AMP
-    const QList<QPointF> envelope = deprotonatedEnvelope(*adenylicAcid, 1, *factory);
-    for (const QPointF& point : envelope.first(3)) {
-        out << QString::number(point.x(), 'f', 4) << ' ' << QString::number(100 * point.y(), 'f', 1)
-            << " %\n";
+    const Composition glucose = Composition::read(u"C6H12O6").value();
+    const Composition adenylicAcid = compositionOf(u"{rA"_s); // AMP
+    for (const auto& [molecule, carrier] :
+         {std::pair(glucose, u"[M+Cl]-"_s), std::pair(adenylicAcid, u"[M-H]-"_s)}) {
+        out << carrier;
+        const QList<QPointF> points = ionPattern(molecule, Ionization::read(carrier).value());
+        for (const QPointF& point : points.first(3)) {
+            out << ' ' << QString::number(point.x(), 'f', 4) << ' '
+                << QString::number(100 * point.y(), 'f', 1) << " %";
+        }
+        out << '\n';
     }
 }
 
 void negativeIonsProved(QTextStream& out)
 {
-    const auto factory = defaultChemicalFactory();
     for (const KnownAnion& known : knownAnions) {
-        const auto strand = factory->constructLinearOligoComplex(known.text);
-        const double found = deprotonatedEnvelope(*strand, known.charge, *factory).first().x();
+        const Ionization ion = Ionization::protons(-known.charge);
+        const double found = ionPattern(compositionOf(known.text), ion).first().x();
         const bool isNear = std::abs(found - known.massToCharge) < known.tolerance;
         out << (isNear ? "ok " : "FAILED ") << known.text << " at -" << known.charge << ": "
             << QString::number(found, 'f', 6) << '\n';

@@ -84,11 +84,12 @@ void proFormaRules(QTextStream& out)
 {
     weigh(out,
           //! [ProFormaRules]
-          {u"<[Carbamidomethyl]@C>ECC[+5]K"_s, // on every C that bears nothing yet
-           u"<[TMT6plex]@K,N-term>EK"_s,       // and on ends
-           u"<13C>ES[Phospho]K"_s,             // every carbon
-           u"<D>E[+5]K"_s}                     // but no bare mass and no proton
-                                               //! [ProFormaRules]
+          {u"<[Carbamidomethyl]@C>ECC[+5]K"_s,       // on every C that bears nothing yet
+           u"<[Label:13C(6)15N(2)]@K>EK[Acetyl]K"_s, // here on the last K alone
+           u"<[TMT6plex]@K,N-term>EK"_s,             // and on ends
+           u"<13C>ES[Phospho]K"_s,                   // every carbon
+           u"<D>E[+5]K"_s}                           // but no bare mass and no proton
+                                                     //! [ProFormaRules]
     );
 }
 

@@ -30,18 +30,12 @@ void modifiedSugars(QTextStream& out);
 void negativeIons(QTextStream& out);
 void deletions(QTextStream& out);
 void modifiedPeptides(QTextStream& out);
-void heavyResidues(QTextStream& out);
 void disulfide(QTextStream& out);
 void clipsAndMatching(QTextStream& out);
-void threads(QTextStream& out);
 void antibody(QTextStream& out);
 
-void massToCharge(QTextStream& out);
-void neutralLosses(QTextStream& out);
 void modificationAtResidue(QTextStream& out);
 void missedCleavages(QTextStream& out);
-void averagine(QTextStream& out);
-void monoisotopicMatching(QTextStream& out);
 
 void isotopeTexts(QTextStream& out);
 void isotopeTextsUnchecked(QTextStream& out);

@@ -1,43 +1,21 @@
 #pragma once
 
-#include <ChemicalModel.h>
-
 #include <QList>
-#include <QPointF>
 #include <QString>
 #include <QTextStream>
 
 #include <algorithm>
+#include <vector>
 
-/// Hydrogen without its electron, in daltons.
-inline double protonMass(const chem::ChemicalFactory& factory)
-{
-    return factory.constructMolecule(QStringLiteral("H")).monoMass() -
-           factory.constructMolecule(QStringLiteral("E")).monoMass();
-}
-
-/// A fragment spectrum: its precursor, and peaks of ascending m/z with their intensities.
+/// A fragment spectrum: its precursor, and peaks of ascending m/z.
 struct Spectrum
 {
     QString title;
     QString knownSequence; ///< What a library says that it is; may be empty.
     int charge = 1;
     double precursor = 0.0; ///< m/z.
-    QList<QPointF> peaks;
-
-    /// The monoisotopic mass of the precursor without its protons.
-    double neutralMass(const chem::ChemicalFactory& factory) const
-    {
-        return charge * (precursor - protonMass(factory));
-    }
-
-    double intensity() const
-    {
-        double sum = 0.0;
-        for (const QPointF& peak : peaks)
-            sum += peak.y();
-        return sum;
-    }
+    std::vector<double> mz;
+    std::vector<double> intensities; ///< Of the same peaks; the highest is 100.
 };
 
 /// Takes one line of an MGF file, which is a peak or names a property of the spectrum.
@@ -52,9 +30,19 @@ inline void readSpectrumLine(const QString& line, Spectrum* spectrum)
         spectrum->charge = std::max(value.section(u'+', 0, 0).toInt(), 1);
     else if (line.startsWith(QStringLiteral("PEPMASS=")))
         spectrum->precursor = value.section(u' ', 0, 0).toDouble();
-    else if (!line.isEmpty() && line.front().isDigit())
-        spectrum->peaks.append(
-            {line.section(u' ', 0, 0).toDouble(), line.section(u' ', 1).toDouble()});
+    else if (!line.isEmpty() && line.front().isDigit()) {
+        spectrum->mz.push_back(line.section(u' ', 0, 0).toDouble());
+        spectrum->intensities.push_back(line.section(u' ', 1).toDouble());
+    }
+}
+
+/// Makes the highest peak 100.
+inline void scaleIntensities(std::vector<double>* intensities)
+{
+    const auto highest = std::max_element(intensities->cbegin(), intensities->cend());
+    const double scale = highest == intensities->cend() ? 1.0 : 100.0 / *highest;
+    for (double& intensity : *intensities)
+        intensity *= scale;
 }
 
 /// Reads the spectra of an MGF file.
@@ -69,5 +57,7 @@ inline QList<Spectrum> readSpectra(QTextStream& text)
         else if (!spectra.isEmpty())
             readSpectrumLine(line, &spectra.last());
     }
+    for (Spectrum& spectrum : spectra)
+        scaleIntensities(&spectrum.intensities);
     return spectra;
 }

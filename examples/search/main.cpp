@@ -1,14 +1,15 @@
 // Finds the peptides of a FASTA file that fragment spectra show: candidates by the mass of the
-// precursor, and the one whose b and y ions explain the spectrum best.
+// precursor, and the one whose b and y ions fit the spectrum best.
 //
 //   search PROTEINS.fasta SPECTRA.mgf PPM
 //
 // Cysteine is carbamidomethylated, methionine may be oxidised. A spectrum may name its known
 // peptide as SEQ; the program ends with 1 if it finds another.
 
-#include "../common/Digest.h"
 #include "../common/Fasta.h"
 #include "Spectra.h"
+#include <ChemicalModel.h>
+#include <IonModel.h>
 
 #include <QCoreApplication>
 #include <QFile>
@@ -16,27 +17,28 @@
 
 #include <algorithm>
 #include <cmath>
+#include <vector>
 
+using namespace ions;
 using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr qsizetype missedCleavages = 1;
-constexpr qsizetype shortestPeptide = 6;
-
-/// Reads C as carbamidomethylated and m as oxidised methionine.
-QSharedPointer<chem::ChemicalFactory> searchFactory()
+//! [Residues]
+/// Residues with carbamidomethylated C, and m for oxidised methionine.
+ResidueTable searchResidues()
 {
     const auto aminoAcid = chem::ChemicalFactory::AminoAcidBlock;
     const auto factory = chem::ChemicalFactory::construct(QString());
     factory->setBuildingBlock(aminoAcid, u"C"_s, u"Carbamidomethylcysteine"_s, u"C5H8N2O2S"_s);
     factory->setBuildingBlock(aminoAcid, u"m"_s, u"Methionine sulfoxide"_s, u"C5H9NO2S"_s);
-    return factory;
+    return ResidueTable(*factory);
 }
+//! [Residues]
 
 struct Candidate
 {
-    double monoMass;
+    double mass;
     QString sequence;
     QString protein;
 };
@@ -52,100 +54,118 @@ QStringList oxidisedForms(const QString& sequence)
     return forms;
 }
 
-/// The tryptic peptides of a protein with known letters, in all forms.
-void appendCandidates(const FastaEntry& protein, const chem::ChemicalFactory& factory,
-                      QList<Candidate>* candidates)
+/// The peptides of all proteins in all forms, by mass.
+std::vector<Candidate> candidatesOf(const QList<FastaEntry>& proteins, const ResidueTable& residues)
 {
-    static const QRegularExpression trypsin(u"(?<=[KR])(?!P)"_s);
+    std::vector<Candidate> candidates;
     //! [Candidates]
-    const QList<Peptide> peptides = digest(protein.sequence, trypsin, missedCleavages);
-    for (const Peptide& peptide : peptides) {
-        if (peptide.sequence.size() < shortestPeptide ||
-            !unknownLetters(peptide.sequence, factory).isEmpty())
-            continue;
-        const QStringList forms = oxidisedForms(peptide.sequence);
-        for (const QString& form : forms) {
-            const double mass = factory.constructLinearPeptideComplex(form)->monoMass();
-            candidates->append({mass, form, protein.name});
+    const Protease trypsin = Protease::named(u"Trypsin").value();
+    const DigestOptions options{.missedCleavages = 1, .minLength = 6, .maxLength = 50};
+    Digest digest;
+    for (const FastaEntry& protein : proteins) {
+        digest.cleave(protein.sequence, trypsin, residues, options);
+        for (std::size_t i = 0; i < digest.size(); ++i) {
+            if (std::isnan(digest.monoisotopic()[i]))
+                continue; // it holds a letter without a mass
+            const qsizetype start = digest.starts()[i];
+            const QString peptide = protein.sequence.sliced(start, digest.ends()[i] - start);
+            const QStringList forms = oxidisedForms(peptide);
+            for (const QString& form : forms)
+                candidates.push_back({residues.peptide(form)->monoisotopic, form, protein.name});
         }
     }
     //! [Candidates]
+    std::sort(candidates.begin(), candidates.end(),
+              [](const Candidate& left, const Candidate& right) { return left.mass < right.mass; });
+    return candidates;
 }
 
-/// The intensity of the highest peak within the tolerance; 0 if there is none.
-double intensityAt(double massToCharge, double ppm, const QList<QPointF>& peaks)
+/// Scores peptides one after the other in the same memory.
+class Scorer
 {
-    const double width = massToCharge * ppm * 1e-6;
-    const auto isBelow = [](const QPointF& peak, double value) {
-        return peak.x() < value;
-    };
-    double highest = 0.0;
-    auto peak = std::lower_bound(peaks.cbegin(), peaks.cend(), massToCharge - width, isBelow);
-    for (; peak != peaks.cend() && peak->x() <= massToCharge + width; ++peak)
-        highest = std::max(highest, peak->y());
-    return highest;
-}
-
-/// The share of a spectrum's intensity that the singly charged b and y ions explain.
-double score(const QString& sequence, const Spectrum& spectrum, double ppm,
-             const chem::ChemicalFactory& factory)
-{
-    const double proton = protonMass(factory);
-    //! [Score]
-    QList<chem::SimpleFragment> fragments;
-    chem::generateLinearFragments(*factory.constructLinearPeptideComplex(sequence), fragments);
-    double explained = 0.0;
-    for (const chem::SimpleFragment& fragment : std::as_const(fragments)) {
-        if (fragment.type == chem::FragmentType::B || fragment.type == chem::FragmentType::Y)
-            explained += intensityAt(fragment.monoMass + proton, ppm, spectrum.peaks);
+public:
+    Scorer(const ResidueTable& residues, const Tolerance& tolerance)
+        : m_residues(residues)
+        , m_tolerance(tolerance)
+    {
+        m_options.series = {Series::B, Series::Y};
+        m_options.charges = {1, 2};
     }
-    return explained / spectrum.intensity();
-    //! [Score]
+
+    double score(const QString& sequence, const Spectrum& spectrum);
+
+private:
+    ResidueTable m_residues;
+    Tolerance m_tolerance;
+    IonOptions m_options;
+    Backbone m_peptide;
+    FragmentIons m_ions;
+    PeakMatches m_matches;
+};
+
+//! [Score]
+double Scorer::score(const QString& sequence, const Spectrum& spectrum)
+{
+    if (m_peptide.assignPeptide(sequence, m_residues) || m_ions.assign(m_peptide, m_options))
+        return 0.0; // refused
+    matchPeaks(spectrum.mz, spectrum.intensities, m_ions.mz(), m_tolerance, PeakChoice::MostIntense,
+               &m_matches);
+    SeriesMatch b, y;
+    for (std::size_t i = 0; i < m_matches.size(); ++i) {
+        const bool isB = m_matches.ions[i] < m_ions.mz().size() / 2; // all b stand before all y
+        SeriesMatch& series = isB ? b : y;
+        series.count += 1;
+        series.intensity += spectrum.intensities[m_matches.peaks[i]];
+    }
+    return matchScore(b, y);
 }
+//! [Score]
 
 struct Identification
 {
     Candidate candidate;
     double score = 0.0;
-    int tried = 0;
+    std::size_t tried = 0;
 };
 
-bool isLighter(const Candidate& candidate, double mass)
-{
-    return candidate.monoMass < mass;
-}
-
-/// The best of the candidates that have the mass of the precursor.
-Identification best(const Spectrum& spectrum, const QList<Candidate>& candidates, double ppm,
-                    const chem::ChemicalFactory& factory)
+/// The best of the candidates, whose masses are given, with the mass of the precursor.
+Identification best(const Spectrum& spectrum, const std::vector<Candidate>& candidates,
+                    const std::vector<double>& masses, const Tolerance& tolerance, Scorer* scorer)
 {
     //! [Best]
-    const double mass = spectrum.neutralMass(factory);
-    const double width = mass * ppm * 1e-6;
+    const double mass = Ionization::protons(spectrum.charge).neutralMass(spectrum.precursor);
+    const PeakRange range = peaksAround(masses, mass, tolerance);
     Identification found;
-    auto candidate =
-        std::lower_bound(candidates.cbegin(), candidates.cend(), mass - width, isLighter);
-    for (; candidate != candidates.cend() && candidate->monoMass <= mass + width; ++candidate) {
-        const double share = score(candidate->sequence, spectrum, ppm, factory);
-        ++found.tried;
-        if (share > found.score)
-            found = {*candidate, share, found.tried};
+    found.tried = range.size();
+    for (std::size_t i = range.first; i < range.last; ++i) {
+        const double score = scorer->score(candidates[i].sequence, spectrum);
+        if (score > found.score) {
+            found.candidate = candidates[i];
+            found.score = score;
+        }
     }
     //! [Best]
     return found;
 }
 
-QList<Candidate> candidatesOf(const QList<FastaEntry>& proteins,
-                              const chem::ChemicalFactory& factory)
+/// Finds and prints the peptides of all spectra; tells how many are not the known ones.
+int search(const std::vector<Candidate>& candidates, const QList<Spectrum>& spectra,
+           const Tolerance& tolerance, Scorer* scorer, QTextStream& out)
 {
-    QList<Candidate> candidates;
-    for (const FastaEntry& protein : proteins)
-        appendCandidates(protein, factory, &candidates);
-    std::sort(candidates.begin(), candidates.end(),
-              [](const Candidate& left, const Candidate& right) {
-                  return left.monoMass < right.monoMass;
-              });
-    return candidates;
+    std::vector<double> masses;
+    for (const Candidate& candidate : candidates)
+        masses.push_back(candidate.mass);
+    int wrong = 0;
+    for (const Spectrum& spectrum : spectra) {
+        const Identification found = best(spectrum, candidates, masses, tolerance, scorer);
+        const bool isRight = found.candidate.sequence == spectrum.knownSequence;
+        out << spectrum.title << ": " << found.candidate.sequence << " of "
+            << found.candidate.protein << ", score " << QString::number(found.score, 'f', 1)
+            << ", best of " << found.tried << ", "
+            << (isRight ? "as published\n" : "not as published\n");
+        wrong += isRight || spectrum.knownSequence.isEmpty() ? 0 : 1;
+    }
+    return wrong;
 }
 
 } // namespace
@@ -155,28 +175,19 @@ int main(int argc, char* argv[])
     const QStringList arguments = QCoreApplication(argc, argv).arguments();
     QFile fasta(arguments.value(1));
     QFile mgf(arguments.value(2));
-    const double ppm = arguments.value(3).toDouble();
-    if (ppm <= 0.0 || !fasta.open(QIODevice::ReadOnly) || !mgf.open(QIODevice::ReadOnly)) {
+    const double width = arguments.value(3).toDouble();
+    if (width <= 0.0 || !fasta.open(QIODevice::ReadOnly) || !mgf.open(QIODevice::ReadOnly)) {
         QTextStream(stderr) << "usage: search PROTEINS.fasta SPECTRA.mgf PPM\n";
         return 2;
     }
     QTextStream fastaText(&fasta);
     QTextStream mgfText(&mgf);
-    const auto factory = searchFactory();
-    const QList<Candidate> candidates = candidatesOf(readFasta(fastaText), *factory);
+    const ResidueTable residues = searchResidues();
+    const std::vector<Candidate> candidates = candidatesOf(readFasta(fastaText), residues);
     const QList<Spectrum> spectra = readSpectra(mgfText);
 
     QTextStream out(stdout);
     out << candidates.size() << " candidates, " << spectra.size() << " spectra\n";
-    qsizetype wrong = 0;
-    for (const Spectrum& spectrum : spectra) {
-        const Identification found = best(spectrum, candidates, ppm, *factory);
-        const bool isRight = found.candidate.sequence == spectrum.knownSequence;
-        out << spectrum.title << ": " << found.candidate.sequence << " of "
-            << found.candidate.protein << ", " << qRound(100 * found.score)
-            << " % explained, best of " << found.tried << ", "
-            << (isRight ? "as published\n" : "not as published\n");
-        wrong += isRight || spectrum.knownSequence.isEmpty() ? 0 : 1;
-    }
-    return wrong > 0 ? 1 : 0;
+    Scorer scorer(residues, ppm(width));
+    return search(candidates, spectra, ppm(width), &scorer, out) > 0 ? 1 : 0;
 }

@@ -119,6 +119,8 @@ private:
 /// What the nucleotides of an RNA weigh by the letters of their bases: base, ribose and a
 /// phosphodiester linkage. A letter is one of the factory's bases with a code of one character.
 ///
+/// **Oligonucleotide text is another notation**, see NucleotideTable: there `A` is DNA, `rA` RNA.
+///
 /// Every const function may be called from any number of threads.
 class ZEL_ION_MODEL_EXPORT RnaTable
 {
@@ -182,9 +184,9 @@ public:
     bool cleave(QStringView protein, const Protease& protease, const ResidueTable& residues,
                 const DigestOptions& options = {});
 
-    /// Lists the products of an RNA, a letter for each nucleotide, whose own ends are 5'-OH and
-    /// 3'-OH. A product that reaches the end of the text keeps its 3'-OH; every other one ends as
-    /// `end` says.
+    /// Lists the products of an RNA, a plain letter for each nucleotide, whose own ends are 5'-OH
+    /// and 3'-OH. A product that reaches the end of the text keeps its 3'-OH; every other one ends
+    /// as `end` says.
     bool cleave(QStringView rna, const Ribonuclease& ribonuclease, const RnaTable& nucleotides,
                 ThreePrimeEnd end, const DigestOptions& options = {});
 

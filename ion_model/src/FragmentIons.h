@@ -126,7 +126,9 @@ struct IonComposition
 ///
 /// A list takes 8 bytes for each ion and 20 for each run. The next assign() uses the memory again,
 /// and what options and breaks come to as long as they and the losses of groups stay the same: then
-/// a search allocates nothing. A value: separate instances may be used from separate threads.
+/// a search allocates nothing. Keep an object for each set of options: another set is laid out
+/// anew, which takes longer than the ions of a peptide. A value: separate instances may be used
+/// from separate threads.
 class ZEL_ION_MODEL_EXPORT FragmentIons
 {
 public:
@@ -138,11 +140,13 @@ public:
     /// ways; of groups of one mass it counts how many are held. Of linked chains an ion of one side
     /// holds all that hangs on it, and a cut that leaves the molecule in one piece gives no ion.
     ///
-    /// Immonium and internal ions of linked units are left out. Y ions have every part of the
-    /// monosaccharides, whichever glycan they are of; oxonium ions have one to three of them, and
-    /// of single ones there are the ions that their rings are known for. Nothing is told about how
-    /// they are joined. Oxonium and reporter ions come where charge 1, no shift and no loss are
-    /// asked for, Y ions without losses.
+    /// Immonium and internal ions of linked units are left out. A series that the chain's polymer
+    /// does not have, such as w of a peptide, and a charge of 0 give no ions and no refusal.
+    ///
+    /// Y ions have every part of the monosaccharides, whichever glycan they are of; oxonium ions
+    /// have one to three of them, and of single ones there are the ions that their rings are known
+    /// for. Nothing is told about how they are joined. Oxonium and reporter ions come where charge
+    /// 1, no shift and no loss are asked for, Y ions without losses.
     ///
     /// A loss that a rule names and a group has as well comes once, under the rule's name.
     ///

@@ -53,7 +53,8 @@ public:
     int charge() const { return m_charge; }
     /// How many molecules the ion holds, at least 1.
     int molecules() const { return m_molecules; }
-    /// What is added to the molecules; negative counts are taken away.
+    /// What is added to the molecules; negative counts are taken away. An isotope pattern of the
+    /// ion is made of these atoms too.
     const Composition& carriers() const { return m_carriers; }
 
     /// The m/z of the ion of a molecule with this mass: molecules plus carriers less one electron

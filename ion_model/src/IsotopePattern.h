@@ -31,6 +31,11 @@ inline constexpr double largestCoverage = 1.0 - 1e-9;
 /// How the molecules of one composition share out among nominal masses: one bin for each number of
 /// extra neutrons, with the share of the molecules in it and their mean mass, the centroid.
 ///
+/// The mean of a pattern is too light by what the coverage leaves out, more of which is heavy: take
+/// the average mass for one, as AtomMasses::weigh() gives it. For the pattern of an ion, add
+/// Ionization::carriers() to the molecule's atoms first: carriers have isotopes as well, and with
+/// chlorine they move a quarter of the molecules by two bins.
+///
 /// Bins count from the lightest isotopologue of the atoms' tables; an isotope's nominal mass is its
 /// mass number. The bins are the shortest run whose shares add up to the coverage. Shares are not
 /// renormalised.
@@ -130,7 +135,10 @@ ZEL_ION_MODEL_EXPORT Parsed<FineStructure> fineStructure(std::span<const Isotope
                                                          double coverage = usualCoverage,
                                                          qsizetype limit = 1000000);
 
-/// The mass of the likeliest isotopologue in daltons. Refused as by fineStructure().
+/// The mass of the likeliest isotopologue in daltons. Above some kDa the fullest bin of a pattern,
+/// IsotopePattern::highestBin(), is another one: many isotopologues share it, none of
+/// which is the likeliest. So it is 7124.283 Da here and 7126.282 Da there for nusinersen. Refused
+/// as by fineStructure().
 ZEL_ION_MODEL_EXPORT Parsed<double> mostAbundantMass(std::span<const IsotopeGroup> groups);
 
 /// @}

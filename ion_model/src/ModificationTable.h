@@ -87,7 +87,8 @@ public:
     /// A table without entries.
     ModificationTable() = default;
 
-    /// Unimod's 1,543 modifications and 60 cross-linkers of XLMOD, with masses by `atoms`.
+    /// Unimod's 1,543 modifications and 60 cross-linkers of XLMOD, with masses by `atoms`: those of
+    /// the residues that they are used with.
     static ModificationTable standard(const AtomMasses& atoms);
 
     /// Adds an entry. Gives false and changes nothing if its name is empty, if its vocabulary has

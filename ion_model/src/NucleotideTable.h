@@ -21,10 +21,16 @@ namespace ions {
 /// optional, between optional marks of the ends. Numbers in place of bases, and dictionaries whose
 /// keys are more than single characters, are read by the factory's own reader, at its speed.
 ///
+/// **A letter without a sugar is DNA.** What Ribonuclease products and RnaTable call `AUCG` is here
+/// `rArUrCrG`, with a `}` behind it for a 3'-phosphate; `AUCG` is DNA with uracil and weighs 16 Da
+/// less for each nucleotide.
+///
 /// \code
 /// const NucleotideTable nucleotides;                       // natural isotopes
 /// nucleotides.oligonucleotide(u"rA*rC*rG")->monoisotopic;  // 949.13979 Da
 /// nucleotides.oligonucleotide(u"rA*rX").error().position;  // 4
+/// nucleotides.oligonucleotide(u"AUCACCUUUG")->monoisotopic;             // 2920.473 Da: DNA
+/// nucleotides.oligonucleotide(u"rArUrCrArCrCrUrUrUrG}")->monoisotopic;  // 3160.388 Da: RNA
 /// \endcode
 ///
 /// Copies share what was read. Every const function may be called from any number of threads.

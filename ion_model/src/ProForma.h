@@ -252,7 +252,8 @@ struct PeptidoformIon
     friend bool operator==(const PeptidoformIon&, const PeptidoformIon&) = default;
 };
 
-/// A modification of all places of some kinds: `<[Carbamidomethyl]@C>`.
+/// A modification of all places of some kinds: `<[Carbamidomethyl]@C>`. A place that bears another
+/// one for certain is left out: of a label, `K[Acetyl]` wants its own, `K[Acetyl][Label:13C(6)]`.
 struct FixedModification
 {
     Modification modification;     ///< What sits on each of them.
@@ -322,6 +323,12 @@ struct ZEL_ION_MODEL_EXPORT Peptidoform
     /// Isotopes replace the atoms of residues, ends and modifications, not those of carriers. A
     /// fixed modification leaves alone what bears one for certain. More than 1,000 of them are
     /// refused, and such as meet on the same residues more than 100,000 times.
+    ///
+    /// Make both tables with the same isotopes: `ModificationTable::standard(residues.atoms())`. A
+    /// natural table beside labelled residues gives masses of a natural reagent, but a composition
+    /// that cannot tell its atoms from labelled ones; a pattern of these is made of an IsotopeGroup
+    /// for each. Residues that the factory was given in modified form count with what the text puts
+    /// on them.
     Parsed<PeptidoformWeight> weigh(qsizetype ion, const ResidueTable& residues,
                                     const ModificationTable& modifications) const;
 
