@@ -163,6 +163,40 @@ TEST(Mgf, RefusesSpectraOneByOne)
     }
 }
 
+// A decimal comma would make 785.8421 a precursor of 785, and 175.119 a peak of 175.
+TEST(Mgf, RefusesDecimalCommas)
+{
+    const std::vector<std::pair<QByteArray, QByteArray>> places = {
+        {"175,119 21", "file:3:3: "}, {"175.119\t21,5", "file:3:10: "}, {"175 ,5", "file:3:4: "},
+        {"175,119,21", "file:3:3: "}, {"175,,21.5", "file:3:4: "},      {" 175,1 2", "file:3:4: "}};
+    for (const auto& [line, place] : places) {
+        const auto outcome = mgf(spectrumWith(line));
+        EXPECT_EQ(outcome.records.size(), 1U) << line.constData();
+        EXPECT_TRUE(outcome.errors.startsWith(place)) << outcome.errors.constData();
+    }
+    const auto outcome = mgf("BEGIN IONS\nPEPMASS= 785,8421 1000\nEND IONS\n");
+    EXPECT_TRUE(outcome.records.empty());
+    EXPECT_EQ(outcome.errors, "file:2:12: expected a full stop in a number, not a comma\n");
+}
+
+TEST(Mgf, TakesCommasThatCanOnlyPartColumns)
+{
+    for (const char* line :
+         {"175.5,21", "175.5, 21", "175.5 , 21", "175.5,21,2", "175.5 21 2,3", "175.5,\t21,"}) {
+        const auto outcome = mgf(spectrumWith(line));
+        ASSERT_EQ(outcome.records.size(), 2U) << line << outcome.errors.constData();
+        EXPECT_EQ(outcome.records[0].peaks.mz, (std::vector{100.0, 175.5})) << line;
+        EXPECT_EQ(outcome.records[0].peaks.intensities, (std::vector{1.0, 21.0})) << line;
+    }
+}
+
+TEST(Mgf, RefusesASecondPrecursor)
+{
+    const auto outcome = mgf(spectrumWith("PEPMASS=500.5"));
+    ASSERT_EQ(outcome.records.size(), 1U);
+    EXPECT_EQ(outcome.errors, "file:3:0: expected one PEPMASS only\n");
+}
+
 TEST(Mgf, RefusesSpectraWithoutPrecursorAndThoseThatDoNotEnd)
 {
     const auto outcome = mgf("BEGIN IONS\n100 1\nEND IONS\nBEGIN IONS\nPEPMASS=4\n"
