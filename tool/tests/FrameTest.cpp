@@ -87,6 +87,28 @@ TEST(Frame, WrongUsageHasStatusTwoAndNoOutput)
     }
 }
 
+TEST(Frame, WrongUsageIsToldInPlainWords)
+{
+    const QList<std::pair<QStringList, QByteArray>> wrong = {
+        {{u"mass"_s, u"--as"_s, u"2"_s, u"C"_s},
+         "--as: expected one of formula, glycan, oligo, proforma, not '2'"},
+        {{u"ions"_s, u"--as"_s, u"glycan"_s, u"Hex"_s},
+         "--as: expected one of oligo, proforma, not 'glycan'"},
+        {{u"digest"_s, u"--missed"_s, u"-1"_s, u"-"_s},
+         "--missed: expected a whole number from 0 to 2147483647, not '-1'"},
+        {{u"digest"_s, u"--max"_s, u"9.5"_s, u"-"_s},
+         "--max: expected a whole number from 0 to 2147483647, not '9.5'"},
+        {{u"mass"_s, u"--digits"_s, u"x"_s, u"C"_s},
+         "--digits: expected a whole number from 0 to 100, not 'x'"},
+        {{u"envelope"_s, u"--coverage"_s, u"0.5x"_s, u"C"_s},
+         "--coverage: expected a share above 0 and at most 1 - 1e-9"}};
+    for (const auto& [arguments, message] : wrong) {
+        const ProgramRun run = runZel(arguments);
+        EXPECT_EQ(run.status, 2);
+        EXPECT_EQ(run.errors, "zel: " + message + '\n');
+    }
+}
+
 TEST(Frame, RefusedInputGivesNoRowAndTheOthersAreAnswered)
 {
     const ProgramRun run = runZel({u"mass"_s, u"--digits"_s, u"4"_s, u"DRVY"_s, u"PEPX"_s, u"G"_s});

@@ -1,3 +1,4 @@
+#include "program/OptionChecks.h"
 #include "program/Program.h"
 #include "readers/Fasta.h"
 #include "readers/InputFile.h"
@@ -112,18 +113,18 @@ void addDigestCommand(Program* program)
                         "What cuts, by its PSI-MS name: else Trypsin, or RNase T1 for RNA");
     command->add_option("--missed", options->missed, "Cuts that may be missed")
         ->capture_default_str()
-        ->check(CLI::NonNegativeNumber);
+        ->check(wholeNumber(0));
     command->add_option("--min", options->min, "The least length")
         ->capture_default_str()
-        ->check(CLI::NonNegativeNumber);
+        ->check(wholeNumber(0));
     command->add_option("--max", options->max, "The largest length")
         ->capture_default_str()
-        ->check(CLI::NonNegativeNumber);
+        ->check(wholeNumber(0));
     command->add_flag("--semi", options->isSemi, "Let one end be anywhere");
     addNotation(command, &options->notation, true);
     command->add_option("--three-prime", options->end, "What ends of RNA bear: phosphate or cyclic")
         ->capture_default_str()
-        ->check(CLI::IsMember({"phosphate", "cyclic"}));
+        ->check(oneOf({"phosphate", "cyclic"}));
 }
 
 } // namespace tool

@@ -1,4 +1,5 @@
 #include "commands/IonChoice.h"
+#include "program/OptionChecks.h"
 #include "program/Program.h"
 #include "readers/Fasta.h"
 #include "readers/Mgf.h"
@@ -140,13 +141,13 @@ void addLimits(CLI::App* command, Options* options)
         ->capture_default_str();
     command->add_option("--missed", options->missed, "Cuts that may be missed")
         ->capture_default_str()
-        ->check(CLI::NonNegativeNumber);
+        ->check(wholeNumber(0));
     command->add_option("--min", options->min, "The least length of a peptide")
         ->capture_default_str()
-        ->check(CLI::PositiveNumber);
+        ->check(wholeNumber(1));
     command->add_option("--max", options->max, "The largest length of a peptide")
         ->capture_default_str()
-        ->check(CLI::PositiveNumber);
+        ->check(wholeNumber(1));
     command->add_option("--tolerance", options->tolerance, "Of precursors")->capture_default_str();
     command->add_option("--fragment-tolerance", options->fragmentTolerance, "Of fragments")
         ->capture_default_str();
@@ -176,7 +177,7 @@ void addRules(CLI::App* command, Options* options)
         ->add_option("--max-variable", options->mostVariable,
                      "Variable modifications that a peptide bears at most")
         ->capture_default_str()
-        ->check(CLI::NonNegativeNumber);
+        ->check(wholeNumber(0));
 }
 
 } // namespace
@@ -195,7 +196,7 @@ void addSearchCommand(Program* program)
     addLimits(command, options.get());
     addRules(command, options.get());
     command->add_option("--threads", options->threads, "Threads; else one for each core")
-        ->check(CLI::Range(1, 1024));
+        ->check(wholeNumber(1, 1024));
     command->add_flag("--no-decoys", options->hasNoDecoys, "Search no reversed peptides: no q");
 }
 

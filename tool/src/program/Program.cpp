@@ -2,6 +2,7 @@
 
 #include "program/Completion.h"
 #include "program/ManualPage.h"
+#include "program/OptionChecks.h"
 #include "program/Version.h"
 
 #include <algorithm>
@@ -61,7 +62,7 @@ CLI::App* Program::addCommand(const std::string& name, const std::string& summar
                         "Isotopes instead of natural ones, such as 'C13:0.99 C12:0.01'");
     command
         ->add_option("--digits", m_digits, "Digits behind the point instead of the shortest text")
-        ->check(CLI::Range(0, mostDigits));
+        ->check(wholeNumber(0, mostDigits));
     m_commands.push_back({command, std::move(run)});
     return command;
 }
@@ -124,11 +125,17 @@ void addNotation(CLI::App* command, Notation* notation, bool onlyChains)
         notations["formula"] = Notation::Formula;
         notations["glycan"] = Notation::Glycan;
     }
-    std::string names;
-    for (const auto& [name, value] : notations)
-        names += (names.empty() ? "" : ", ") + name;
-    command->add_option("--as", *notation, "The notation of the text: " + names)
-        ->transform(CLI::CheckedTransformer(notations).description(""))
+    std::vector<std::string> names;
+    std::string listed;
+    for (const auto& [name, value] : notations) {
+        names.push_back(name);
+        listed += (listed.empty() ? "" : ", ") + name;
+    }
+    const auto take = [notation, notations](const std::string& name) {
+        *notation = notations.at(name);
+    };
+    command->add_option_function<std::string>("--as", take, "The notation of the text: " + listed)
+        ->check(oneOf(names))
         ->option_text("NOTATION");
 }
 
