@@ -137,6 +137,22 @@ TEST(Frame, FileThatIsNotThereIsRefused)
     EXPECT_TRUE(run.errors.startsWith("/no/such/file:1:0: ")) << run.errors.toStdString();
 }
 
+TEST(Frame, EmptyNamesOfFilesAreRefusedByName)
+{
+    const QList<std::pair<QStringList, QByteArray>> runs = {
+        {{u"digest"_s, u""_s}, "'':1:0: expected the name of a file\n"},
+        {{u"match"_s, u"PEK"_s, u""_s}, "'':1:0: expected the name of a file\n"},
+        {{u"search"_s, u"--spectra"_s, u"/dev/null"_s, u"--database"_s, u""_s},
+         "'':1:0: expected the name of a file\n"},
+        {{u"mass"_s, u"@"_s}, "@:1:1: expected the name of a file behind '@'\n"}};
+    for (const auto& [arguments, errors] : runs) {
+        const ProgramRun run = runZel(arguments);
+        EXPECT_EQ(run.status, 1);
+        EXPECT_EQ(run.errors, errors);
+        EXPECT_TRUE(run.rows().isEmpty());
+    }
+}
+
 TEST(Frame, BracketsAndCommasOfOneTextStayTogether)
 {
     const ProgramRun run = runZel({u"read"_s, u"[Acetyl]-AK-[Amidated]"_s, u"A[INFO:a,b]K"_s});

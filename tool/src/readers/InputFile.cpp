@@ -24,6 +24,10 @@ bool open(const QString& name, QFile* file)
 void withLines(const QString& name, Complaints* complaints,
                const std::function<void(const QString&, LineReader*)>& read)
 {
+    if (name.isEmpty()) {
+        complaints->report({u"''"_s}, {u"expected the name of a file"_s, 0});
+        return;
+    }
     const QString source = name == standardInput ? u"stdin"_s : name;
     QFile file;
     if (!open(name, &file)) {
@@ -47,6 +51,10 @@ void forEachText(const QStringList& arguments, Complaints* complaints,
         ++number;
         if (argument != standardInput && !argument.startsWith(u'@')) {
             take({u"argument"_s, number}, argument);
+            continue;
+        }
+        if (argument == u"@") {
+            complaints->report({argument}, {u"expected the name of a file behind '@'"_s, 1});
             continue;
         }
         const QString file = argument == standardInput ? argument : argument.sliced(1);
