@@ -153,6 +153,20 @@ TEST(Frame, EmptyNamesOfFilesAreRefusedByName)
     }
 }
 
+// A latin-1 e with an accent, and the first half of a Greek letter.
+TEST(Frame, TextThatIsNoUtf8IsRefusedAtItsPlace)
+{
+    const ProgramRun run =
+        runZel({u"read"_s, u"-"_s}, "A[INFO:caf\xe9]K\nA[INFO:\xce\xb1\xce]K\nA[INFO:\xce\xb1]K\n");
+    EXPECT_EQ(run.status, 1);
+    EXPECT_EQ(run.errors, "stdin:1:10: expected a character in UTF-8\n"
+                          "stdin:2:8: expected a character in UTF-8\n");
+    EXPECT_EQ(run.output, "text\tcanonical\nA[INFO:\xce\xb1]K\tA[INFO:\xce\xb1]K\n");
+    const ProgramRun argument = runShell(u"zel read AK $'A[INFO:\\xe9]K'"_s);
+    EXPECT_EQ(argument.errors, "argument:2:7: expected a character in UTF-8\n");
+    EXPECT_EQ(argument.rows().size(), 1);
+}
+
 TEST(Frame, BracketsAndCommasOfOneTextStayTogether)
 {
     const ProgramRun run = runZel({u"read"_s, u"[Acetyl]-AK-[Amidated]"_s, u"A[INFO:a,b]K"_s});
