@@ -112,6 +112,15 @@ TEST(Fasta, RefusesEntriesOneByOne)
                               "file:12:0: expected letters behind this header\n");
 }
 
+TEST(Fasta, NamesKeepBytesThatAreNoUtf8AsTheirNumbers)
+{
+    const auto outcome = fasta(">caf\xe9|\xce\xb1 x\nAK\n>\xf0\x9f\nGK\n");
+    EXPECT_EQ(outcome.errors, QByteArray());
+    ASSERT_EQ(outcome.records.size(), 2U);
+    EXPECT_EQ(outcome.records[0].name, u"caf%E9|\u03b1"_s);
+    EXPECT_EQ(outcome.records[1].name, u"%F0%9F"_s);
+}
+
 TEST(Fasta, SurvivesBinaryFiles)
 {
     QByteArray bytes;
@@ -138,6 +147,13 @@ TEST(Mgf, TakesSpectra)
     EXPECT_EQ(first.peaks.intensities, (std::vector{3.0, 7.0}));
     EXPECT_EQ(outcome.records[1].title, u"index=2"_s);
     EXPECT_EQ(outcome.records[1].charges, (std::vector{2, 3}));
+}
+
+TEST(Mgf, TitlesKeepBytesThatAreNoUtf8AsTheirNumbers)
+{
+    const auto outcome = mgf("BEGIN IONS\nTITLE=caf\xe9 1\nPEPMASS=400\nEND IONS\n");
+    ASSERT_EQ(outcome.records.size(), 1U);
+    EXPECT_EQ(outcome.records[0].title, u"caf%E9 1"_s);
 }
 
 TEST(Mgf, ReadsCharges)

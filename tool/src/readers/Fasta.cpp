@@ -1,6 +1,7 @@
 #include "readers/Fasta.h"
 
 #include "readers/InputFile.h"
+#include "readers/NameText.h"
 
 #include <optional>
 #include <utility>
@@ -66,7 +67,7 @@ private:
     {
         endSequence();
         m_isRefused = false;
-        const QString text = QString::fromUtf8(header).sliced(1).simplified();
+        const QString text = nameOf(header.sliced(1)).simplified();
         m_sequence = Sequence{text.section(u' ', 0, 0), {}, {m_source, m_lines->number()}};
         if (text.isEmpty())
             refuse(u"expected a name behind '>'"_s, 1);

@@ -1,6 +1,7 @@
 #include "readers/Mgf.h"
 
 #include "readers/InputFile.h"
+#include "readers/NameText.h"
 #include "readers/PeakLine.h"
 #include "support/Number.h"
 
@@ -139,7 +140,7 @@ private:
         if (key == "CHARGE")
             readCharge(value, position);
         else if (m_isInside && key == "TITLE" && !title.isEmpty())
-            m_spectrum.title = QString::fromUtf8(title);
+            m_spectrum.title = nameOf(title);
         else if (m_isInside && key == "PEPMASS")
             readPrecursor(value, position);
     }
