@@ -121,6 +121,12 @@ TEST(Fasta, NamesKeepBytesThatAreNoUtf8AsTheirNumbers)
     EXPECT_EQ(outcome.records[1].name, u"%F0%9F"_s);
 }
 
+TEST(Fasta, RefusesAFileThatHoldsNothing)
+{
+    for (const char* bytes : {"", "\n", "; remark\n \t\r\n"})
+        EXPECT_EQ(fasta(bytes).errors, "file:1:0: expected sequences\n");
+}
+
 TEST(Fasta, SurvivesBinaryFiles)
 {
     QByteArray bytes;

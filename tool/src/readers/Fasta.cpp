@@ -3,6 +3,7 @@
 #include "readers/InputFile.h"
 #include "readers/NameText.h"
 
+#include <algorithm>
 #include <optional>
 #include <utility>
 
@@ -27,6 +28,12 @@ char toUpper(char byte)
     return byte >= 'a' && byte <= 'z' ? char(byte - 'a' + 'A') : byte;
 }
 
+/// Tells whether a line holds blanks or a remark only.
+bool isNothing(const QByteArray& line)
+{
+    return line.startsWith(';') || std::all_of(line.begin(), line.end(), isBlank);
+}
+
 /// Puts sequences together from lines.
 class FastaReader
 {
@@ -44,6 +51,7 @@ public:
     {
         while (m_lines->next()) {
             const QByteArray& line = m_lines->line();
+            m_isEmpty = m_isEmpty && isNothing(line);
             if (m_lines->isTooLong())
                 refuse(u"expected a shorter line"_s, LineReader::mostBytes);
             else if (line.startsWith('>'))
@@ -52,6 +60,8 @@ public:
                 appendLetters(line);
         }
         endSequence();
+        if (m_isEmpty)
+            m_complaints->report({m_source}, {u"expected sequences"_s, 0});
     }
 
 private:
@@ -106,6 +116,7 @@ private:
     Complaints* m_complaints;
     const std::function<void(Sequence&&)>& m_take;
     std::optional<Sequence> m_sequence;
+    bool m_isEmpty = true; ///< No line so far held anything but blanks and remarks.
     bool m_isRefused = false;
 };
 

@@ -21,7 +21,8 @@ struct Sequence
 /// Reads FASTA from any bytes and hands over each sequence. Lines that start with `;` are remarks.
 ///
 /// What a sequence holds beside ASCII letters, `*` and `-` is reported, as are headers without a
-/// name, sequences without letters, and letters in front of the first header. What was reported is not handed over; all else is.
+/// name, sequences without letters, letters in front of the first header, and a file that holds
+/// nothing. What was reported is not handed over; all else is.
 void readFasta(const QString& source, LineReader* lines, Complaints* complaints,
                const std::function<void(Sequence&&)>& take);
 
