@@ -62,23 +62,29 @@ TEST(Frame, VersionStartsWithTheNumber)
 
 TEST(Frame, WrongUsageHasStatusTwoAndNoOutput)
 {
-    const QList<QStringList> wrong = {{},
-                                      {u"cook"_s},
-                                      {u"mass"_s},
-                                      {u"mass"_s, u"--no-such-option"_s, u"AK"_s},
-                                      {u"mass"_s, u"--as"_s, u"poem"_s, u"AK"_s},
-                                      {u"mass"_s, u"--digits"_s, u"-1"_s, u"AK"_s},
-                                      {u"ions"_s, u"--as"_s, u"formula"_s, u"CH4"_s},
-                                      {u"ions"_s, u"--charges"_s, u"0"_s, u"AK"_s},
-                                      {u"ions"_s, u"--charges"_s, u"3-1"_s, u"AK"_s},
-                                      {u"ions"_s, u"--series"_s, u"q"_s, u"AK"_s},
-                                      {u"ions"_s, u"--losses"_s, u"h2o"_s, u"AK"_s},
-                                      {u"envelope"_s, u"--coverage"_s, u"1"_s, u"AK"_s},
-                                      {u"match"_s, u"--tolerance"_s, u"10"_s, u"AK"_s, u"-"_s},
-                                      {u"formulas"_s, u"--ion"_s, u"[M+H]"_s, u"18"_s},
-                                      {u"formulas"_s, u"--limit"_s, u"P2"_s, u"18"_s},
-                                      {u"digest"_s, u"--protease"_s, u"scissors"_s, u"-"_s},
-                                      {u"search"_s, u"--database"_s, u"x"_s}};
+    const QList<QStringList> wrong = {
+        {},
+        {u"cook"_s},
+        {u"mass"_s},
+        {u"mass"_s, u"--no-such-option"_s, u"AK"_s},
+        {u"mass"_s, u"--as"_s, u"poem"_s, u"AK"_s},
+        {u"mass"_s, u"--digits"_s, u"-1"_s, u"AK"_s},
+        {u"ions"_s, u"--as"_s, u"formula"_s, u"CH4"_s},
+        {u"ions"_s, u"--charges"_s, u"0"_s, u"AK"_s},
+        {u"ions"_s, u"--charges"_s, u"3-1"_s, u"AK"_s},
+        {u"ions"_s, u"--series"_s, u"q"_s, u"AK"_s},
+        {u"ions"_s, u"--losses"_s, u"h2o"_s, u"AK"_s},
+        {u"envelope"_s, u"--coverage"_s, u"1"_s, u"AK"_s},
+        {u"match"_s, u"--tolerance"_s, u"10"_s, u"AK"_s, u"-"_s},
+        {u"formulas"_s, u"--ion"_s, u"[M+H]"_s, u"18"_s},
+        {u"formulas"_s, u"--limit"_s, u"P2"_s, u"18"_s},
+        {u"digest"_s, u"--protease"_s, u"scissors"_s, u"-"_s},
+        {u"formulas"_s, u"--elements"_s, u""_s, u"18"_s},
+        {u"digest"_s, u"--min"_s, u"9"_s, u"--max"_s, u"3"_s, u"-"_s},
+        {u"search"_s, u"--database"_s, u"x"_s},
+        {u"search"_s, u"--database"_s, u"x"_s, u"--spectra"_s, u"x"_s, u"--min"_s, u"51"_s},
+        {u"search"_s, u"--database"_s, u"x"_s, u"--spectra"_s, u"x"_s, u"--variable"_s,
+         u"INFO:x@M"_s}};
     for (const QStringList& arguments : wrong) {
         const ProgramRun run = runZel(arguments);
         EXPECT_EQ(run.status, 2) << arguments.join(u' ').toStdString();

@@ -36,6 +36,7 @@ public:
         , m_nucleotides(chemistry.residues)
         , m_limits{options.missed, options.min, options.max}
     {
+        checkLengths(options.min, options.max);
         m_limits.isSemiSpecific = options.isSemi;
         const QString name = fromShell(options.agent);
         if (m_isRna)

@@ -68,6 +68,8 @@ ions::FormulaLimits limitsOf(const Options& options)
             atom.highest = limit.count(term.atom);
         limits.atoms.push_back(atom);
     }
+    if (limits.atoms.empty())
+        throw UsageError{u"--elements: expected an element"_s};
     const bool areKnown = std::all_of(
         limit.terms().begin(), limit.terms().end(), [&](const ions::Composition::Term& term) {
             return term.count > 0 &&

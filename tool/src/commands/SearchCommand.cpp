@@ -70,6 +70,7 @@ int threadCount(int wanted)
 
 SearchSettings readSettings(const Options& options, const Chemistry& chemistry)
 {
+    checkLengths(options.min, options.max);
     const auto protease = readOption(u"--protease"_s, options.protease, [](const QString& name) {
         return ions::Protease::named(name);
     });

@@ -1,8 +1,11 @@
 #include "program/OptionChecks.h"
 
+#include "support/Complaints.h"
 #include "support/Number.h"
 
 #include <algorithm>
+
+using namespace Qt::StringLiterals;
 
 namespace tool {
 
@@ -33,6 +36,14 @@ CLI::Validator wholeNumber(int least, int most)
             "a whole number from " + std::to_string(least) + " to " + std::to_string(most), text);
     };
     return CLI::Validator(check, "");
+}
+
+void checkLengths(int min, int max)
+{
+    if (min > max) {
+        throw UsageError{
+            u"--min: expected at most %1, the length of --max, not %2"_s.arg(max).arg(min)};
+    }
 }
 
 CLI::Validator oneOf(const std::vector<std::string>& words)

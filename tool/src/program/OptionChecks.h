@@ -10,6 +10,9 @@ namespace tool {
 /// Lets an option take a whole number from `least` to `most`.
 CLI::Validator wholeNumber(int least, int most = std::numeric_limits<int>::max());
 
+/// Throws UsageError where `--min` is above `--max`, between which no length lies.
+void checkLengths(int min, int max);
+
 /// Lets an option take one of these words, which completion offers.
 CLI::Validator oneOf(const std::vector<std::string>& words);
 
