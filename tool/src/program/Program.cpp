@@ -4,10 +4,12 @@
 #include "program/ManualPage.h"
 #include "program/OptionChecks.h"
 #include "program/Version.h"
+#include "support/Output.h"
 
 #include <algorithm>
 #include <cstdio>
 #include <map>
+#include <sstream>
 
 using namespace Qt::StringLiterals;
 
@@ -26,11 +28,6 @@ int complain(const QString& message)
     const QByteArray line = "zel: " + message.toUtf8() + '\n';
     std::fwrite(line.constData(), 1, std::size_t(line.size()), stderr);
     return usageStatus;
-}
-
-void print(const std::string& text)
-{
-    std::fwrite(text.data(), 1, text.size(), stdout);
 }
 
 } // namespace
@@ -73,7 +70,9 @@ int Program::run(int count, char** arguments)
         m_app.parse(forParser(count, arguments));
         return m_help->parsed() ? help() : runChosen();
     } catch (const CLI::Success& success) {
-        m_app.exit(success); // prints help or the version
+        std::ostringstream text;
+        m_app.exit(success, text); // help or the version
+        writeOut(text.str());
         return doneStatus;
     } catch (const CLI::ParseError& error) {
         return complain(QString::fromStdString(error.what()));
@@ -98,12 +97,12 @@ int Program::runChosen()
 int Program::help() const
 {
     if (m_wantsManualPage || m_wantsCompletion) {
-        print(m_wantsManualPage ? manualPage(m_app, versionText()) : bashCompletion(m_app));
+        writeOut(m_wantsManualPage ? manualPage(m_app, versionText()) : bashCompletion(m_app));
         return doneStatus;
     }
     if (m_helpTopic.empty()) {
         // Not m_app.help(), which tells about the command at work, this one.
-        print(
+        writeOut(
             m_app.get_formatter()->make_help(&m_app, m_app.get_name(), CLI::AppFormatMode::Normal));
         return doneStatus;
     }
@@ -113,7 +112,7 @@ int Program::help() const
         });
     if (topic == m_commands.end())
         return complain(u"there is no command "_s + QString::fromStdString(m_helpTopic));
-    print(topic->app->help(m_app.get_name()));
+    writeOut(topic->app->help(m_app.get_name()));
     return doneStatus;
 }
 
