@@ -1,6 +1,7 @@
 #include "CommandNames.h"
 #include "RunZel.h"
 #include "TemporaryText.h"
+#include "TestFiles.h"
 #include "chemistry/IsotopeConfig.h"
 #include "support/Number.h"
 #include "support/Table.h"
@@ -58,6 +59,20 @@ TEST(Frame, VersionStartsWithTheNumber)
     const ProgramRun run = runZel({u"--version"_s});
     EXPECT_EQ(run.status, 0);
     EXPECT_TRUE(run.output.startsWith("zel 0.1.0")) << run.output.toStdString();
+}
+
+TEST(Frame, VersionNamesTheCommitOfItsClone)
+{
+    const ProgramRun git =
+        runProgram(u"git"_s, {u"-C"_s, testFile(u"."_s), u"rev-parse"_s, u"HEAD"_s}, {});
+    if (git.status != 0)
+        GTEST_SKIP() << "a copy without a history";
+    const QByteArray version = runZel({u"--version"_s}).output;
+    const qsizetype open = version.indexOf('(');
+    ASSERT_GT(open, 0) << version.constData();
+    const QByteArray commit = version.sliced(open + 1).chopped(2);
+    EXPECT_GE(commit.size(), 7);
+    EXPECT_TRUE(git.output.startsWith(commit)) << version.constData() << git.output.constData();
 }
 
 TEST(Frame, WrongUsageHasStatusTwoAndNoOutput)
