@@ -51,6 +51,25 @@ public:
                        : digest->cleave(text, *m_protease, m_residues, m_limits);
     }
 
+    /// A piece as text that the notation reads. RNA has the mark of its sugar in front of each
+    /// letter, and of what a cut left behind the last: `}` for a 3'-phosphate, and for a cyclic
+    /// one `>p`, which no reader of oligonucleotides knows and none takes for anything else.
+    QString piece(const QString& letters, qsizetype start, qsizetype end) const
+    {
+        const QStringView letterRun = QStringView(letters).sliced(start, end - start);
+        if (!m_isRna)
+            return letterRun.toString();
+        QString text;
+        text.reserve(2 * letterRun.size() + 2);
+        for (const QChar letter : letterRun) {
+            text += u'r';
+            text += letter;
+        }
+        if (end < letters.size())
+            text += m_end == ions::ThreePrimeEnd::Phosphate ? u"}"_s : u">p"_s;
+        return text;
+    }
+
 private:
     template <typename Agent>
     static Agent agent(const QString& name)
@@ -70,13 +89,14 @@ private:
     std::optional<ions::Ribonuclease> m_ribonuclease;
 };
 
-void addRows(const Sequence& sequence, const ions::Digest& digest, Table* table)
+void addRows(const Sequence& sequence, const Cutter& cutter, const ions::Digest& digest,
+             Table* table)
 {
     for (std::size_t i = 0; i < digest.size(); ++i) {
         const qsizetype start = digest.starts()[i];
         const qsizetype end = digest.ends()[i];
         table->add({sequence.name, start + 1, end, digest.missedCleavages()[i],
-                    sequence.letters.sliced(start, end - start), digest.monoisotopic()[i],
+                    cutter.piece(sequence.letters, start, end), digest.monoisotopic()[i],
                     digest.average()[i]});
     }
 }
@@ -90,7 +110,7 @@ void run(const Options& options, Task* task)
     ions::Digest digest;
     const auto take = [&](Sequence&& sequence) {
         if (cutter.cut(sequence.letters, &digest))
-            addRows(sequence, digest, &table);
+            addRows(sequence, cutter, digest, &table);
         else
             task->complaints.report(sequence.place, {u"expected a shorter sequence"_s, 0});
     };
