@@ -56,11 +56,20 @@ ions::Composition readAtoms(const QString& option, const std::string& text)
                       [](const QString& atoms) { return ions::Composition::read(atoms); });
 }
 
-ions::FormulaLimits limitsOf(const Options& options)
+/// The least double bonds and rings: below 0 a formula has more hydrogens and halogens than
+/// valences allow. What bears its charge by itself, such as tetramethylammonium as [M]+, lacks a
+/// bond for each half of it.
+double lowestUnsaturation(const std::optional<ions::Ionization>& ion)
+{
+    return ion && ion->carriers().isEmpty() ? -0.5 * std::abs(ion->charge()) : 0.0;
+}
+
+ions::FormulaLimits limitsOf(const Options& options, const Measured& measured)
 {
     const ions::Composition limit = readAtoms(u"--limit"_s, options.limit);
     ions::FormulaLimits limits;
     limits.formulas = mostFormulas;
+    limits.lowestUnsaturation = lowestUnsaturation(measured.ion);
     const ions::Composition elements = readAtoms(u"--elements"_s, options.elements);
     for (const ions::Composition::Term& term : elements.terms()) {
         ions::AtomLimits atom{term.atom};
@@ -119,7 +128,7 @@ search(const Measured& measured, const ions::FormulaLimits& limits, const ions::
 void run(const Options& options, Task* task)
 {
     Measured measured = readMeasured(options);
-    const ions::FormulaLimits limits = limitsOf(options);
+    const ions::FormulaLimits limits = limitsOf(options, measured);
     Table table({u"composition"_s, u"monoisotopic"_s, u"ppm"_s}, task->digits);
     const auto text = onlyText(fromShell(options.mass), &task->complaints);
     if (!text)
