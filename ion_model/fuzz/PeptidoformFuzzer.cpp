@@ -20,8 +20,10 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     // Of huge numbers, sums are only asked not to crash.
     const bool isOrdinary = hasOrdinaryNumbers(*read);
     for (qsizetype ion = 0; ion < std::ssize(read->ions); ++ion) {
-        const char* const broken = lawBrokenByBackbone(*read, ion);
-        requireLaw(isOrdinary ? broken : nullptr);
+        for (const auto& law : {lawBrokenByBackbone, lawBrokenByIonCompositions}) {
+            const char* const broken = law(*read, ion);
+            requireLaw(isOrdinary ? broken : nullptr);
+        }
     }
     for (const auto& law : {lawBrokenByMolecule, lawBrokenThroughMolecules}) {
         const char* const broken = law(*read);

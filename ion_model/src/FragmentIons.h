@@ -57,8 +57,11 @@ struct ZEL_ION_MODEL_EXPORT LossRule
     NeutralLoss loss; ///< What is lost.
     QString residues; ///< Only ions that hold one of these letters lose it; empty for all ions.
 
-    /// Reads `H2O` or `H2O@STED`: a formula, then letters of residues.
-    static Parsed<LossRule> read(QStringView text, const AtomMasses& atoms);
+    /// Reads `H2O` or `H2O@STED`: a formula, then letters of residues. A molecule that is labelled
+    /// throughout loses labelled atoms: `isotopes` take the place of the elements in the formula,
+    /// as those of a Peptidoform do in its residues.
+    static Parsed<LossRule> read(QStringView text, const AtomMasses& atoms,
+                                 std::span<const Atom> isotopes = {});
 
     /// Compares both.
     friend bool operator==(const LossRule&, const LossRule&) = default;
@@ -130,6 +133,8 @@ public:
     ///
     /// Immonium and internal ions of linked units are left out.
     ///
+    /// A loss that a rule names and a group has as well comes once, under the rule's name.
+    ///
     /// Gives a refusal where open groups make more than 16 variants of one ion or 256 of the ions
     /// of an end, where losses make more than 1,000 combinations, and for charges beyond 10,000 or
     /// shifts beyond 127 hydrogens; then there are no ions.
@@ -147,7 +152,9 @@ public:
 
     /// The label of an ion as PSI's mzPAF writes it: "b5", "y7-H2O^2", "IK", "m3:6", "p^2", and
     /// chains by number where there are several ("2:b5"). Peptide series and oligonucleotide series
-    /// have one form; dotted series are written with their hydrogen ("z5+H").
+    /// have one form; dotted series are written with their hydrogen ("z5+H"). A unit without a
+    /// letter is X. Empty for an index outside the list and for another backbone that lacks the
+    /// ion's chain or unit.
     QString label(const Backbone& backbone, qsizetype ion) const;
 
     /// The composition of an ion: m/z = (neutral mass + charge × proton) / |charge|, where a proton

@@ -320,7 +320,8 @@ struct ZEL_ION_MODEL_EXPORT Peptidoform
     /// Of the descriptions of a modification the first counts that has a mass, one that was
     /// measured last; a remark alone weighs nothing. X weighs nothing under a modification.
     /// Isotopes replace the atoms of residues, ends and modifications, not those of carriers. A
-    /// fixed modification leaves alone what bears one for certain.
+    /// fixed modification leaves alone what bears one for certain. More than 1,000 of them are
+    /// refused, and such as meet on the same residues more than 100,000 times.
     Parsed<PeptidoformWeight> weigh(qsizetype ion, const ResidueTable& residues,
                                     const ModificationTable& modifications) const;
 

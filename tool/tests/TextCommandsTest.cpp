@@ -138,6 +138,41 @@ TEST(IonsCommand, NegativeChargesHavePositiveMz)
     EXPECT_GT(run.rows()[0][5].toDouble(), 0.0);
 }
 
+// By hand, of serine, glutamic acid and water with oxygen-18.
+TEST(IonsCommand, LosesLabelledAtomsOfALabelledMolecule)
+{
+    const ProgramRun run = runZel({u"ions"_s, u"<18O>SEK"_s, u"--losses"_s, u"H2O"_s, u"--series"_s,
+                                   u"b"_s, u"--digits"_s, u"5"_s});
+    QByteArrayList mz;
+    for (const QByteArrayList& row : run.rows())
+        mz += row[5];
+    EXPECT_EQ(mz, (QByteArrayList{"92.04779", "227.10312", "72.03299", "207.08831"}));
+}
+
+TEST(IonsCommand, OrdersByNumberWhereIonsHoldOpenGroupsOrNot)
+{
+    const ProgramRun run = runZel({u"ions"_s, u"(ESM)[+80]K"_s, u"--series"_s, u"b"_s});
+    QByteArrayList labels;
+    for (const QByteArrayList& row : run.rows())
+        labels += row[0];
+    EXPECT_EQ(labels, (QByteArrayList{"b1", "b1", "b2", "b2", "b3"}));
+}
+
+TEST(IonsCommand, OrdersByNumberWhereALoopPartsTheChain)
+{
+    const ProgramRun run = runZel({u"ions"_s, u"AK[X:DSS#XL1]GK[#XL1]AK"_s, u"--series"_s, u"y"_s});
+    QByteArrayList labels;
+    for (const QByteArrayList& row : run.rows())
+        labels += row[0];
+    EXPECT_EQ(labels, (QByteArrayList{"y1", "y2", "y5"}));
+}
+
+TEST(IonsCommand, LeavesOutIonsWithoutMass)
+{
+    EXPECT_EQ(runZel({u"ions"_s, u"GG"_s, u"--charges"_s, u"-1000"_s}).rows().size(), 0);
+    EXPECT_EQ(runZel({u"ions"_s, u"GG"_s, u"--losses"_s, u"C20"_s}).rows().size(), 2);
+}
+
 TEST(IonsCommand, NumbersChainsInLabels)
 {
     const ProgramRun run = runZel({u"ions"_s, u"AK[X:DSS#XL1]GK//GK[#XL1]AK"_s});

@@ -24,16 +24,29 @@ bool isDotted(const QString& name)
     return name.endsWith(u'.');
 }
 
+/// Whether a chain has so many units.
+bool hasUnit(const Backbone& backbone, qsizetype chain, qsizetype count)
+{
+    return chain < std::ssize(backbone.chains()) &&
+           count <= std::ssize(backbone.chains()[std::size_t(chain)].units);
+}
+
 } // namespace
 
-Parsed<LossRule> LossRule::read(QStringView text, const AtomMasses& atoms)
+Parsed<LossRule> LossRule::read(QStringView text, const AtomMasses& atoms,
+                                std::span<const Atom> isotopes)
 {
     const qsizetype at = text.indexOf(u'@');
     const QStringView formula = at < 0 ? text : text.first(at);
-    const Parsed<Composition> composition = Composition::read(formula);
-    if (!composition)
-        return composition.error();
-    const Parsed<Masses> masses = atoms.weigh(*composition);
+    const Parsed<Composition> read = Composition::read(formula);
+    if (!read)
+        return read.error();
+    Composition composition = *read;
+    for (const Atom isotope : isotopes) {
+        if (!composition.label(isotope))
+            return Error{u"expected counts that fit the isotopes"_s, 0};
+    }
+    const Parsed<Masses> masses = atoms.weigh(composition);
     if (!masses)
         return Error{masses.error().message, 0};
     const QStringView residues = at < 0 ? QStringView() : text.sliced(at + 1);
@@ -65,21 +78,23 @@ QString FragmentIons::label(const Backbone& backbone, qsizetype ion) const
     if (ion < 0 || index == std::ssize(m_runs))
         return {};
     const IonRun& run = m_runs[std::size_t(index)];
-    const QString number = QString::number(qsizetype(run.firstNumber) + offset);
+    const qsizetype number = qsizetype(run.firstNumber) + offset;
+    if (!hasUnit(backbone, run.chain, number))
+        return {};
     const bool isOneOfSeveral = backbone.chains().size() > 1 && run.series != Series::Precursor;
     QString text = isOneOfSeveral ? QString::number(run.chain + 1) + u':' : QString();
     int dotted = 0;
     if (run.series == Series::Precursor) {
         text += u'p';
     } else if (run.series == Series::Immonium) {
-        const QString& letters = backbone.chains()[run.chain].letters;
-        text += u'I' + QString(letters.at(qsizetype(run.firstNumber) + offset - 1));
+        const QChar letter = backbone.chains()[run.chain].letters[number - 1];
+        text += u'I' + QString(letter.isNull() ? QChar(u'X') : letter);
     } else if (run.series == Series::Internal) {
-        text += u'm' + QString::number(run.start) + u':' + number;
+        text += u'm' + QString::number(run.start) + u':' + QString::number(number);
     } else {
         const QString name = seriesName(run.series);
         dotted = isDotted(name) ? 1 : 0;
-        text += (isDotted(name) ? name.chopped(1) : name) + number;
+        text += (isDotted(name) ? name.chopped(1) : name) + QString::number(number);
     }
     text += signedCount(run.hydrogens + dotted, u"H"_s) + m_losses[run.loss];
     if (run.charge != 1)

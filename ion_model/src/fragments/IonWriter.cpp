@@ -17,11 +17,6 @@ namespace {
 
 constexpr int unlimited = std::numeric_limits<int>::max();
 
-bool hasLoss(const BackboneGroup& group, const NeutralLoss& loss)
-{
-    return std::find(group.losses.begin(), group.losses.end(), loss) != group.losses.end();
-}
-
 std::vector<qsizetype> allOf(std::span<const BackboneChain> chains)
 {
     std::vector<qsizetype> indices(chains.size());
@@ -169,11 +164,9 @@ std::optional<Error> IonWriter::writePlain()
 std::optional<Error> IonWriter::writeAll()
 {
     auto failure = plan();
-    if (failure)
-        return failure;
-    for (const IonKind& kind : m_plan->kinds())
-        writeKind(kind);
-    return {};
+    for (auto kind = m_plan->kinds().begin(); !failure && kind != m_plan->kinds().end(); ++kind)
+        failure = writeKind(*kind);
+    return failure;
 }
 
 /// The run of a kind without numbers.
@@ -212,41 +205,65 @@ void IonWriter::writeUniform(const Chain& chain)
         writeBlocks<1>(sums, kinds, count, m_ions.m_mz.data());
 }
 
+/// Lays out the cuts of the chains, and how the ions of an end that is asked for hold open groups.
 std::optional<Error> IonWriter::plan()
 {
+    const auto isWanted = [this](bool (*isOfEnd)(Series)) {
+        return std::any_of(m_options.series.begin(), m_options.series.end(), isOfEnd);
+    };
+    const bool hasLeft = isWanted(isLeftSeries);
+    const bool hasRight = isWanted(isRightSeries);
     const double* sums = m_backbone.m_sums.data();
     for (qsizetype i = 0; i < std::ssize(m_backbone.chains()); ++i) {
         m_chains.push_back(chainAt(i, sums));
         const Chain& chain = m_chains.back();
         sums += chain.size + 1;
         const NumberSpan numbers{1, chain.size - 1};
-        const auto left = openVariants(*chain.chain, UnitRange::left(chain.size), numbers);
-        const auto right = openVariants(*chain.chain, UnitRange::right(chain.size), numbers);
-        if (!left || !right)
-            return Error{u"expected at most 16 ways in which one ion, and 256 in which all ions of "
-                         u"an end hold open groups"_s,
-                         -1, i};
-        m_plans.push_back({cutSegments(m_backbone, i), *left, *right});
+        Plan plan{cutSegments(m_backbone, i), {}, {}};
+        std::optional<Error> failure;
+        if (hasLeft)
+            failure = fill(&plan.left, chain, UnitRange::left(chain.size), numbers);
+        if (hasRight && !failure)
+            failure = fill(&plan.right, chain, UnitRange::right(chain.size), numbers);
+        if (failure)
+            return failure;
+        m_plans.push_back(std::move(plan));
     }
     return {};
 }
 
-void IonWriter::writeKind(const IonKind& kind)
+/// Lists the ways in which ions hold the open groups of their chain, or says that there are too
+/// many.
+std::optional<Error> IonWriter::fill(std::vector<OpenVariant>* variants, const Chain& chain,
+                                     const UnitRange& range, NumberSpan numbers)
+{
+    auto listed = openVariants(*chain.chain, range, numbers);
+    if (!listed)
+        return Error{u"expected at most 16 ways in which one ion, and 256 in which all ions of "
+                     u"an end hold open groups"_s,
+                     -1, chain.index};
+    *variants = *std::move(listed);
+    return {};
+}
+
+std::optional<Error> IonWriter::writeKind(const IonKind& kind)
 {
     if (kind.series == Series::Precursor) {
         writePrecursor(kind);
-        return;
+        return {};
     }
-    for (const Chain& chain : m_chains) {
-        if (!arises(kind.series, chain.chain->polymer))
+    std::optional<Error> failure;
+    for (auto chain = m_chains.begin(); !failure && chain != m_chains.end(); ++chain) {
+        if (!arises(kind.series, chain->chain->polymer))
             continue;
         if (kind.series == Series::Immonium)
-            writeImmonium(kind, chain);
+            failure = writeImmonium(kind, *chain);
         else if (kind.series == Series::Internal)
-            writeInternal(kind, chain);
+            failure = writeInternal(kind, *chain);
         else
-            writeTerminal(kind, chain);
+            writeTerminal(kind, *chain);
     }
+    return failure;
 }
 
 void IonWriter::writeTerminal(const IonKind& kind, const Chain& chain)
@@ -293,35 +310,39 @@ void IonWriter::writePrecursor(const IonKind& kind)
         *appendRun(kind, m_chains.front(), {0, 0}, 1) = (mass - labile) / std::abs(kind.charge);
 }
 
-void IonWriter::writeImmonium(const IonKind& kind, const Chain& chain)
+std::optional<Error> IonWriter::writeImmonium(const IonKind& kind, const Chain& chain)
 {
-    for (qsizetype unit = 0; unit < chain.size; ++unit) {
+    std::optional<Error> failure;
+    for (qsizetype unit = 0; !failure && unit < chain.size; ++unit) {
         if (!isLinked(m_backbone, chain.index, unit))
-            writeMiddle(kind, chain, unit, {1, 1});
+            failure = writeMiddle(kind, chain, unit, {1, 1});
     }
+    return failure;
 }
 
 /// From each unit but the first to each unit but the last, as far as no link ends there.
-void IonWriter::writeInternal(const IonKind& kind, const Chain& chain)
+std::optional<Error> IonWriter::writeInternal(const IonKind& kind, const Chain& chain)
 {
-    for (qsizetype start = 1; start < chain.size - 1; ++start) {
+    std::optional<Error> failure;
+    for (qsizetype start = 1; !failure && start < chain.size - 1; ++start) {
         const qsizetype end = internalEnd(m_backbone, chain.index, start);
-        writeMiddle(kind, chain, start, {2, end - start});
+        failure = writeMiddle(kind, chain, start, {2, end - start});
     }
+    return failure;
 }
 
 /// Ions of one, two and more units from `start` on.
-void IonWriter::writeMiddle(const IonKind& kind, const Chain& chain, qsizetype start,
-                            NumberSpan numbers)
+std::optional<Error> IonWriter::writeMiddle(const IonKind& kind, const Chain& chain,
+                                            qsizetype start, NumberSpan numbers)
 {
     const UnitRange range = UnitRange::middle(start, chain.size);
-    // One residue or a growing piece holds what a piece from the left end would at most.
-    const auto variants = openVariants(*chain.chain, range, numbers);
-    if (!variants || numbers.isEmpty())
-        return;
+    std::vector<OpenVariant> variants;
+    const auto failure = fill(&variants, chain, range, numbers);
+    if (failure || numbers.isEmpty())
+        return failure;
     const double* const sums = chain.sums;
-    for (std::size_t i = 0; i < variants->size(); ++i) {
-        const OpenVariant& variant = (*variants)[i];
+    for (std::size_t i = 0; i < variants.size(); ++i) {
+        const OpenVariant& variant = variants[i];
         const NumberSpan held = numbersWithLosses(kind, chain, range, variant, {}, variant.numbers);
         if (held.isEmpty())
             continue;
@@ -333,6 +354,7 @@ void IonWriter::writeMiddle(const IonKind& kind, const Chain& chain, qsizetype s
         for (qsizetype number = held.first; number <= held.last; ++number)
             *mz++ = (sums[range.end(number)] - sums[start] + added) / std::abs(kind.charge);
     }
+    return {};
 }
 
 /// Makes room for so many ions, and for no more.
@@ -428,22 +450,25 @@ NumberSpan IonWriter::numbersWithLosses(const IonKind& kind, const Chain& chain,
     return numbers;
 }
 
-/// How many units from `begin` to before `end` can show a loss.
+/// How many units from `begin` to before `end` can show a loss: by their letter or by a group.
 int IonWriter::holders(const LossKind& loss, const BackboneChain& chain, qsizetype begin,
                        qsizetype end) const
 {
-    if (loss.isOfGroup) {
-        return int(std::count_if(chain.lossy.begin(), chain.lossy.end(), [&](const auto& lossy) {
-            return lossy.first >= begin && lossy.first < end && hasLoss(lossy.second, loss.loss);
-        }));
-    }
-    if (loss.residues.isEmpty())
+    if (loss.isOfAny())
         return unlimited;
+    const auto isOfRule = [&](QChar letter) {
+        return loss.residues.contains(letter);
+    };
     const QStringView letters = QStringView(chain.letters).sliced(begin, end - begin);
-    const QStringView losing = loss.residues;
-    return int(std::count_if(letters.begin(), letters.end(), [losing](QChar letter) {
-        return std::find(losing.begin(), losing.end(), letter) != losing.end();
-    }));
+    auto count = std::count_if(letters.begin(), letters.end(), isOfRule);
+    if (loss.isOfGroup) {
+        count += std::count_if(chain.lossy.begin(), chain.lossy.end(), [&](const auto& lossy) {
+            const auto& [unit, group] = lossy;
+            return unit >= begin && unit < end && !isOfRule(chain.letters[unit]) &&
+                   hasLoss(group, loss.loss);
+        });
+    }
+    return int(count);
 }
 
 /// The same for whole chains, with their open groups.

@@ -48,13 +48,16 @@ private:
     std::optional<Error> writeAll();
     void writeUniform(const Chain& chain);
     std::optional<Error> plan();
+    static std::optional<Error> fill(std::vector<OpenVariant>* variants, const Chain& chain,
+                                     const UnitRange& range, NumberSpan numbers);
 
-    void writeKind(const IonKind& kind);
+    std::optional<Error> writeKind(const IonKind& kind);
     void writeTerminal(const IonKind& kind, const Chain& chain);
     void writePrecursor(const IonKind& kind);
-    void writeImmonium(const IonKind& kind, const Chain& chain);
-    void writeInternal(const IonKind& kind, const Chain& chain);
-    void writeMiddle(const IonKind& kind, const Chain& chain, qsizetype start, NumberSpan numbers);
+    std::optional<Error> writeImmonium(const IonKind& kind, const Chain& chain);
+    std::optional<Error> writeInternal(const IonKind& kind, const Chain& chain);
+    std::optional<Error> writeMiddle(const IonKind& kind, const Chain& chain, qsizetype start,
+                                     NumberSpan numbers);
 
     void writeRun(const IonKind& kind, const Chain& chain, NumberSpan numbers, double mass,
                   std::size_t variant);

@@ -1,5 +1,7 @@
 #include "fragments/LossTable.h"
 
+#include "masses/EntityMasses.h"
+
 #include <algorithm>
 
 using namespace Qt::StringLiterals;
@@ -18,7 +20,7 @@ LossSet extended(const LossSet& set, const std::vector<LossKind>& kinds, std::si
     longer.times.resize(kinds.size());
     ++longer.times[kind];
     longer.mass += kinds[kind].loss.masses.monoisotopic;
-    longer.isOfAny = longer.isOfAny && kinds[kind].residues.isEmpty() && !kinds[kind].isOfGroup;
+    longer.isOfAny = longer.isOfAny && kinds[kind].isOfAny();
     longer.label += u"-"_s + kinds[kind].loss.name;
     return longer;
 }
@@ -37,37 +39,51 @@ void visitGroupLosses(const Backbone& backbone, const IonOptions& options, const
     }
 }
 
-/// Whether one of the first kinds is this loss of a group.
-bool isAmong(const std::vector<LossKind>& kinds, std::size_t count, const NeutralLoss& loss)
+} // namespace
+
+bool isSameLoss(const NeutralLoss& left, const NeutralLoss& right)
 {
-    return std::any_of(kinds.begin(), kinds.begin() + std::ptrdiff_t(count),
-                       [&](const LossKind& kind) { return kind.isOfGroup && kind.loss == loss; });
+    return isSameMass(left.masses, right.masses);
 }
 
-} // namespace
+bool hasLoss(const BackboneGroup& group, const NeutralLoss& loss)
+{
+    return std::any_of(group.losses.begin(), group.losses.end(),
+                       [&](const NeutralLoss& own) { return isSameLoss(own, loss); });
+}
 
 LossTable::LossTable(const Backbone& backbone, const IonOptions& options)
 {
     for (const LossRule& rule : options.losses)
-        m_kinds.push_back({rule.loss, rule.residues, false});
+        m_kinds.push_back({rule.loss, true, rule.residues, false});
     visitGroupLosses(backbone, options, [this](const NeutralLoss& loss) {
-        if (!isAmong(m_kinds, m_kinds.size(), loss))
-            m_kinds.push_back({loss, {}, true});
+        const auto known = std::find_if(m_kinds.begin(), m_kinds.end(), [&](const LossKind& kind) {
+            return isSameLoss(kind.loss, loss);
+        });
+        if (known == m_kinds.end())
+            m_kinds.push_back({loss, false, {}, true});
+        else
+            known->isOfGroup = true;
     });
     combine(std::clamp(options.maxLosses, 0, mostLossesAtOnce));
 }
 
 bool LossTable::hasGroupsOf(const Backbone& backbone, const IonOptions& options) const
 {
-    std::size_t seen = options.losses.size();
     bool isSame = true;
     visitGroupLosses(backbone, options, [&](const NeutralLoss& loss) {
-        if (!isSame || isAmong(m_kinds, seen, loss))
-            return;
-        ++seen;
-        isSame = seen <= m_kinds.size() && isAmong(m_kinds, seen, loss);
+        isSame = isSame && std::any_of(m_kinds.begin(), m_kinds.end(), [&](const LossKind& kind) {
+                     return kind.isOfGroup && isSameLoss(kind.loss, loss);
+                 });
     });
-    return isSame && seen == m_kinds.size();
+    return isSame && std::all_of(m_kinds.begin(), m_kinds.end(), [&](const LossKind& kind) {
+               bool isThere = !kind.isOfGroup;
+               if (kind.isOfGroup)
+                   visitGroupLosses(backbone, options, [&](const NeutralLoss& loss) {
+                       isThere = isThere || isSameLoss(kind.loss, loss);
+                   });
+               return isThere;
+           });
 }
 
 void LossTable::combine(int maxLosses)

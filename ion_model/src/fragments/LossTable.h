@@ -12,9 +12,18 @@ namespace ions {
 struct LossKind
 {
     NeutralLoss loss;
-    QString residues;       ///< Of a rule: the letters that lose it; empty for any ion.
-    bool isOfGroup = false; ///< Whether only ions that hold a group with this loss show it.
+    bool isOfRule = false;  ///< Whether the options name it.
+    QString residues;       ///< The letters that lose it by the rule; empty for any ion.
+    bool isOfGroup = false; ///< Whether ions that hold a group with this loss show it.
+
+    /// Whether any ion shows it, whatever it holds.
+    bool isOfAny() const { return isOfRule && residues.isEmpty(); }
 };
+
+/// Whether two losses are one, however they are called.
+bool isSameLoss(const NeutralLoss& left, const NeutralLoss& right);
+/// Whether a group may lose this.
+bool hasLoss(const BackboneGroup& group, const NeutralLoss& loss);
 
 /// What one ion loses at a time.
 struct LossSet
@@ -26,7 +35,7 @@ struct LossSet
 };
 
 /// The losses that ions of a backbone may show: none first, then by number of losses, each in the
-/// order of the options, those of groups last.
+/// order of the options, those of groups alone last.
 class LossTable
 {
 public:

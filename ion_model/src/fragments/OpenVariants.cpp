@@ -1,5 +1,7 @@
 #include "fragments/OpenVariants.h"
 
+#include "fragments/LossTable.h"
+
 #include <algorithm>
 #include <cmath>
 
@@ -10,6 +12,11 @@ namespace {
 constexpr int mostVariants = 16;
 constexpr std::size_t mostListed = 256; // a run tells its variant in one byte
 constexpr double sameMass = 1e-6;
+
+bool isSame(double left, double right)
+{
+    return std::abs(left - right) < sameMass;
+}
 
 bool canHold(const OpenGroup& open, const UnitRange& range, qsizetype number)
 {
@@ -87,15 +94,51 @@ std::vector<OpenVariant> extended(const std::vector<OpenVariant>& variants, cons
     return longer;
 }
 
+/// The variant without the numbers of another one: what stands in front of these and behind them.
+std::vector<OpenVariant> without(const OpenVariant& variant, NumberSpan numbers)
+{
+    std::vector<OpenVariant> left;
+    for (const NumberSpan span : {NumberSpan{variant.numbers.first, numbers.first - 1},
+                                  NumberSpan{numbers.last + 1, variant.numbers.last}}) {
+        const NumberSpan rest = span & variant.numbers;
+        if (!rest.isEmpty())
+            left.push_back({variant.mass, rest, variant.held});
+    }
+    return left;
+}
+
+/// Leaves out what an earlier variant weighs as well: two groups may weigh what a third does.
+std::vector<OpenVariant> withoutRepeats(const std::vector<OpenVariant>& variants)
+{
+    std::vector<OpenVariant> unique;
+    for (const OpenVariant& variant : variants) {
+        std::vector<OpenVariant> rest = {variant};
+        for (std::size_t i = 0; i < unique.size() && !rest.empty(); ++i) {
+            if (!isSame(unique[i].mass, variant.mass))
+                continue;
+            std::vector<OpenVariant> parts;
+            for (const OpenVariant& part : rest) {
+                const std::vector<OpenVariant> left = without(part, unique[i].numbers);
+                parts.insert(parts.end(), left.begin(), left.end());
+            }
+            rest = std::move(parts);
+        }
+        unique.insert(unique.end(), rest.begin(), rest.end());
+    }
+    return unique;
+}
+
 } // namespace
 
 std::vector<OpenClass> openClasses(const BackboneChain& chain)
 {
     std::vector<OpenClass> classes;
     for (const OpenGroup& open : chain.open) {
+        const double mass = open.group.masses.monoisotopic;
+        if (isSame(mass, 0.0))
+            continue;
         const auto alike = std::find_if(classes.begin(), classes.end(), [&](const OpenClass& c) {
-            return std::abs(c.front()->group.masses.monoisotopic - open.group.masses.monoisotopic) <
-                   sameMass;
+            return isSame(c.front()->group.masses.monoisotopic, mass);
         });
         if (alike == classes.end())
             classes.push_back({&open});
@@ -114,6 +157,9 @@ std::optional<std::vector<OpenVariant>> openVariants(const BackboneChain& chain,
         if (mostOverlaps(variants) > mostVariants || variants.size() > mostListed)
             return {};
     }
+    variants = withoutRepeats(variants);
+    if (variants.size() > mostListed)
+        return {};
     return variants;
 }
 
@@ -123,9 +169,10 @@ int holdersAmongOpen(const BackboneChain& chain, const OpenVariant& variant,
     int holders = 0;
     const std::vector<OpenClass> classes = openClasses(chain);
     for (std::size_t i = 0; i < variant.held.size(); ++i) {
-        const auto& losses = classes[i].front()->group.losses;
-        if (std::find(losses.begin(), losses.end(), loss) != losses.end())
-            holders += variant.held[i];
+        const auto losing =
+            std::count_if(classes[i].begin(), classes[i].end(),
+                          [&](const OpenGroup* open) { return hasLoss(open->group, loss); });
+        holders += std::min(variant.held[i], int(losing));
     }
     return holders;
 }

@@ -20,11 +20,12 @@ struct OpenVariant
 /// Open groups of one mass.
 using OpenClass = std::vector<const OpenGroup*>;
 
-/// The open groups of a chain, those of equal mass together, in the order of their first.
+/// The open groups of a chain, those of equal mass together, in the order of their first. Those
+/// that weigh nothing make no difference and are left out.
 std::vector<OpenClass> openClasses(const BackboneChain& chain);
 
 /// The ways in which the ions of a range with these numbers hold open groups, fewest groups first.
-/// Groups of one mass are counted, so that equal masses come once. Nothing where one ion would have
+/// No ion has two of one mass. Nothing where one ion would have
 /// more than 16 variants, or all of them more than 256.
 std::optional<std::vector<OpenVariant>> openVariants(const BackboneChain& chain,
                                                      const UnitRange& range, NumberSpan numbers);

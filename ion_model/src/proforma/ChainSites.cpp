@@ -11,11 +11,6 @@ bool isAnyCertain(const std::vector<Modification>& modifications)
     return std::any_of(modifications.begin(), modifications.end(), isCertain);
 }
 
-bool isResidue(const PlaceRule& place, QChar residue)
-{
-    return place.residue == 0 || place.residue == residue.unicode();
-}
-
 } // namespace
 
 bool isCertain(const Modification& modification)
@@ -38,43 +33,43 @@ ChainSites::ChainSites(const PeptidoformChain& chain)
     }
 }
 
-bool ChainSites::isResidueOf(const PlaceRule& place, qsizetype residue) const
+MeantSites ChainSites::meant(const std::vector<PlaceRule>& places) const
 {
-    return place.terminal == PlaceRule::Anywhere && isResidue(place, m_chain.residues[residue]);
-}
-
-bool ChainSites::isLeftEndOf(const PlaceRule& place) const
-{
-    return place.terminal == PlaceRule::NTerm && isResidue(place, m_chain.residues.front());
-}
-
-bool ChainSites::isRightEndOf(const PlaceRule& place) const
-{
-    return place.terminal == PlaceRule::CTerm && isResidue(place, m_chain.residues.back());
+    MeantSites meant;
+    for (const PlaceRule& place : places) {
+        const auto isAt = [&place](QChar residue) {
+            return place.residue == 0 || place.residue == residue.unicode();
+        };
+        const auto index = std::size_t(place.residue - u'A');
+        if (place.terminal == PlaceRule::NTerm)
+            meant.isLeftEnd = meant.isLeftEnd || isAt(m_chain.residues.front());
+        else if (place.terminal == PlaceRule::CTerm)
+            meant.isRightEnd = meant.isRightEnd || isAt(m_chain.residues.back());
+        else if (place.residue == 0)
+            meant.letters.fill(true);
+        else if (index < meant.letters.size())
+            meant.letters[index] = true;
+    }
+    return meant;
 }
 
 std::vector<qsizetype> ChainSites::openSites(const PlacementRules& rules, qsizetype first,
                                              qsizetype last) const
 {
+    MeantSites places = meant(rules.positions);
+    if (rules.positions.empty())
+        places.letters.fill(true);
+    const qsizetype lastUnit = m_chain.residues.size() - 1;
+    const bool isLeftEnd = places.isLeftEnd && (rules.isWithKnown || !m_isLeftEndTaken);
+    const bool isRightEnd = places.isRightEnd && (rules.isWithKnown || !m_isRightEndTaken);
     std::vector<qsizetype> sites;
     for (qsizetype residue = first; residue <= last; ++residue) {
-        if (canSit(rules, residue))
+        const bool isFree = rules.isWithKnown || !isTaken(residue);
+        if ((isFree && places.isResidue(m_chain.residues[residue])) ||
+            (isLeftEnd && residue == 0) || (isRightEnd && residue == lastUnit))
             sites.push_back(residue);
     }
     return sites;
-}
-
-bool ChainSites::canSit(const PlacementRules& rules, qsizetype residue) const
-{
-    const bool isFree = rules.isWithKnown || !isTaken(residue);
-    if (rules.positions.empty())
-        return isFree;
-    const bool isLast = residue == m_chain.residues.size() - 1;
-    return std::any_of(rules.positions.begin(), rules.positions.end(), [&](const PlaceRule& place) {
-        return (isFree && isResidueOf(place, residue)) ||
-               (residue == 0 && isLeftEndOf(place) && (rules.isWithKnown || !m_isLeftEndTaken)) ||
-               (isLast && isRightEndOf(place) && (rules.isWithKnown || !m_isRightEndTaken));
-    });
 }
 
 } // namespace ions

@@ -2,6 +2,7 @@
 
 #include "ProForma.h"
 
+#include <array>
 #include <vector>
 
 namespace ions {
@@ -9,6 +10,20 @@ namespace ions {
 /// Whether the modification is there for certain: a remark modifies nothing, and an ambiguous label
 /// says that it may sit elsewhere.
 bool isCertain(const Modification& modification);
+
+/// Which sites of a chain a list of places means, whose length costs nothing once it is read.
+struct MeantSites
+{
+    std::array<bool, 26> letters{}; ///< By capital letter: residues themselves, not as an end.
+    bool isLeftEnd = false;
+    bool isRightEnd = false;
+
+    bool isResidue(QChar residue) const
+    {
+        const auto index = std::size_t(residue.unicode() - u'A');
+        return index < letters.size() && letters[index];
+    }
+};
 
 /// Which residues and ends of a chain bear a modification for certain, and which may bear another.
 class ChainSites
@@ -22,11 +37,8 @@ public:
     /// Notes that a rule modifies the residue.
     void take(qsizetype residue) { m_isTaken[std::size_t(residue)] = true; }
 
-    /// Whether a rule means this residue itself, not as an end.
-    bool isResidueOf(const PlaceRule& place, qsizetype residue) const;
-    /// Whether a rule means an end: the left one, or the right one.
-    bool isLeftEndOf(const PlaceRule& place) const;
-    bool isRightEndOf(const PlaceRule& place) const;
+    /// What places mean in this chain.
+    MeantSites meant(const std::vector<PlaceRule>& places) const;
 
     /// The residues from `first` to `last` on which an open modification may sit, ends counting as
     /// their residue.
@@ -34,8 +46,6 @@ public:
                                      qsizetype last) const;
 
 private:
-    bool canSit(const PlacementRules& rules, qsizetype residue) const;
-
     const PeptidoformChain& m_chain;
     std::vector<bool> m_isTaken;
     bool m_isLeftEndTaken;

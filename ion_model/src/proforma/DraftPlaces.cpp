@@ -3,7 +3,9 @@
 
 #include <QSet>
 
+#include <algorithm>
 #include <utility>
+#include <vector>
 
 using namespace Qt::StringLiterals;
 
@@ -27,7 +29,22 @@ QList<MoleculePosition> placesOf(const chem::Modification& open)
     return places;
 }
 
-/// Writes modifications of unknown place, in their order.
+/// A modification of unknown place, named.
+struct NamedOpen
+{
+    Modification modification;
+    QList<MoleculePosition> places;
+    bool isFront = false; ///< Whether it is described in front of the chain.
+
+    /// Where it is described.
+    MoleculePosition place() const
+    {
+        return isFront || places.isEmpty() ? MoleculePosition(-1, -1) : places.first();
+    }
+};
+
+/// Writes modifications of unknown place, in the order in which the text describes them: so they
+/// have the labels that they are given when it is read and written again.
 class OpenWriter
 {
 public:
@@ -36,7 +53,27 @@ public:
     {
     }
 
-    Failure write(const chem::Modification& open)
+    Failure writeAll()
+    {
+        std::vector<NamedOpen> all;
+        for (const chem::Modification& open : m_draft.content().open) {
+            Parsed<NamedOpen> named = name(open);
+            if (!named)
+                return named.error();
+            all.push_back(*std::move(named));
+        }
+        std::stable_sort(all.begin(), all.end(), [](const NamedOpen& left, const NamedOpen& right) {
+            return left.place() < right.place();
+        });
+        for (const NamedOpen& open : all) {
+            if (Failure failure = write(open))
+                return failure;
+        }
+        return {};
+    }
+
+private:
+    Parsed<NamedOpen> name(const chem::Modification& open)
     {
         const QList<MoleculePosition> places = placesOf(open);
         const chem::MoleculeEntity group = open.entity();
@@ -48,12 +85,18 @@ public:
             return Error{u"expected a place for a modification, as there are several chains"_s};
         if (modification.label.kind != ModificationLabel::Ambiguous)
             modification.label = {};
-        if (places.isEmpty() || isByRule(modification, places))
-            return addUnlocalised(modification, places);
-        return writePlaces(modification, places, isInFront(modification, group));
+        const bool isFront =
+            places.isEmpty() || isByRule(modification, places) || isInFront(modification, group);
+        return NamedOpen{std::move(modification), places, isFront};
     }
 
-private:
+    Failure write(const NamedOpen& open)
+    {
+        if (open.places.isEmpty() || isByRule(open.modification, open.places))
+            return addUnlocalised(open.modification, open.places);
+        return writePlaces(open.modification, open.places, open.isFront);
+    }
+
     static bool isLabelled(const Modification& modification)
     {
         return modification.label.kind != ModificationLabel::None;
@@ -128,12 +171,7 @@ private:
 
 Failure writeOpenGroups(PeptidoformDraft* draft)
 {
-    OpenWriter writer(draft);
-    for (const chem::Modification& modification : draft->content().open) {
-        if (Failure failure = writer.write(modification))
-            return failure;
-    }
-    return {};
+    return OpenWriter(draft).writeAll();
 }
 
 } // namespace ions

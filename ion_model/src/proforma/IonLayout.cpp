@@ -15,6 +15,8 @@ namespace {
 using Failure = std::optional<Error>;
 
 constexpr qint64 mostOpenParts = 1000;
+constexpr std::size_t mostRules = 1000;
+constexpr qsizetype mostStackedParts = 100000; // what rules may add where others have already
 
 } // namespace
 
@@ -48,6 +50,7 @@ private:
     {
         if (chain().residues.isEmpty())
             return at(Error{u"expected a residue"_s}, {}, -1);
+        m_residueCount += chain().residues.size();
         ChainSites sites(chain());
         Failure failure = layFixed(&sites);
         if (!failure)
@@ -92,28 +95,41 @@ private:
     Failure layFixed(ChainSites* sites)
     {
         const ChainSites written = *sites;
+        if (m_peptidoform.fixed.size() > mostRules)
+            return Error{u"expected at most 1000 fixed modifications"_s};
         for (const FixedModification& rule : m_peptidoform.fixed) {
             Parsed<PartWeight> weight = m_weigher.modification(rule.modification);
             if (!weight)
                 return weight.error();
-            const auto isAny = [&rule](auto matches) {
-                return std::any_of(rule.places.begin(), rule.places.end(), matches);
-            };
-            if (!written.isLeftEndTaken() &&
-                isAny([&](const PlaceRule& place) { return written.isLeftEndOf(place); }))
-                lay(LaidPlace::LeftEnd, 0, *weight, rule.modification);
-            if (!written.isRightEndTaken() &&
-                isAny([&](const PlaceRule& place) { return written.isRightEndOf(place); }))
-                lay(LaidPlace::RightEnd, lastUnit(), *weight, rule.modification);
-            for (qsizetype i = 0; i <= lastUnit(); ++i) {
-                if (!written.isTaken(i) &&
-                    isAny([&](const PlaceRule& place) { return written.isResidueOf(place, i); })) {
-                    lay(LaidPlace::Unit, i, *weight, rule.modification);
-                    sites->take(i);
-                }
-            }
+            layRule(rule, *weight, written, sites);
+            if (m_fixedParts > m_residueCount + mostStackedParts)
+                return Error{u"expected fewer fixed modifications of the same residues"_s,
+                             rule.modification.position.index};
         }
         return {};
+    }
+
+    void layRule(const FixedModification& rule, const PartWeight& weight, const ChainSites& written,
+                 ChainSites* sites)
+    {
+        const MeantSites places = written.meant(rule.places);
+        if (places.isLeftEnd && !written.isLeftEndTaken())
+            layFixedPart(LaidPlace::LeftEnd, 0, weight, rule.modification);
+        if (places.isRightEnd && !written.isRightEndTaken())
+            layFixedPart(LaidPlace::RightEnd, lastUnit(), weight, rule.modification);
+        for (qsizetype i = 0; i <= lastUnit(); ++i) {
+            if (places.isResidue(chain().residues[i]) && !written.isTaken(i)) {
+                layFixedPart(LaidPlace::Unit, i, weight, rule.modification);
+                sites->take(i);
+            }
+        }
+    }
+
+    void layFixedPart(LaidPlace place, qsizetype unit, const PartWeight& weight,
+                      const Modification& modification)
+    {
+        lay(place, unit, weight, modification);
+        ++m_fixedParts;
     }
 
     LaidPart& lay(LaidPlace place, qsizetype unit, PartWeight weight,
@@ -256,6 +272,8 @@ private:
     const PeptidoformIon& m_ion;
     const PartWeigher& m_weigher;
     std::size_t m_chainIndex = 0;
+    qsizetype m_residueCount = 0; ///< Of the chains so far.
+    qsizetype m_fixedParts = 0;   ///< What rules have added to them.
     std::array<bool, 26> m_isWeighed{};
     LabelGroups m_labels;
     IonLayout m_layout;

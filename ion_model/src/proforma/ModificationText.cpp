@@ -83,8 +83,8 @@ private:
         return readTag();
     }
 
-    /// A word that is all of an alternative. A label does not make a name of it: the label is written
-    /// with the first description, and the word would be alone then.
+    /// A word that is all of an alternative. A label does not make a name of it: the label is
+    /// written with the first description, and the word would be alone then.
     bool takeFlag(QStringView word)
     {
         const TextCursor start = m_cursor;

@@ -41,6 +41,12 @@ public:
     /// Why the isotopes cannot hold at once, if so, or which of them has no mass.
     std::optional<Error> refusal() const;
 
+    /// Whether the peptidoform states isotopes.
+    bool hasIsotopes() const { return !m_isotopes.empty(); }
+
+    /// A hydrogen that is in no isotope that the peptidoform states, as charge carriers are.
+    Masses hydrogen() const { return m_residues.atoms().of({1, 0}); }
+
     /// Atoms in the isotopes of the peptidoform.
     Parsed<PartWeight> atoms(Composition composition) const;
     /// A residue in a chain; Error for letters without mass.

@@ -37,6 +37,8 @@ public:
             if (Failure failure = addLink(link))
                 return *std::move(failure);
         }
+        for (BackboneChain& chain : m_chains)
+            sumUpCompositions(&chain);
         return Backbone::ofChains(std::move(m_chains), std::move(m_links), m_breaks);
     }
 
@@ -47,33 +49,79 @@ private:
         backbone.letters = chain.residues;
         for (const QChar letter : chain.residues)
             backbone.units.push_back(m_layout.residue(letter).masses);
+        // Tables tell the composition of a plain residue by its letter, of a labelled one nothing.
+        for (qsizetype unit = 0; m_weigher.hasIsotopes() && unit < chain.residues.size(); ++unit)
+            backbone.compositions.units.emplace_back(unit, Composition());
     }
 
     /// The masses with protons in place of the charges, so that a fragment's charge counts all.
     Masses balanced(const PartWeight& weight) const
     {
-        return weight.masses - double(weight.charge) * Masses{m_breaks.proton, m_breaks.proton};
+        const Masses hydrogen = m_weigher.hydrogen();
+        const double isotopes = hydrogen.average - hydrogen.monoisotopic;
+        const Masses proton{m_breaks.proton, m_breaks.proton + isotopes};
+        return weight.masses - double(weight.charge) * proton;
+    }
+
+    /// The atoms that go with these masses: hydrogens in place of the protons, whose electrons the
+    /// charges lack. Atoms that do not fit a count are left out, and then weigh less than the part.
+    static Composition balancedAtoms(const PartWeight& weight)
+    {
+        Composition atoms = weight.composition;
+        static_cast<void>(atoms.add(Composition(Atom{1, 0}), -weight.charge));
+        return atoms;
+    }
+
+    void addToUnit(qsizetype unit, const PartWeight& weight, BackboneChain* chain) const
+    {
+        chain->units[std::size_t(unit)] += balanced(weight);
+        chain->compositions.units.emplace_back(unit, balancedAtoms(weight));
+    }
+
+    void addToEnd(const PartWeight& weight, Masses* masses, Composition* composition) const
+    {
+        *masses += balanced(weight);
+        static_cast<void>(composition->add(balancedAtoms(weight)));
+    }
+
+    /// Makes one composition of all that is listed for a unit and of its residue.
+    void sumUpCompositions(BackboneChain* chain) const
+    {
+        BackboneCompositions::Listed& listed = chain->compositions.units;
+        std::stable_sort(listed.begin(), listed.end(),
+                         [](const auto& a, const auto& b) { return a.first < b.first; });
+        BackboneCompositions::Listed sums;
+        for (const auto& [unit, added] : listed) {
+            if (sums.empty() || sums.back().first != unit)
+                sums.emplace_back(unit, m_layout.residue(chain->letters[unit]).composition);
+            static_cast<void>(sums.back().second.add(added));
+        }
+        listed = std::move(sums);
+    }
+
+    BackboneGroup groupOf(const PartWeight& weight, std::vector<NeutralLoss> losses) const
+    {
+        return {balanced(weight), std::move(losses), balancedAtoms(weight)};
     }
 
     void addPart(const LaidPart& part)
     {
         BackboneChain& chain = m_chains[part.chain];
-        const Masses masses = balanced(part.weight);
         switch (part.place) {
         case LaidPlace::Unit:
-            chain.units[std::size_t(part.unit)] += masses;
+            addToUnit(part.unit, part.weight, &chain);
             addLossy(part.unit, QString(chain.letters[part.unit]), part.weight, &chain);
             break;
         case LaidPlace::LeftEnd:
-            chain.leftGroup += masses;
+            addToEnd(part.weight, &chain.leftGroup, &chain.compositions.leftGroup);
             addLossy(0, QString(QChar(u'\0')), part.weight, &chain);
             break;
         case LaidPlace::RightEnd:
-            chain.rightGroup += masses;
+            addToEnd(part.weight, &chain.rightGroup, &chain.compositions.rightGroup);
             addLossy(part.unit, QString(QChar(u'\0')), part.weight, &chain);
             break;
         case LaidPlace::Labile:
-            chain.labile.push_back({masses, {}});
+            chain.labile.push_back(groupOf(part.weight, {}));
             break;
         case LaidPlace::Open:
             addOpen(part, &chain);
@@ -86,7 +134,7 @@ private:
     {
         std::vector<NeutralLoss> losses = lossesOf(weight, letters);
         if (!losses.empty())
-            chain->lossy.emplace_back(unit, BackboneGroup{weight.masses, std::move(losses)});
+            chain->lossy.emplace_back(unit, groupOf(weight, std::move(losses)));
     }
 
     void addOpen(const LaidPart& part, BackboneChain* chain) const
@@ -94,7 +142,7 @@ private:
         QString letters;
         for (const qsizetype unit : part.units)
             letters += chain->letters[unit];
-        const BackboneGroup group{balanced(part.weight), lossesOf(part.weight, letters)};
+        const BackboneGroup group = groupOf(part.weight, lossesOf(part.weight, letters));
         for (int i = 0; i < part.count; ++i)
             chain->open.push_back({group, part.units});
     }
@@ -122,12 +170,12 @@ private:
         if (link.sites.empty())
             return Error{u"expected the places of this link"_s, link.position.index};
         const auto [chain, unit] = link.sites.front();
-        const Masses masses = balanced(link.weight);
         if (link.sites.size() == 1)
-            m_chains[chain].units[std::size_t(unit)] += masses;
+            addToUnit(unit, link.weight, &m_chains[chain]);
         for (std::size_t i = 1; i < link.sites.size(); ++i) {
+            const PartWeight& weight = i == 1 ? link.weight : PartWeight();
             m_links.push_back({qsizetype(chain), unit, qsizetype(link.sites[i].first),
-                               link.sites[i].second, i == 1 ? masses : Masses()});
+                               link.sites[i].second, balanced(weight), balancedAtoms(weight)});
         }
         return {};
     }

@@ -186,6 +186,38 @@ TEST(FragmentIons, SeveralLossesNeedSeveralResidues)
     EXPECT_FALSE(ions.contains(u"b1-NH3-H2O"_s));
 }
 
+TEST(FragmentIons, ALossOfARuleAndOfAGroupIsOne)
+{
+    const LossRule rule = LossRule::read(u"H3PO4", residues().atoms()).value();
+    const LossRule ofSerine = LossRule::read(u"H3PO4@S", residues().atoms()).value();
+    BackboneChain chain = peptide(u"GSTG"_s).chains()[0];
+    chain.lossy = {{1, {{80.0, 80.0}, {{u"H3O4P"_s, rule.loss.masses}}}},
+                   {2, {{80.0, 80.0}, {{u"H3O4P"_s, rule.loss.masses}}}}};
+    const Backbone backbone = Backbone::ofChains({chain}, {}, residues().breaks()).value();
+    IonOptions options = series({Series::B});
+    options.maxLosses = 2;
+    options.losses = {rule};
+    EXPECT_EQ(ionsOf(backbone, options).losses().size(), 3U); // none, one and two
+    EXPECT_EQ(ionsOf(backbone, options).mz().size(), 9U);
+    options.losses = {ofSerine};
+    const auto ions = byLabel(ionsOf(backbone, options), backbone);
+    EXPECT_FALSE(ions.contains(u"b1-H3PO4"_s));
+    EXPECT_FALSE(ions.contains(u"b2-H3PO4-H3PO4"_s)); // the serine bears one
+    EXPECT_TRUE(ions.contains(u"b3-H3PO4-H3PO4"_s));
+    EXPECT_EQ(ions.size(), 3U + 2U + 1U);
+}
+
+TEST(FragmentIons, LossesOfALabelledMoleculeAreLabelled)
+{
+    const AtomMasses& atoms = residues().atoms();
+    const std::vector<Atom> isotopes = {{1, 2}, {8, 18}};
+    const LossRule heavy = LossRule::read(u"H2O@S", atoms, isotopes).value();
+    EXPECT_EQ(heavy.loss.name, u"H2O"_s);
+    EXPECT_EQ(heavy.loss.masses, LossRule::read(u"D2[18O]", atoms)->loss.masses);
+    EXPECT_EQ(LossRule::read(u"NH3", atoms, std::vector<Atom>{{8, 18}})->loss.masses,
+              LossRule::read(u"NH3", atoms)->loss.masses);
+}
+
 TEST(FragmentIons, LossRulesAreReadStrictly)
 {
     const AtomMasses& atoms = residues().atoms();
@@ -318,7 +350,8 @@ RC_GTEST_PROP(FragmentIons, OpenGroupsGiveEveryMassThatTheirPlacesGiveAndEachOnc
         const auto units = *rc::gen::unique<std::vector<qsizetype>>(
             *rc::gen::inRange<std::size_t>(1, std::size_t(size) + 1),
             rc::gen::inRange<qsizetype>(0, size));
-        OpenGroup open{{{double(*rc::gen::elementOf(std::vector<int>{100, 1000, 17})), 0.0}, {}},
+        // Two may weigh what a third does, or nothing.
+        OpenGroup open{{{double(*rc::gen::elementOf(std::vector<int>{0, 17, 34, 51})), 0.0}, {}},
                        units};
         std::sort(open.units.begin(), open.units.end());
         chain.open.push_back(open);
@@ -351,8 +384,8 @@ RC_GTEST_PROP(FragmentIons, OpenGroupsGiveEveryMassThatTheirPlacesGiveAndEachOnc
 TEST(FragmentIons, MoreThanSixteenVariantsOfAnIonAreRefused)
 {
     BackboneChain chain = peptide(u"GGGG"_s).chains()[0];
-    for (int i = 0; i < 4; ++i)
-        chain.open.push_back({{{100.0 + i, 100.0}, {}}, {0, 3}});
+    for (const double mass : {100.0, 101.0, 103.0, 107.0})
+        chain.open.push_back({{{mass, 100.0}, {}}, {0, 3}});
     FragmentIons ions;
     EXPECT_FALSE(
         ions.assign(Backbone::ofChains({chain}, {}, residues().breaks()).value(), {}).has_value());
@@ -363,6 +396,51 @@ TEST(FragmentIons, MoreThanSixteenVariantsOfAnIonAreRefused)
     ASSERT_TRUE(refusal.has_value());
     EXPECT_EQ(refusal->chain, 0);
     EXPECT_TRUE(ions.mz().empty());
+}
+
+TEST(FragmentIons, VariantsCountOnlyForTheIonsThatAreAskedFor)
+{
+    BackboneChain chain = peptide(u"GGGG"_s).chains()[0];
+    for (const double mass : {100.0, 101.0, 103.0, 107.0, 115.0})
+        chain.open.push_back({{{mass, 100.0}, {}}, {1, 2}});
+    const Backbone backbone = Backbone::ofChains({chain}, {}, residues().breaks()).value();
+    EXPECT_EQ(ionsOf(backbone, series({Series::Precursor})).mz().size(), 1U);
+    FragmentIons ions;
+    for (const Series one : {Series::B, Series::Y, Series::Immonium})
+        EXPECT_TRUE(ions.assign(backbone, series({one})).has_value()) << int(one);
+}
+
+TEST(FragmentIons, PiecesFromTheMiddleWithMoreThanSixteenVariantsAreRefused)
+{
+    // Three groups may lie across the start of a piece and three across its end: 64 ways, where an
+    // ion of an end has eight at most.
+    BackboneChain chain = peptide(QString(8, u'G')).chains()[0];
+    for (const double mass : {100.0, 101.0, 103.0})
+        chain.open.push_back({{{mass, 100.0}, {}}, {0, 2}});
+    for (const double mass : {1000.0, 1010.0, 1030.0})
+        chain.open.push_back({{{mass, 100.0}, {}}, {5, 7}});
+    const Backbone backbone = Backbone::ofChains({chain}, {}, residues().breaks()).value();
+    FragmentIons ions;
+    EXPECT_FALSE(ions.assign(backbone, series({Series::B, Series::Y})).has_value());
+    const auto refusal = ions.assign(backbone, series({Series::Internal}));
+    ASSERT_TRUE(refusal.has_value());
+    EXPECT_TRUE(ions.mz().empty());
+}
+
+TEST(FragmentIons, OpenGroupsOfOneMassMayLoseWhatAnyOfThemLoses)
+{
+    const NeutralLoss lost = LossRule::read(u"H3PO4", residues().atoms())->loss;
+    BackboneChain chain = peptide(u"GGGG"_s).chains()[0];
+    chain.open.push_back({{{100.0, 100.0}, {}}, {0, 1}});
+    chain.open.push_back({{{100.0, 100.0}, {lost}}, {0, 1}});
+    const Backbone backbone = Backbone::ofChains({chain}, {}, residues().breaks()).value();
+    IonOptions options = series({Series::B});
+    options.maxLosses = 2;
+    const auto ions = byLabel(ionsOf(backbone, options), backbone);
+    EXPECT_EQ(ions.at(u"b1"_s).size(), 3U);
+    EXPECT_EQ(ions.at(u"b1-H3PO4"_s).size(), 2U);
+    EXPECT_EQ(ions.at(u"b2-H3PO4"_s).size(), 1U);
+    EXPECT_FALSE(ions.contains(u"b2-H3PO4-H3PO4"_s));
 }
 
 /// Groups of different masses, each on one of two neighbours: an ion with both holds it.
@@ -506,6 +584,23 @@ TEST(FragmentIons, AListThatIsUsedAgainHoldsTheNewIonsOnly)
     EXPECT_TRUE(ions.mz().empty());
     EXPECT_FALSE(ions.assign(Backbone(), series({Series::Precursor})).has_value());
     EXPECT_TRUE(ions.mz().empty());
+}
+
+TEST(FragmentIons, IonsOfAnotherBackboneHaveNoLabels)
+{
+    const FragmentIons ions = ionsOf(peptide(u"PEPTIDE"_s), allSeries());
+    for (const Backbone& other : {Backbone(), peptide(u"P"_s)}) {
+        for (qsizetype i = 0; i < std::ssize(ions.mz()); ++i) {
+            const auto [run, offset] = ions.runOf(i);
+            const qsizetype number = qsizetype(ions.runs()[std::size_t(run)].firstNumber) + offset;
+            const bool isThere = !other.chains().empty() && number <= 1;
+            EXPECT_EQ(ions.label(other, i).isEmpty(), !isThere);
+        }
+    }
+    BackboneChain chain = peptide(u"GG"_s).chains()[0];
+    chain.letters = QString(2, QChar(u'\0'));
+    const Backbone unknown = Backbone::ofChains({chain}, {}, residues().breaks()).value();
+    EXPECT_TRUE(byLabel(ionsOf(unknown, series({Series::Immonium})), unknown).contains(u"IX"_s));
 }
 
 TEST(FragmentIons, SeriesThatTheChainDoesNotHaveGiveNoIons)

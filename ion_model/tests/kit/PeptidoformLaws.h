@@ -1,5 +1,6 @@
 #pragma once
 
+#include "FragmentIons.h"
 #include "ProForma.h"
 
 #include <algorithm>
@@ -76,6 +77,25 @@ inline const char* lawBrokenByBackbone(const Peptidoform& peptidoform, qsizetype
     return isNear(backbone->masses().monoisotopic, weight->masses.monoisotopic - balance)
                ? nullptr
                : "a backbone weighs what its peptidoform weighs";
+}
+
+/// If its composition is known, so is that of each of its ions. Groups of one mass and different
+/// atoms are counted, and then nobody knows which an ion holds.
+inline const char* lawBrokenByIonCompositions(const Peptidoform& peptidoform, qsizetype ion)
+{
+    const auto backbone = peptidoform.backbone(ion, naturalResidues(), standardModifications());
+    const auto weight = peptidoform.weigh(ion, naturalResidues(), standardModifications());
+    IonOptions options;
+    options.series = {Series::B, Series::Y, Series::Precursor};
+    FragmentIons ions;
+    if (!backbone || !weight || !weight->composition || ions.assign(*backbone, options))
+        return nullptr;
+    for (qsizetype i = 0; i < std::ssize(ions.mz()); ++i) {
+        const auto composition = ions.composition(*backbone, naturalResidues(), i);
+        if (!composition && !composition.error().message.contains(u"one composition"))
+            return "ions of a known molecule have compositions";
+    }
+    return nullptr;
 }
 
 /// Its molecule weighs what it weighs, if a molecule has a place for all of it.

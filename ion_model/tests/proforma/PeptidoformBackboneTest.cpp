@@ -104,6 +104,49 @@ TEST(PeptidoformBackbone, LabileModificationsAreInThePrecursorOnly)
     EXPECT_NEAR(std::abs(both[0] - both[1]), 162.052823, exact);
 }
 
+TEST(PeptidoformBackbone, IonsOfTheExamplesHaveCompositions)
+{
+    int compared = 0;
+    for (const ProFormaExample& example : proFormaExamples()) {
+        const Parsed<Peptidoform> read = Peptidoform::read(wholeText(example));
+        for (qsizetype ion = 0; read && ion < std::ssize(read->ions); ++ion) {
+            EXPECT_EQ(lawBrokenByIonCompositions(*read, ion), nullptr)
+                << example.text.toStdString();
+            ++compared;
+        }
+    }
+    EXPECT_GT(compared, 100);
+}
+
+TEST(PeptidoformBackbone, IonsOfModifiedAndLabelledPeptidesHaveTheirAtoms)
+{
+    const auto composition = [](const QString& text, const QString& label) {
+        const Backbone backbone = backboneOf(text).value();
+        IonOptions options;
+        options.series = {Series::B, Series::Y, Series::Precursor};
+        FragmentIons ions;
+        EXPECT_FALSE(ions.assign(backbone, options));
+        for (qsizetype i = 0; i < std::ssize(ions.mz()); ++i) {
+            if (ions.label(backbone, i) != label)
+                continue;
+            const auto ion = ions.composition(backbone, naturalResidues(), i);
+            return ion ? ion->neutral.toString() : ion.error().message;
+        }
+        return QString();
+    };
+    EXPECT_EQ(composition(u"EM[Oxidation]K"_s, u"b2"_s), u"C10H16N2O5S"_s);
+    EXPECT_EQ(composition(u"[Acetyl]-GG-[Amidated]"_s, u"b1"_s), u"C4H5NO2"_s);
+    EXPECT_EQ(composition(u"[Acetyl]-GG-[Amidated]"_s, u"y1"_s), u"C2H6N2O"_s);
+    EXPECT_EQ(composition(u"<13C>GG"_s, u"p"_s), u"[13C4]H8N2O3"_s);
+    EXPECT_EQ(composition(u"{Glycan:Hex}GG"_s, u"p"_s), u"C10H18N2O8"_s);
+    EXPECT_EQ(composition(u"[Phospho]?GG"_s, u"p"_s), u"C4H9N2O6P"_s);
+    // Zinc with two charges takes the place of two hydrogens.
+    EXPECT_EQ(composition(u"G[Formula:Zn:z+2]G"_s, u"b1"_s), u"C2HNOZn"_s);
+    EXPECT_EQ(composition(u"K[X:DSS#XL1]G//K[#XL1]"_s, u"p"_s), u"C22H41N5O7"_s);
+    EXPECT_TRUE(composition(u"G[+1]G"_s, u"b1"_s).contains(u"known composition"_s));
+    EXPECT_EQ(composition(u"G[+1]G"_s, u"y1"_s), u"C2H5NO2"_s);
+}
+
 TEST(PeptidoformBackbone, OpenModificationsComeBothWays)
 {
     const double b2 = ion(u"ASAS"_s, u"b2"_s);

@@ -84,6 +84,21 @@ TEST(PeptidoformText, AnswersHostileTextsWithoutDelay)
     }
 }
 
+/// Text whose parts would multiply each other if each were laid out.
+TEST(PeptidoformText, WeighsHostileTextsWithoutDelay)
+{
+    const auto isRefused = [](const QString& text) {
+        const Peptidoform value = Peptidoform::read(text).value();
+        return !value.weigh(0, naturalResidues(), standardModifications()).hasValue();
+    };
+    EXPECT_TRUE(isRefused(u"<[+1]@A>"_s.repeated(900) + QString(90000, u'A')));
+    EXPECT_TRUE(isRefused(u"<[+1]@C>"_s.repeated(1001) + u"A"_s));
+    EXPECT_FALSE(isRefused(u"<[+1]@C>"_s.repeated(1000) + u"A+"_s.repeated(1000) + u"A"_s));
+    const QString places = u"C,"_s.repeated(50000) + u"A"_s;
+    EXPECT_FALSE(isRefused(u"<[+1]@"_s + places + u">"_s + QString(50000, u'A')));
+    EXPECT_FALSE(isRefused(u"[+1|Position:"_s + places + u"]?"_s + QString(50000, u'A')));
+}
+
 TEST(PeptidoformText, NumbersBeyondAnyAreRefused)
 {
     const QString digits = QString(400, u'9');

@@ -82,14 +82,17 @@ Parsed<std::vector<Substance>> readPeptidoform(const QString& text, const Chemis
     return substances;
 }
 
-Parsed<ions::Backbone> readPeptidoformBackbone(const QString& text, const Chemistry& chemistry)
+Parsed<LaidOut> layOutPeptidoform(const QString& text, const Chemistry& chemistry)
 {
     const auto peptidoform = Peptidoform::read(text);
     if (!peptidoform)
         return peptidoform.error();
     if (peptidoform->ions.size() != 1)
         return Error{u"expected one peptidoform ion, without '+'"_s, 0};
-    return peptidoform->backbone(0, chemistry.residues, chemistry.modifications);
+    auto backbone = peptidoform->backbone(0, chemistry.residues, chemistry.modifications);
+    if (!backbone)
+        return backbone.error();
+    return LaidOut{*std::move(backbone), peptidoform->isotopes};
 }
 
 // Glycans, which are read as the tag of a residue
@@ -231,14 +234,16 @@ Parsed<Substance> readSubstance(const QString& text, Notation notation, const Ch
     return substances->front();
 }
 
-Parsed<ions::Backbone> readBackbone(const QString& text, Notation notation,
-                                    const Chemistry& chemistry)
+Parsed<LaidOut> layOut(const QString& text, Notation notation, const Chemistry& chemistry)
 {
     if (notation == Notation::ProForma)
-        return readPeptidoformBackbone(text, chemistry);
-    if (notation == Notation::Oligo)
-        return ions::Backbone::oligonucleotide(text, chemistry.nucleotides);
-    return Error{u"expected a peptide or an oligonucleotide, which have fragments"_s, 0};
+        return layOutPeptidoform(text, chemistry);
+    if (notation != Notation::Oligo)
+        return Error{u"expected a peptide or an oligonucleotide, which have fragments"_s, 0};
+    auto backbone = ions::Backbone::oligonucleotide(text, chemistry.nucleotides);
+    if (!backbone)
+        return backbone.error();
+    return LaidOut{*std::move(backbone), {}};
 }
 
 } // namespace tool

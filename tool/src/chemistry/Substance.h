@@ -39,8 +39,14 @@ ions::Parsed<std::vector<Substance>> readSubstances(const QString& text, Notatio
 ions::Parsed<Substance> readSubstance(const QString& text, Notation notation,
                                       const Chemistry& chemistry);
 
-/// What the fragments of a text's molecule are made of. Refused for formulas and glycans.
-ions::Parsed<ions::Backbone> readBackbone(const QString& text, Notation notation,
-                                          const Chemistry& chemistry);
+/// What the fragments of a text's molecule are made of.
+struct LaidOut
+{
+    ions::Backbone backbone;
+    std::vector<ions::Atom> isotopes; ///< Of all its atoms, losses included.
+};
+
+/// Lays out the molecule of a text. Refused for formulas and glycans.
+ions::Parsed<LaidOut> layOut(const QString& text, Notation notation, const Chemistry& chemistry);
 
 } // namespace tool

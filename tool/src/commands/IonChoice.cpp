@@ -76,7 +76,8 @@ void IonChoice::addTo(CLI::App* command)
         ->check(CLI::IsMember({"mzpaf"}));
 }
 
-ions::IonOptions IonChoice::options(const Chemistry& chemistry) const
+ions::IonOptions IonChoice::options(const Chemistry& chemistry,
+                                    std::span<const ions::Atom> isotopes) const
 {
     ions::IonOptions options;
     options.series.clear();
@@ -87,7 +88,7 @@ ions::IonOptions IonChoice::options(const Chemistry& chemistry) const
         refuse(u"--charges"_s, u"charges"_s, u"0"_s);
     options.maxLosses = m_maxLosses;
     for (const QString& text : QString::fromStdString(m_losses).split(u',', Qt::SkipEmptyParts)) {
-        const auto loss = ions::LossRule::read(text, chemistry.atoms());
+        const auto loss = ions::LossRule::read(text, chemistry.atoms(), isotopes);
         if (!loss)
             refuse(u"--losses"_s, u"a formula, perhaps with residues as in H2O@STED"_s, text);
         options.losses.push_back(*loss);

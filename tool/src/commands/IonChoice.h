@@ -7,6 +7,7 @@
 #include <QStringView>
 
 #include <CLI/CLI.hpp>
+#include <span>
 #include <string>
 #include <vector>
 
@@ -19,8 +20,10 @@ public:
     /// Adds the options to a command; this object outlives it.
     void addTo(CLI::App* command);
 
-    /// What was asked for. Throws UsageError where it makes no sense.
-    ions::IonOptions options(const Chemistry& chemistry) const;
+    /// What was asked for, of a molecule that is made of these isotopes. Throws UsageError where it
+    /// makes no sense.
+    ions::IonOptions options(const Chemistry& chemistry,
+                             std::span<const ions::Atom> isotopes = {}) const;
 
 private:
     std::string m_series = "b,y";

@@ -1,6 +1,10 @@
 #include "commands/IonChoice.h"
 #include "commands/TextIons.h"
 
+#include <algorithm>
+#include <tuple>
+#include <vector>
+
 using namespace Qt::StringLiterals;
 
 namespace tool {
@@ -14,35 +18,68 @@ struct Options
     IonChoice choice;
 };
 
-/// Where an ion starts or ends, as its label counts; empty for the whole molecule.
-QString numberCell(const ions::IonRun& run, quint32 index)
+/// One ion of a list.
+struct ListedIon
 {
-    const QString number = QString::number(run.firstNumber + index);
-    if (run.series == ions::Series::Precursor)
+    const ions::IonRun* run = nullptr;
+    quint32 number = 0;
+    qsizetype index = 0;
+    qsizetype kind = 0; ///< Counts series, shift of hydrogens, charge and loss.
+};
+
+bool isOneKind(const ions::IonRun& left, const ions::IonRun& right)
+{
+    return left.series == right.series && left.hydrogens == right.hydrogens &&
+           left.charge == right.charge && left.loss == right.loss;
+}
+
+/// The ions kind by kind in the order of the list, then by chain and number. The list has them by
+/// the ways in which they hold open groups and by the cuts of linked chains.
+std::vector<ListedIon> orderedIons(const ions::FragmentIons& fragments)
+{
+    std::vector<ListedIon> all;
+    qsizetype kind = 0;
+    for (const ions::IonRun& run : fragments.runs()) {
+        kind += !all.empty() && !isOneKind(*all.back().run, run) ? 1 : 0;
+        for (quint32 i = 0; i < run.count; ++i)
+            all.push_back({&run, run.firstNumber + i, std::ssize(all), kind});
+    }
+    std::stable_sort(all.begin(), all.end(), [](const ListedIon& left, const ListedIon& right) {
+        return std::tuple(left.kind, left.run->chain, left.run->start, left.number) <
+               std::tuple(right.kind, right.run->chain, right.run->start, right.number);
+    });
+    return all;
+}
+
+/// Where an ion starts or ends, as its label counts; empty for the whole molecule.
+QString numberCell(const ListedIon& ion)
+{
+    if (ion.run->series == ions::Series::Precursor)
         return QString();
-    return run.series == ions::Series::Internal ? QString::number(run.start) + u':' + number
-                                                : number;
+    const QString number = QString::number(ion.number);
+    return ion.run->series == ions::Series::Internal
+               ? QString::number(ion.run->start) + u':' + number
+               : number;
 }
 
 void addRows(const TextIons& listed, Table* table)
 {
     const auto& [backbone, fragments] = listed;
-    qsizetype ion = 0;
-    for (const ions::IonRun& run : fragments.runs()) {
-        for (quint32 i = 0; i < run.count; ++i, ++ion) {
-            table->add({fragments.label(backbone, ion), ions::seriesName(run.series),
-                        numberCell(run, i), int(run.charge), lossCell(fragments.losses()[run.loss]),
-                        fragments.mz()[std::size_t(ion)]});
-        }
+    for (const ListedIon& ion : orderedIons(fragments)) {
+        const double mz = fragments.mz()[std::size_t(ion.index)];
+        if (mz <= 0.0) // the charge or the loss is more than there is
+            continue;
+        table->add({fragments.label(backbone, ion.index), ions::seriesName(ion.run->series),
+                    numberCell(ion), int(ion.run->charge),
+                    lossCell(fragments.losses()[ion.run->loss]), mz});
     }
 }
 
 void run(const Options& options, Task* task)
 {
-    const ions::IonOptions wanted = options.choice.options(task->chemistry);
     Table table({u"label"_s, u"series"_s, u"number"_s, u"charge"_s, u"loss"_s, u"mz"_s},
                 task->digits);
-    if (const auto listed = readTextIons(options.text, options.notation, wanted, task))
+    if (const auto listed = readTextIons(options.text, options.notation, options.choice, task))
         addRows(*listed, &table);
 }
 

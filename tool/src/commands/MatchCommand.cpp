@@ -57,12 +57,11 @@ void addRows(const TextIons& listed, const Peaks& peaks, const ions::Tolerance& 
 
 void run(const Options& options, Task* task)
 {
-    const ions::IonOptions wanted = options.choice.options(task->chemistry);
     const ions::Tolerance tolerance =
         readOption(u"--tolerance"_s, options.tolerance,
                    [](const QString& text) { return ions::Tolerance::read(text); });
     Table table({u"label"_s, u"mz"_s, u"peak"_s, u"intensity"_s, u"ppm"_s}, task->digits);
-    const auto listed = readTextIons(options.text, options.notation, wanted, task);
+    const auto listed = readTextIons(options.text, options.notation, options.choice, task);
     const auto spectrum = readSpectrum(options, &task->complaints);
     if (listed && spectrum)
         addRows(*listed, spectrum->peaks, tolerance, &table);

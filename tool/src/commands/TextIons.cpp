@@ -5,17 +5,19 @@
 namespace tool {
 
 std::optional<TextIons> readTextIons(const std::string& argument, Notation notation,
-                                     const ions::IonOptions& wanted, Task* task)
+                                     const IonChoice& choice, Task* task)
 {
+    choice.options(task->chemistry); // wrong usage is told before anything is read
     const auto text = onlyText(fromShell(argument), &task->complaints);
     if (!text)
         return std::nullopt;
-    const auto backbone = readBackbone(text->second, notation, task->chemistry);
-    if (!backbone) {
-        task->complaints.report(text->first, backbone.error());
+    const auto laidOut = layOut(text->second, notation, task->chemistry);
+    if (!laidOut) {
+        task->complaints.report(text->first, laidOut.error());
         return std::nullopt;
     }
-    TextIons listed{*backbone, {}};
+    TextIons listed{laidOut->backbone, {}};
+    const ions::IonOptions wanted = choice.options(task->chemistry, laidOut->isotopes);
     if (const auto refusal = listed.fragments.assign(listed.backbone, wanted)) {
         task->complaints.report(text->first, *refusal);
         return std::nullopt;

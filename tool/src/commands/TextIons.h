@@ -1,6 +1,7 @@
 #pragma once
 
 #include "chemistry/Substance.h"
+#include "commands/IonChoice.h"
 #include "program/Program.h"
 #include <Backbone.h>
 #include <FragmentIons.h>
@@ -17,8 +18,9 @@ struct TextIons
     ions::FragmentIons fragments;
 };
 
-/// The ions of the only text of an argument. Nothing where it is refused, which is reported.
+/// The ions of the only text of an argument. Nothing where it is refused, which is reported. Throws
+/// UsageError for a choice that makes no sense.
 std::optional<TextIons> readTextIons(const std::string& argument, Notation notation,
-                                     const ions::IonOptions& wanted, Task* task);
+                                     const IonChoice& choice, Task* task);
 
 } // namespace tool
