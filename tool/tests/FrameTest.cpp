@@ -195,6 +195,20 @@ TEST(Frame, BracketsAndCommasOfOneTextStayTogether)
                           "A[INFO:a,b]K\tA[INFO:a,b]K\n");
 }
 
+// The examples of help serve as calls of all commands.
+TEST(Frame, EachTableComesWithoutItsHeaderIfAsked)
+{
+    for (const QString& command : commandNames()) {
+        const QString example = exampleOf(command);
+        const QString call = u"zel "_s + command;
+        const qsizetype behind = example.lastIndexOf(call) + call.size();
+        const ProgramRun whole = runShell(example);
+        const ProgramRun rows = runShell(QString(example).insert(behind, u" --no-header"_s));
+        EXPECT_EQ(rows.status, 0) << rows.errors.toStdString();
+        EXPECT_EQ(whole.header() + '\n' + rows.output, whole.output) << command.toStdString();
+    }
+}
+
 // Rows beyond what a pipe holds, so that writing goes on behind the closed end.
 TEST(Frame, ClosedPipeEndsQuietly)
 {

@@ -60,6 +60,7 @@ CLI::App* Program::addCommand(const std::string& name, const std::string& summar
     command
         ->add_option("--digits", m_digits, "Digits behind the point instead of the shortest text")
         ->check(wholeNumber(0, mostDigits));
+    command->add_flag("--no-header", m_hasNoHeader, "Leave out the names of the columns");
     m_commands.push_back({command, std::move(run)});
     return command;
 }
@@ -87,6 +88,8 @@ int Program::runChosen()
                                      [](const Command& command) { return command.app->parsed(); });
     if (chosen == m_commands.end())
         return complain(u"expected a command; zel help lists them"_s);
+    if (m_hasNoHeader)
+        Table::leaveNamesOut();
     Task task{Chemistry(QString::fromStdString(m_isotopes)),
               m_digits < 0 ? std::nullopt : std::optional(m_digits),
               {}};

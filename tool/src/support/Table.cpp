@@ -41,7 +41,7 @@ QByteArray escaped(QByteArrayView text)
 Table::Table(const QStringList& columns, std::optional<int> digits)
     : m_columns(columns.size())
     , m_digits(digits)
-    , m_held(columns.join(u'\t').toUtf8() + '\n')
+    , m_held(s_hasNames ? columns.join(u'\t').toUtf8() + '\n' : QByteArray())
 {
 }
 

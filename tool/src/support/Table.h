@@ -51,6 +51,9 @@ QByteArray escaped(QByteArrayView text);
 class Table
 {
 public:
+    /// Leaves the names of the columns out of all tables that are made from now on.
+    static void leaveNamesOut() { s_hasNames = false; }
+
     /// Writes the names of the columns.
     Table(const QStringList& columns, std::optional<int> digits);
     /// Writes what is still held.
@@ -65,6 +68,8 @@ public:
 private:
     void append(const Cell& cell);
     void write();
+
+    static inline bool s_hasNames = true; ///< As for standard output, there is one for all.
 
     qsizetype m_columns;
     std::optional<int> m_digits;
