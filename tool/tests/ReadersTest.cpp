@@ -121,6 +121,14 @@ TEST(Fasta, NamesKeepBytesThatAreNoUtf8AsTheirNumbers)
     EXPECT_EQ(outcome.records[1].name, u"%F0%9F"_s);
 }
 
+TEST(Fasta, NamesKeepMarksOfTheOrderOfBytes)
+{
+    const auto outcome = fasta(">\xef\xbb\xbfx\nAK\n>\xef\xbb\xbf\xe9\nAK\n");
+    ASSERT_EQ(outcome.records.size(), 2U);
+    EXPECT_EQ(outcome.records[0].name, u"\ufeffx"_s);
+    EXPECT_EQ(outcome.records[1].name, u"\ufeff%E9"_s);
+}
+
 TEST(Fasta, RefusesAFileThatHoldsNothing)
 {
     for (const char* bytes : {"", "\n", "; remark\n \t\r\n"})

@@ -1,5 +1,7 @@
 #include "readers/NameText.h"
 
+#include <QStringDecoder>
+
 using namespace Qt::StringLiterals;
 
 namespace tool {
@@ -22,17 +24,24 @@ QByteArrayView firstCharacter(QByteArrayView bytes)
     return bytes.first(size);
 }
 
+/// A mark of the order of bytes, which is for the start of a file, is a character here.
+QString decoded(QByteArrayView bytes)
+{
+    QStringDecoder decoder(QStringConverter::Utf8, QStringConverter::Flag::ConvertInitialBom);
+    return decoder(bytes);
+}
+
 } // namespace
 
 QString nameOf(QByteArrayView bytes)
 {
     if (bytes.isValidUtf8())
-        return QString::fromUtf8(bytes);
+        return decoded(bytes);
     QString name;
     while (!bytes.isEmpty()) {
         const QByteArrayView character = firstCharacter(bytes);
         if (character.isValidUtf8()) {
-            name += QString::fromUtf8(character);
+            name += decoded(character);
         } else {
             for (const char byte : character)
                 name += u"%%1"_s.arg(quint8(byte), 2, 16, QLatin1Char('0')).toUpper();
