@@ -47,7 +47,8 @@ Table::Table(const QStringList& columns, std::optional<int> digits)
 
 Table::~Table()
 {
-    write();
+    if (std::uncaught_exceptions() == m_exceptions)
+        write();
 }
 
 void Table::add(std::initializer_list<Cell> cells)

@@ -5,6 +5,7 @@
 #include <QStringList>
 
 #include <concepts>
+#include <exception>
 #include <initializer_list>
 #include <optional>
 
@@ -56,7 +57,7 @@ public:
 
     /// Writes the names of the columns.
     Table(const QStringList& columns, std::optional<int> digits);
-    /// Writes what is still held.
+    /// Writes what is still held, unless an exception ends the table: wrong usage has no output.
     ~Table();
 
     Table(const Table&) = delete;
@@ -73,6 +74,7 @@ private:
 
     qsizetype m_columns;
     std::optional<int> m_digits;
+    int m_exceptions = std::uncaught_exceptions(); ///< When it was made.
     QByteArray m_held;
 };
 
