@@ -1,4 +1,5 @@
 #include "program/Program.h"
+#include "support/Output.h"
 
 #include <QLoggingCategory>
 
@@ -6,6 +7,7 @@ int main(int count, char** arguments)
 {
     // What the libraries tell developers is no answer to a user; QT_LOGGING_RULES brings it back.
     QLoggingCategory::setFilterRules(QStringLiteral("zel.*.debug=false"));
+    tool::ignoreClosedPipes();
     tool::Program program;
     tool::addReadCommand(&program);
     tool::addMassCommand(&program);

@@ -1,5 +1,6 @@
 #include "RunZel.h"
 #include "TemporaryText.h"
+#include <Digest.h>
 
 #include <gtest/gtest.h>
 
@@ -71,7 +72,8 @@ TEST(DigestCommand, CutsRna)
     const QByteArray rna = ">R1\nACGUGC\n";
     const ProgramRun open = runZel(arguments, rna);
     const ProgramRun cyclic = runZel(arguments + QStringList{u"--three-prime"_s, u"cyclic"_s}, rna);
-    EXPECT_EQ(column(open, 4), (QByteArrayList{"ACG", "UG", "C"}));
+    EXPECT_EQ(column(open, 4), (QByteArrayList{"rArCrG}", "rUrG}", "rC"}));
+    EXPECT_EQ(column(cyclic, 4), (QByteArrayList{"rArCrG>p", "rUrG>p", "rC"}));
     EXPECT_NEAR(open.rows()[0][5].toDouble() - cyclic.rows()[0][5].toDouble(), 18.010565, 1e-6);
     EXPECT_EQ(open.rows()[2][5], cyclic.rows()[2][5]);
 }
@@ -99,4 +101,39 @@ TEST(DigestCommand, PeptidesWeighWhatMassSays)
                  u"$1 != $3) print \"differs\"}'"_s);
     EXPECT_GT(run.output.trimmed().toInt(), 3);
     EXPECT_FALSE(run.output.contains("differs")) << run.output.toStdString();
+}
+
+// Whatever cuts, also at one end only; the last piece keeps the 3'-OH of the RNA. T is
+// ribothymidine.
+TEST(DigestCommand, PiecesOfRnaWeighWhatMassSays)
+{
+    for (const QString& enzyme : ions::Ribonuclease::names()) {
+        const ProgramRun pieces = runZel({u"digest"_s, u"-"_s, u"--as"_s, u"oligo"_s, u"--min"_s,
+                                          u"1"_s, u"--semi"_s, u"--protease"_s, enzyme},
+                                         ">R1\nGCGGAUUUAGCUCAGUTGGGAGAGCCCAGA\n>R2\nAUG\n");
+        const QByteArrayList texts = column(pieces, 4);
+        const ProgramRun weighed =
+            runZel({u"mass"_s, u"--as"_s, u"oligo"_s, u"-"_s}, texts.join('\n'));
+        EXPECT_EQ(weighed.errors, QByteArray());
+        ASSERT_EQ(weighed.rows().size(), pieces.rows().size());
+        EXPECT_GT(texts.size(), 20) << enzyme.toStdString();
+        for (qsizetype i = 0; i < texts.size(); ++i) {
+            const QByteArrayList piece = pieces.rows()[i];
+            EXPECT_NEAR(weighed.rows()[i][2].toDouble(), piece[5].toDouble(), 1e-8)
+                << texts[i].data();
+            EXPECT_NEAR(weighed.rows()[i][3].toDouble(), piece[6].toDouble(), 1e-8)
+                << texts[i].data();
+        }
+    }
+}
+
+// A cyclic phosphate has no text; a piece that bears one is not weighed as something else.
+TEST(DigestCommand, PiecesWithoutATextAreRefused)
+{
+    const ProgramRun weighed =
+        runShell(u"printf '>R\\nAUGAN\\n' | zel digest - --as oligo --three-prime cyclic --min 1 "
+                 u"--missed 0 | cut -f 5 | tail -n +2 | zel mass --as oligo -"_s);
+    EXPECT_EQ(weighed.errors.count('\n'), 2) << weighed.errors.constData();
+    EXPECT_TRUE(weighed.errors.startsWith("stdin:1:6: ")) << weighed.errors.constData();
+    EXPECT_TRUE(weighed.rows().isEmpty());
 }

@@ -91,4 +91,23 @@ TEST(Documents, BashCompletesCommandsAndTheirOptions)
     }
 }
 
+TEST(Documents, BashCompletesTheCommandThatHelpIsAskedFor)
+{
+    const QByteArrayList names = commands();
+    const QSet<QByteArray> expected(names.begin(), names.end());
+    EXPECT_TRUE(completions(u"zel help ''"_s).contains(expected));
+    EXPECT_EQ(completions(u"zel help ma"_s), (QSet<QByteArray>{"mass", "match"}));
+    EXPECT_TRUE(completions(u"zel help --man"_s).contains("--manual-page"));
+    EXPECT_FALSE(completions(u"zel mass mas"_s).contains("mass"));
+}
+
+TEST(Documents, BashCompletesWhatAnOptionTakes)
+{
+    EXPECT_EQ(completions(u"zel mass --as ''"_s),
+              (QSet<QByteArray>{"formula", "glycan", "oligo", "proforma"}));
+    EXPECT_EQ(completions(u"zel digest rna.fasta --as o"_s), QSet<QByteArray>{"oligo"});
+    EXPECT_EQ(completions(u"zel digest --three-prime ''"_s),
+              (QSet<QByteArray>{"phosphate", "cyclic"}));
+}
+
 } // namespace

@@ -48,6 +48,30 @@ TEST(MatchCommand, RefusesPeaksThatAreNone)
     }
 }
 
+// Else the first peak would be lost without a word.
+TEST(MatchCommand, RefusesAFirstLineThatIsNeitherPeakNorHeader)
+{
+    for (const QByteArray& line :
+         {QByteArray("1e999 5"), QByteArray("nan 3"), QByteArray("-inf 3"), QByteArray("-5 1"),
+          QByteArray("\xe2\x88\x92"
+                     "5 1"),
+          QByteArray(".x 1"), QByteArray("\"175.119\",\"21\""), QByteArray("175,119 21")}) {
+        const ProgramRun run = runZel({u"match"_s, u"GAR"_s, u"-"_s}, "\n" + line + "\n200 5\n");
+        EXPECT_EQ(run.status, 1) << line.constData();
+        EXPECT_TRUE(run.errors.startsWith("stdin:2:")) << run.errors.constData();
+    }
+}
+
+TEST(MatchCommand, PassesOverALineOfNames)
+{
+    for (const QByteArray& names :
+         {QByteArray("m/z intensity"), QByteArray("\"mz\",\"share\""), QByteArray("\xce\xbc 2+")}) {
+        const ProgramRun run = runZel({u"match"_s, u"GAR"_s, u"-"_s}, names + "\n175.119 21\n");
+        EXPECT_EQ(run.status, 0) << run.errors.constData();
+        EXPECT_EQ(run.rows().size(), 1) << names.constData();
+    }
+}
+
 // A theoretical pattern is a list of peaks.
 TEST(MatchCommand, TakesWhatIonsGives)
 {

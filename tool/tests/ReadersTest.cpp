@@ -112,6 +112,29 @@ TEST(Fasta, RefusesEntriesOneByOne)
                               "file:12:0: expected letters behind this header\n");
 }
 
+TEST(Fasta, NamesKeepBytesThatAreNoUtf8AsTheirNumbers)
+{
+    const auto outcome = fasta(">caf\xe9|\xce\xb1 x\nAK\n>\xf0\x9f\nGK\n");
+    EXPECT_EQ(outcome.errors, QByteArray());
+    ASSERT_EQ(outcome.records.size(), 2U);
+    EXPECT_EQ(outcome.records[0].name, u"caf%E9|\u03b1"_s);
+    EXPECT_EQ(outcome.records[1].name, u"%F0%9F"_s);
+}
+
+TEST(Fasta, NamesKeepMarksOfTheOrderOfBytes)
+{
+    const auto outcome = fasta(">\xef\xbb\xbfx\nAK\n>\xef\xbb\xbf\xe9\nAK\n");
+    ASSERT_EQ(outcome.records.size(), 2U);
+    EXPECT_EQ(outcome.records[0].name, u"\ufeffx"_s);
+    EXPECT_EQ(outcome.records[1].name, u"\ufeff%E9"_s);
+}
+
+TEST(Fasta, RefusesAFileThatHoldsNothing)
+{
+    for (const char* bytes : {"", "\n", "; remark\n \t\r\n"})
+        EXPECT_EQ(fasta(bytes).errors, "file:1:0: expected sequences\n");
+}
+
 TEST(Fasta, SurvivesBinaryFiles)
 {
     QByteArray bytes;
@@ -140,6 +163,13 @@ TEST(Mgf, TakesSpectra)
     EXPECT_EQ(outcome.records[1].charges, (std::vector{2, 3}));
 }
 
+TEST(Mgf, TitlesKeepBytesThatAreNoUtf8AsTheirNumbers)
+{
+    const auto outcome = mgf("BEGIN IONS\nTITLE=caf\xe9 1\nPEPMASS=400\nEND IONS\n");
+    ASSERT_EQ(outcome.records.size(), 1U);
+    EXPECT_EQ(outcome.records[0].title, u"caf%E9 1"_s);
+}
+
 TEST(Mgf, ReadsCharges)
 {
     EXPECT_EQ(readCharges("2+").value(), std::vector{2});
@@ -161,6 +191,40 @@ TEST(Mgf, RefusesSpectraOneByOne)
         EXPECT_TRUE(outcome.errors.startsWith("file:3:")) << outcome.errors.toStdString();
         EXPECT_EQ(outcome.errors.count('\n'), 1);
     }
+}
+
+// A decimal comma would make 785.8421 a precursor of 785, and 175.119 a peak of 175.
+TEST(Mgf, RefusesDecimalCommas)
+{
+    const std::vector<std::pair<QByteArray, QByteArray>> places = {
+        {"175,119 21", "file:3:3: "}, {"175.119\t21,5", "file:3:10: "}, {"175 ,5", "file:3:4: "},
+        {"175,119,21", "file:3:3: "}, {"175,,21.5", "file:3:4: "},      {" 175,1 2", "file:3:4: "}};
+    for (const auto& [line, place] : places) {
+        const auto outcome = mgf(spectrumWith(line));
+        EXPECT_EQ(outcome.records.size(), 1U) << line.constData();
+        EXPECT_TRUE(outcome.errors.startsWith(place)) << outcome.errors.constData();
+    }
+    const auto outcome = mgf("BEGIN IONS\nPEPMASS= 785,8421 1000\nEND IONS\n");
+    EXPECT_TRUE(outcome.records.empty());
+    EXPECT_EQ(outcome.errors, "file:2:12: expected a full stop in a number, not a comma\n");
+}
+
+TEST(Mgf, TakesCommasThatCanOnlyPartColumns)
+{
+    for (const char* line :
+         {"175.5,21", "175.5, 21", "175.5 , 21", "175.5,21,2", "175.5 21 2,3", "175.5,\t21,"}) {
+        const auto outcome = mgf(spectrumWith(line));
+        ASSERT_EQ(outcome.records.size(), 2U) << line << outcome.errors.constData();
+        EXPECT_EQ(outcome.records[0].peaks.mz, (std::vector{100.0, 175.5})) << line;
+        EXPECT_EQ(outcome.records[0].peaks.intensities, (std::vector{1.0, 21.0})) << line;
+    }
+}
+
+TEST(Mgf, RefusesASecondPrecursor)
+{
+    const auto outcome = mgf(spectrumWith("PEPMASS=500.5"));
+    ASSERT_EQ(outcome.records.size(), 1U);
+    EXPECT_EQ(outcome.errors, "file:3:0: expected one PEPMASS only\n");
 }
 
 TEST(Mgf, RefusesSpectraWithoutPrecursorAndThoseThatDoNotEnd)

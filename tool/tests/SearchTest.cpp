@@ -283,3 +283,89 @@ TEST(SearchCommand, GivesTheSameAtAnyNumberOfThreads)
     EXPECT_EQ(output(u"2"_s), one);
     EXPECT_EQ(output(u"7"_s), one);
 }
+
+namespace {
+
+/// The search of one spectrum among the peptides of a protein.
+ProgramRun searchOne(const QByteArray& letters, const QByteArray& spectrum,
+                     const QStringList& options)
+{
+    const TemporaryText database(">P1\n" + letters + '\n');
+    const TemporaryText spectra(spectrum);
+    return runZel(QStringList{u"search"_s, u"--database"_s, database.name(), u"--spectra"_s,
+                              spectra.name(), u"--no-decoys"_s} +
+                  options);
+}
+
+/// The peptidoform that was found; empty for none.
+QByteArray found(const ProgramRun& run)
+{
+    return run.rows().size() == 1 ? run.rows()[0][1] : run.errors;
+}
+
+/// The ions of a peptidoform below a precursor of this m/z, without a charge.
+QByteArray uncharged(const QString& peptidoform, double mz)
+{
+    QByteArray spectrum = spectrumOf(peptidoform, "a").replace("CHARGE=2+\n", "");
+    const qsizetype start = spectrum.indexOf("PEPMASS=");
+    const QByteArray precursor = "PEPMASS=" + QByteArray::number(mz, 'f', 6);
+    return spectrum.replace(start, spectrum.indexOf('\n', start) - start, precursor);
+}
+
+double neutralMass(const QString& peptidoform)
+{
+    return runZel({u"mass"_s, peptidoform}).rows()[0][2].toDouble();
+}
+
+} // namespace
+
+// A carbon-13 weighs 1.00335 Da more than a carbon-12.
+TEST(SearchCommand, PrecursorsMayBeTooHeavyByNeutrons)
+{
+    const double mz = (neutralMass(u"GASPVTR"_s) + 1.00335 + 2 * 1.00727647) / 2;
+    const QByteArray spectrum = uncharged(u"GASPVTR"_s, mz);
+    EXPECT_EQ(found(searchOne("GASPVTR", spectrum, {})), "");
+    EXPECT_EQ(found(searchOne("GASPVTR", spectrum, {u"--isotope-errors"_s, u"2"_s})), "");
+    EXPECT_EQ(found(searchOne("GASPVTR", spectrum, {u"--isotope-errors"_s, u"0-1"_s})), "GASPVTR");
+    EXPECT_EQ(found(searchOne("GASPVTR", spectrum, {u"--isotope-errors"_s, u"1"_s})), "GASPVTR");
+}
+
+TEST(SearchCommand, PeptidesBearAsManyVariableModificationsAsAsked)
+{
+    const QByteArray spectrum = spectrumOf(u"M[Oxidation]AM[Oxidation]SVTR"_s, "a");
+    const QStringList options = {u"--variable"_s, u"Oxidation@M"_s, u"--max-variable"_s};
+    EXPECT_EQ(found(searchOne("MAMSVTR", spectrum, options + QStringList{u"1"_s})), "");
+    EXPECT_EQ(found(searchOne("MAMSVTR", spectrum, options + QStringList{u"2"_s})),
+              "M[Oxidation]AM[Oxidation]SVTR");
+}
+
+TEST(SearchCommand, SpectraWithoutAChargeAreTriedAtThoseAsked)
+{
+    const double mz = (neutralMass(u"GASPVTR"_s) + 3 * 1.00727647) / 3;
+    const QByteArray spectrum = uncharged(u"GASPVTR"_s, mz);
+    const ProgramRun usual = searchOne("GASPVTR", spectrum, {});
+    EXPECT_EQ(found(usual), "GASPVTR");
+    EXPECT_EQ(usual.rows()[0][2], "3");
+    EXPECT_EQ(found(searchOne("GASPVTR", spectrum, {u"--charges"_s, u"2,4"_s})), "");
+    // A charge that the spectrum states is not tried otherwise.
+    EXPECT_EQ(
+        found(searchOne("GASPVTR", QByteArray(spectrum).replace("PEPMASS", "CHARGE=2+\nPEPMASS"),
+                        {u"--charges"_s, u"3"_s})),
+        "");
+}
+
+TEST(SearchCommand, ShowsProgressOnATerminalOnly)
+{
+    const TemporaryText database(">P1\nGASPVTR\n");
+    const TemporaryText spectra(spectrumOf(u"GASPVTR"_s, "a"));
+    const QString search =
+        u" search --database '%1' --spectra '%2'"_s.arg(database.name(), spectra.name());
+    EXPECT_EQ(runShell(u"zel"_s + search + u" 2> errors > rows; cat errors"_s).output,
+              QByteArray());
+    const ProgramRun terminal =
+        runShell(u"command -v script > /dev/null || exit 77; script -qec \"" ZEL_PROGRAM ""_s +
+                 search + u" > rows\" /dev/null < /dev/null"_s);
+    if (terminal.status == 77)
+        GTEST_SKIP() << "no program that makes a terminal";
+    EXPECT_TRUE(terminal.output.contains("\r\033[K")) << terminal.output.constData();
+}

@@ -253,6 +253,32 @@ TEST(FormulasCommand, LimitsBoundTheCounts)
         EXPECT_FALSE(row[0].startsWith("C6"));
 }
 
+// C6H12O6 among others; methane is saturated, and CH135O2 is a mass that no molecule has.
+TEST(FormulasCommand, HydrogensKeepToValences)
+{
+    const auto rows = runZel({u"formulas"_s, u"180.0634"_s, u"--elements"_s, u"CHO"_s,
+                              u"--tolerance"_s, u"0.02Da"_s})
+                          .rows();
+    ASSERT_FALSE(rows.isEmpty());
+    for (const auto& row : rows)
+        EXPECT_FALSE(row[0].startsWith("CH135") || row[0].startsWith("C2H139"))
+            << row[0].constData();
+    EXPECT_EQ(runZel({u"formulas"_s, u"16.0313"_s}).rows()[0][0], "CH4");
+    EXPECT_EQ(runZel({u"formulas"_s, u"15.0235"_s}).rows()[0][0], "CH3");
+    EXPECT_EQ(runZel({u"formulas"_s, u"18.0464"_s, u"--ion"_s, u"[M+H]+"_s}).rows().size(),
+              0); // CH5 + H
+}
+
+// Tetramethylammonium, C4H12N+, and the benzene radical cation.
+TEST(FormulasCommand, IonsMayBearTheirChargeThemselves)
+{
+    const auto best = [](const QString& mz, const QString& ion) {
+        return runZel({u"formulas"_s, mz, u"--ion"_s, ion}).rows()[0][0];
+    };
+    EXPECT_EQ(best(u"74.09643"_s, u"[M]+"_s), "C4H12N");
+    EXPECT_EQ(best(u"78.04640"_s, u"[M]+."_s), "C6H6");
+}
+
 TEST(FormulasCommand, RefusesWhatIsNoMass)
 {
     EXPECT_EQ(runZel({u"formulas"_s, u"heavy"_s}).status, 1);

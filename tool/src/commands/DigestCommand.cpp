@@ -1,3 +1,4 @@
+#include "program/OptionChecks.h"
 #include "program/Program.h"
 #include "readers/Fasta.h"
 #include "readers/InputFile.h"
@@ -35,6 +36,7 @@ public:
         , m_nucleotides(chemistry.residues)
         , m_limits{options.missed, options.min, options.max}
     {
+        checkLengths(options.min, options.max);
         m_limits.isSemiSpecific = options.isSemi;
         const QString name = fromShell(options.agent);
         if (m_isRna)
@@ -47,6 +49,25 @@ public:
     {
         return m_isRna ? digest->cleave(text, *m_ribonuclease, m_nucleotides, m_end, m_limits)
                        : digest->cleave(text, *m_protease, m_residues, m_limits);
+    }
+
+    /// A piece as text that the notation reads. RNA has the mark of its sugar in front of each
+    /// letter, and of what a cut left behind the last: `}` for a 3'-phosphate, and for a cyclic
+    /// one `>p`, which no reader of oligonucleotides knows and none takes for anything else.
+    QString piece(const QString& letters, qsizetype start, qsizetype end) const
+    {
+        const QStringView letterRun = QStringView(letters).sliced(start, end - start);
+        if (!m_isRna)
+            return letterRun.toString();
+        QString text;
+        text.reserve(2 * letterRun.size() + 2);
+        for (const QChar letter : letterRun) {
+            text += u'r';
+            text += letter;
+        }
+        if (end < letters.size())
+            text += m_end == ions::ThreePrimeEnd::Phosphate ? u"}"_s : u">p"_s;
+        return text;
     }
 
 private:
@@ -68,13 +89,14 @@ private:
     std::optional<ions::Ribonuclease> m_ribonuclease;
 };
 
-void addRows(const Sequence& sequence, const ions::Digest& digest, Table* table)
+void addRows(const Sequence& sequence, const Cutter& cutter, const ions::Digest& digest,
+             Table* table)
 {
     for (std::size_t i = 0; i < digest.size(); ++i) {
         const qsizetype start = digest.starts()[i];
         const qsizetype end = digest.ends()[i];
         table->add({sequence.name, start + 1, end, digest.missedCleavages()[i],
-                    sequence.letters.sliced(start, end - start), digest.monoisotopic()[i],
+                    cutter.piece(sequence.letters, start, end), digest.monoisotopic()[i],
                     digest.average()[i]});
     }
 }
@@ -84,11 +106,11 @@ void run(const Options& options, Task* task)
     const Cutter cutter(options, task->chemistry);
     Table table({u"protein"_s, u"start"_s, u"end"_s, u"missed"_s, u"sequence"_s, u"monoisotopic"_s,
                  u"average"_s},
-                task->digits);
+                task->form);
     ions::Digest digest;
     const auto take = [&](Sequence&& sequence) {
         if (cutter.cut(sequence.letters, &digest))
-            addRows(sequence, digest, &table);
+            addRows(sequence, cutter, digest, &table);
         else
             task->complaints.report(sequence.place, {u"expected a shorter sequence"_s, 0});
     };
@@ -112,18 +134,18 @@ void addDigestCommand(Program* program)
                         "What cuts, by its PSI-MS name: else Trypsin, or RNase T1 for RNA");
     command->add_option("--missed", options->missed, "Cuts that may be missed")
         ->capture_default_str()
-        ->check(CLI::NonNegativeNumber);
+        ->check(wholeNumber(0));
     command->add_option("--min", options->min, "The least length")
         ->capture_default_str()
-        ->check(CLI::NonNegativeNumber);
+        ->check(wholeNumber(0));
     command->add_option("--max", options->max, "The largest length")
         ->capture_default_str()
-        ->check(CLI::NonNegativeNumber);
+        ->check(wholeNumber(0));
     command->add_flag("--semi", options->isSemi, "Let one end be anywhere");
     addNotation(command, &options->notation, true);
     command->add_option("--three-prime", options->end, "What ends of RNA bear: phosphate or cyclic")
         ->capture_default_str()
-        ->check(CLI::IsMember({"phosphate", "cyclic"}));
+        ->check(oneOf({"phosphate", "cyclic"}));
 }
 
 } // namespace tool

@@ -1,6 +1,8 @@
 #include "chemistry/Substance.h"
+#include "program/OptionChecks.h"
 #include "program/Program.h"
 #include "readers/InputFile.h"
+#include "support/Number.h"
 #include <IsotopePattern.h>
 
 #include <array>
@@ -93,7 +95,7 @@ ions::Parsed<ChargedAtoms> readAtoms(const QString& text, const Options& options
 
 void run(const Options& options, Task* task)
 {
-    Table table({u"mz"_s, u"share"_s}, task->digits);
+    Table table({u"mz"_s, u"share"_s}, task->form);
     const auto text = onlyText(fromShell(options.text), &task->complaints);
     if (!text)
         return;
@@ -126,12 +128,12 @@ void addEnvelopeCommand(Program* program)
         ->add_option("--charge", options->charge,
                      "The charge, by natural hydrogens; else that of the text, else the masses are "
                      "neutral")
-        ->check(CLI::Range(-10000, 10000));
+        ->check(wholeNumber(-10000, 10000));
     command->add_option("--coverage", options->coverage, "The share of the molecules to cover")
         ->capture_default_str()
         ->check([](const std::string& text) {
-            const double value = std::strtod(text.c_str(), nullptr);
-            return value > 0.0 && value <= ions::largestCoverage
+            const auto value = readNumber(text);
+            return value && *value > 0.0 && *value <= ions::largestCoverage
                        ? std::string()
                        : std::string("expected a share above 0 and at most 1 - 1e-9");
         });

@@ -56,11 +56,20 @@ ions::Composition readAtoms(const QString& option, const std::string& text)
                       [](const QString& atoms) { return ions::Composition::read(atoms); });
 }
 
-ions::FormulaLimits limitsOf(const Options& options)
+/// The least double bonds and rings: below 0 a formula has more hydrogens and halogens than
+/// valences allow. What bears its charge by itself, such as tetramethylammonium as [M]+, lacks a
+/// bond for each half of it.
+double lowestUnsaturation(const std::optional<ions::Ionization>& ion)
+{
+    return ion && ion->carriers().isEmpty() ? -0.5 * std::abs(ion->charge()) : 0.0;
+}
+
+ions::FormulaLimits limitsOf(const Options& options, const Measured& measured)
 {
     const ions::Composition limit = readAtoms(u"--limit"_s, options.limit);
     ions::FormulaLimits limits;
     limits.formulas = mostFormulas;
+    limits.lowestUnsaturation = lowestUnsaturation(measured.ion);
     const ions::Composition elements = readAtoms(u"--elements"_s, options.elements);
     for (const ions::Composition::Term& term : elements.terms()) {
         ions::AtomLimits atom{term.atom};
@@ -68,6 +77,8 @@ ions::FormulaLimits limitsOf(const Options& options)
             atom.highest = limit.count(term.atom);
         limits.atoms.push_back(atom);
     }
+    if (limits.atoms.empty())
+        throw UsageError{u"--elements: expected an element"_s};
     const bool areKnown = std::all_of(
         limit.terms().begin(), limit.terms().end(), [&](const ions::Composition::Term& term) {
             return term.count > 0 &&
@@ -117,8 +128,8 @@ search(const Measured& measured, const ions::FormulaLimits& limits, const ions::
 void run(const Options& options, Task* task)
 {
     Measured measured = readMeasured(options);
-    const ions::FormulaLimits limits = limitsOf(options);
-    Table table({u"composition"_s, u"monoisotopic"_s, u"ppm"_s}, task->digits);
+    const ions::FormulaLimits limits = limitsOf(options, measured);
+    Table table({u"composition"_s, u"monoisotopic"_s, u"ppm"_s}, task->form);
     const auto text = onlyText(fromShell(options.mass), &task->complaints);
     if (!text)
         return;

@@ -83,8 +83,9 @@ void addRows(const TextIons& listed, Table* table)
 
 void run(const Options& options, Task* task)
 {
+    options.choice.options(task->chemistry); // wrong usage is told before anything is written
     Table table({u"label"_s, u"series"_s, u"number"_s, u"charge"_s, u"loss"_s, u"mz"_s},
-                task->digits);
+                task->form);
     if (const auto listed = readTextIons(options.text, options.notation, options.choice, task))
         addRows(*listed, &table);
 }

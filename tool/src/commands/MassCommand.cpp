@@ -44,7 +44,7 @@ void run(const Options& options, Task* task)
 {
     Table table(
         {u"text"_s, u"composition"_s, u"monoisotopic"_s, u"average"_s, u"most_abundant"_s, u"mz"_s},
-        task->digits);
+        task->form);
     forEachText(fromShell(options.texts), &task->complaints,
                 [&](const Place& place, const QString& text) {
                     const auto substances = readSubstances(text, options.notation, task->chemistry);

@@ -60,7 +60,8 @@ void run(const Options& options, Task* task)
     const ions::Tolerance tolerance =
         readOption(u"--tolerance"_s, options.tolerance,
                    [](const QString& text) { return ions::Tolerance::read(text); });
-    Table table({u"label"_s, u"mz"_s, u"peak"_s, u"intensity"_s, u"ppm"_s}, task->digits);
+    options.choice.options(task->chemistry); // wrong usage is told before anything is written
+    Table table({u"label"_s, u"mz"_s, u"peak"_s, u"intensity"_s, u"ppm"_s}, task->form);
     const auto listed = readTextIons(options.text, options.notation, options.choice, task);
     const auto spectrum = readSpectrum(options, &task->complaints);
     if (listed && spectrum)

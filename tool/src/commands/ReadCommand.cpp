@@ -16,7 +16,7 @@ struct Options
 
 void run(const Options& options, Task* task)
 {
-    Table table({u"text"_s, u"canonical"_s}, task->digits);
+    Table table({u"text"_s, u"canonical"_s}, task->form);
     forEachText(fromShell(options.texts), &task->complaints,
                 [&](const Place& place, const QString& text) {
                     const auto canonical = canonicalText(text, options.notation, task->chemistry);

@@ -1,4 +1,5 @@
 #include "commands/IonChoice.h"
+#include "program/OptionChecks.h"
 #include "program/Program.h"
 #include "readers/Fasta.h"
 #include "readers/Mgf.h"
@@ -69,6 +70,7 @@ int threadCount(int wanted)
 
 SearchSettings readSettings(const Options& options, const Chemistry& chemistry)
 {
+    checkLengths(options.min, options.max);
     const auto protease = readOption(u"--protease"_s, options.protease, [](const QString& name) {
         return ions::Protease::named(name);
     });
@@ -129,7 +131,7 @@ void run(const Options& options, Task* task)
         search(database, spectra, settings, task->chemistry.residues, showProgress);
     Table table({u"spectrum"_s, u"peptidoform"_s, u"charge"_s, u"score"_s, u"matched"_s, u"decoy"_s,
                  u"q"_s, u"protein"_s, u"ppm"_s},
-                task->digits);
+                task->form);
     for (std::size_t i = 0; i < spectra.size(); ++i)
         addRow(spectra[i], findings[i], &table);
 }
@@ -140,13 +142,13 @@ void addLimits(CLI::App* command, Options* options)
         ->capture_default_str();
     command->add_option("--missed", options->missed, "Cuts that may be missed")
         ->capture_default_str()
-        ->check(CLI::NonNegativeNumber);
+        ->check(wholeNumber(0));
     command->add_option("--min", options->min, "The least length of a peptide")
         ->capture_default_str()
-        ->check(CLI::PositiveNumber);
+        ->check(wholeNumber(1));
     command->add_option("--max", options->max, "The largest length of a peptide")
         ->capture_default_str()
-        ->check(CLI::PositiveNumber);
+        ->check(wholeNumber(1));
     command->add_option("--tolerance", options->tolerance, "Of precursors")->capture_default_str();
     command->add_option("--fragment-tolerance", options->fragmentTolerance, "Of fragments")
         ->capture_default_str();
@@ -176,7 +178,7 @@ void addRules(CLI::App* command, Options* options)
         ->add_option("--max-variable", options->mostVariable,
                      "Variable modifications that a peptide bears at most")
         ->capture_default_str()
-        ->check(CLI::NonNegativeNumber);
+        ->check(wholeNumber(0));
 }
 
 } // namespace
@@ -195,7 +197,7 @@ void addSearchCommand(Program* program)
     addLimits(command, options.get());
     addRules(command, options.get());
     command->add_option("--threads", options->threads, "Threads; else one for each core")
-        ->check(CLI::Range(1, 1024));
+        ->check(wholeNumber(1, 1024));
     command->add_flag("--no-decoys", options->hasNoDecoys, "Search no reversed peptides: no q");
 }
 

@@ -7,7 +7,6 @@ namespace tool {
 std::optional<TextIons> readTextIons(const std::string& argument, Notation notation,
                                      const IonChoice& choice, Task* task)
 {
-    choice.options(task->chemistry); // wrong usage is told before anything is read
     const auto text = onlyText(fromShell(argument), &task->complaints);
     if (!text)
         return std::nullopt;

@@ -18,8 +18,7 @@ struct TextIons
     ions::FragmentIons fragments;
 };
 
-/// The ions of the only text of an argument. Nothing where it is refused, which is reported. Throws
-/// UsageError for a choice that makes no sense.
+/// The ions of the only text of an argument. Nothing where it is refused, which is reported.
 std::optional<TextIons> readTextIons(const std::string& argument, Notation notation,
                                      const IonChoice& choice, Task* task);
 

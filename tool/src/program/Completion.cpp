@@ -1,5 +1,7 @@
 #include "program/Completion.h"
 
+#include "program/OptionChecks.h"
+
 namespace tool {
 
 namespace {
@@ -22,24 +24,51 @@ std::string commandsOf(const CLI::App& app)
     return words;
 }
 
+/// The lines of a `case` over the command and the word in front: what an option of it takes.
+std::string casesOfValues(const CLI::App& command)
+{
+    std::string cases;
+    for (const CLI::Option* option : command.get_options()) {
+        std::string words;
+        for (const std::string& word : wordsTaken(*option))
+            words += ' ' + word;
+        for (const std::string& name : option->get_lnames()) {
+            if (!words.empty()) {
+                cases += "        '" + command.get_name() + " --" + name + "') words='" + words +
+                         "' ;;\n";
+            }
+        }
+    }
+    return cases;
+}
+
 } // namespace
 
 std::string bashCompletion(const CLI::App& app)
 {
     const std::string& name = app.get_name();
     const std::string function = '_' + name;
-    std::string cases;
-    for (const CLI::App* command : app.get_subcommands({}))
-        cases += "        " + command->get_name() + ") words='" + optionsOf(*command) + "' ;;\n";
+    std::string options;
+    std::string values;
+    for (const CLI::App* command : app.get_subcommands({})) {
+        options += "        " + command->get_name() + ") words='" + optionsOf(*command) + "' ;;\n";
+        values += casesOfValues(*command);
+    }
     return "# Completion of " + name + " in bash.\n" + function +
            "()\n{\n"
-           "    local words=''\n"
+           "    local words='' commands='" +
+           commandsOf(app) +
+           "'\n"
            "    case ${COMP_WORDS[1]} in\n" +
-           cases +
+           options +
            "    esac\n"
-           "    if ((COMP_CWORD == 1)); then\n        words='" +
-           commandsOf(app) + optionsOf(app) +
-           "'\n    fi\n"
+           "    case \"${COMP_WORDS[1]} ${COMP_WORDS[COMP_CWORD - 1]}\" in\n" +
+           values +
+           "        'help help') words=\"$commands $words\" ;;\n"
+           "    esac\n"
+           "    if ((COMP_CWORD == 1)); then\n        words=\"$commands" +
+           optionsOf(app) +
+           "\"\n    fi\n"
            "    mapfile -t COMPREPLY < <(compgen -W \"$words\" -- \"${COMP_WORDS[COMP_CWORD]}\")\n"
            "}\ncomplete -o default -F " +
            function + ' ' + name + '\n';

@@ -2,11 +2,14 @@
 
 #include "program/Completion.h"
 #include "program/ManualPage.h"
+#include "program/OptionChecks.h"
 #include "program/Version.h"
+#include "support/Output.h"
 
 #include <algorithm>
 #include <cstdio>
 #include <map>
+#include <sstream>
 
 using namespace Qt::StringLiterals;
 
@@ -25,11 +28,6 @@ int complain(const QString& message)
     const QByteArray line = "zel: " + message.toUtf8() + '\n';
     std::fwrite(line.constData(), 1, std::size_t(line.size()), stderr);
     return usageStatus;
-}
-
-void print(const std::string& text)
-{
-    std::fwrite(text.data(), 1, text.size(), stdout);
 }
 
 } // namespace
@@ -61,7 +59,8 @@ CLI::App* Program::addCommand(const std::string& name, const std::string& summar
                         "Isotopes instead of natural ones, such as 'C13:0.99 C12:0.01'");
     command
         ->add_option("--digits", m_digits, "Digits behind the point instead of the shortest text")
-        ->check(CLI::Range(0, mostDigits));
+        ->check(wholeNumber(0, mostDigits));
+    command->add_flag("--no-header", m_hasNoHeader, "Leave out the names of the columns");
     m_commands.push_back({command, std::move(run)});
     return command;
 }
@@ -72,7 +71,9 @@ int Program::run(int count, char** arguments)
         m_app.parse(forParser(count, arguments));
         return m_help->parsed() ? help() : runChosen();
     } catch (const CLI::Success& success) {
-        m_app.exit(success); // prints help or the version
+        std::ostringstream text;
+        m_app.exit(success, text); // help or the version
+        writeOut(text.str());
         return doneStatus;
     } catch (const CLI::ParseError& error) {
         return complain(QString::fromStdString(error.what()));
@@ -87,9 +88,8 @@ int Program::runChosen()
                                      [](const Command& command) { return command.app->parsed(); });
     if (chosen == m_commands.end())
         return complain(u"expected a command; zel help lists them"_s);
-    Task task{Chemistry(QString::fromStdString(m_isotopes)),
-              m_digits < 0 ? std::nullopt : std::optional(m_digits),
-              {}};
+    const TableForm form{m_digits < 0 ? std::nullopt : std::optional(m_digits), !m_hasNoHeader};
+    Task task{Chemistry(QString::fromStdString(m_isotopes)), form, {}};
     chosen->run(&task);
     return task.complaints.areThere() ? refusedStatus : doneStatus;
 }
@@ -97,12 +97,12 @@ int Program::runChosen()
 int Program::help() const
 {
     if (m_wantsManualPage || m_wantsCompletion) {
-        print(m_wantsManualPage ? manualPage(m_app, versionText()) : bashCompletion(m_app));
+        writeOut(m_wantsManualPage ? manualPage(m_app, versionText()) : bashCompletion(m_app));
         return doneStatus;
     }
     if (m_helpTopic.empty()) {
         // Not m_app.help(), which tells about the command at work, this one.
-        print(
+        writeOut(
             m_app.get_formatter()->make_help(&m_app, m_app.get_name(), CLI::AppFormatMode::Normal));
         return doneStatus;
     }
@@ -112,7 +112,7 @@ int Program::help() const
         });
     if (topic == m_commands.end())
         return complain(u"there is no command "_s + QString::fromStdString(m_helpTopic));
-    print(topic->app->help(m_app.get_name()));
+    writeOut(topic->app->help(m_app.get_name()));
     return doneStatus;
 }
 
@@ -124,11 +124,17 @@ void addNotation(CLI::App* command, Notation* notation, bool onlyChains)
         notations["formula"] = Notation::Formula;
         notations["glycan"] = Notation::Glycan;
     }
-    std::string names;
-    for (const auto& [name, value] : notations)
-        names += (names.empty() ? "" : ", ") + name;
-    command->add_option("--as", *notation, "The notation of the text: " + names)
-        ->transform(CLI::CheckedTransformer(notations).description(""))
+    std::vector<std::string> names;
+    std::string listed;
+    for (const auto& [name, value] : notations) {
+        names.push_back(name);
+        listed += (listed.empty() ? "" : ", ") + name;
+    }
+    const auto take = [notation, notations](const std::string& name) {
+        *notation = notations.at(name);
+    };
+    command->add_option_function<std::string>("--as", take, "The notation of the text: " + listed)
+        ->check(oneOf(names))
         ->option_text("NOTATION");
 }
 

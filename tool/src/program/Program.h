@@ -22,7 +22,7 @@ namespace tool {
 struct Task
 {
     Chemistry chemistry;
-    std::optional<int> digits;
+    TableForm form;
     Complaints complaints;
 };
 
@@ -57,6 +57,7 @@ private:
     bool m_wantsCompletion = false;
     std::string m_isotopes;
     int m_digits = -1;
+    bool m_hasNoHeader = false;
 };
 
 /// The option `--as`, with the notations that a command can do something with.

@@ -1,7 +1,9 @@
 #include "readers/Fasta.h"
 
 #include "readers/InputFile.h"
+#include "readers/NameText.h"
 
+#include <algorithm>
 #include <optional>
 #include <utility>
 
@@ -26,6 +28,12 @@ char toUpper(char byte)
     return byte >= 'a' && byte <= 'z' ? char(byte - 'a' + 'A') : byte;
 }
 
+/// Tells whether a line holds blanks or a remark only.
+bool isNothing(const QByteArray& line)
+{
+    return line.startsWith(';') || std::all_of(line.begin(), line.end(), isBlank);
+}
+
 /// Puts sequences together from lines.
 class FastaReader
 {
@@ -43,6 +51,7 @@ public:
     {
         while (m_lines->next()) {
             const QByteArray& line = m_lines->line();
+            m_isEmpty = m_isEmpty && isNothing(line);
             if (m_lines->isTooLong())
                 refuse(u"expected a shorter line"_s, LineReader::mostBytes);
             else if (line.startsWith('>'))
@@ -51,6 +60,8 @@ public:
                 appendLetters(line);
         }
         endSequence();
+        if (m_isEmpty)
+            m_complaints->report({m_source}, {u"expected sequences"_s, 0});
     }
 
 private:
@@ -66,7 +77,7 @@ private:
     {
         endSequence();
         m_isRefused = false;
-        const QString text = QString::fromUtf8(header).sliced(1).simplified();
+        const QString text = nameOf(header.sliced(1)).simplified();
         m_sequence = Sequence{text.section(u' ', 0, 0), {}, {m_source, m_lines->number()}};
         if (text.isEmpty())
             refuse(u"expected a name behind '>'"_s, 1);
@@ -105,6 +116,7 @@ private:
     Complaints* m_complaints;
     const std::function<void(Sequence&&)>& m_take;
     std::optional<Sequence> m_sequence;
+    bool m_isEmpty = true; ///< No line so far held anything but blanks and remarks.
     bool m_isRefused = false;
 };
 

@@ -19,11 +19,27 @@ bool open(const QString& name, QFile* file)
     return file->open(QIODevice::ReadOnly);
 }
 
+/// Hands on a text that was decoded as a whole. What was no UTF-8 has become U+FFFD, which stands
+/// for a lost character wherever it comes from.
+void takeText(const Place& place, const QString& text, Complaints* complaints,
+              const std::function<void(const Place&, const QString&)>& take)
+{
+    const qsizetype lost = text.indexOf(QChar(QChar::ReplacementCharacter));
+    if (lost < 0)
+        take(place, text);
+    else
+        complaints->report(place, {u"expected a character in UTF-8"_s, lost});
+}
+
 } // namespace
 
 void withLines(const QString& name, Complaints* complaints,
                const std::function<void(const QString&, LineReader*)>& read)
 {
+    if (name.isEmpty()) {
+        complaints->report({u"''"_s}, {u"expected the name of a file"_s, 0});
+        return;
+    }
     const QString source = name == standardInput ? u"stdin"_s : name;
     QFile file;
     if (!open(name, &file)) {
@@ -46,7 +62,11 @@ void forEachText(const QStringList& arguments, Complaints* complaints,
     for (const QString& argument : arguments) {
         ++number;
         if (argument != standardInput && !argument.startsWith(u'@')) {
-            take({u"argument"_s, number}, argument);
+            takeText({u"argument"_s, number}, argument, complaints, take);
+            continue;
+        }
+        if (argument == u"@") {
+            complaints->report({argument}, {u"expected the name of a file behind '@'"_s, 1});
             continue;
         }
         const QString file = argument == standardInput ? argument : argument.sliced(1);
@@ -57,7 +77,7 @@ void forEachText(const QStringList& arguments, Complaints* complaints,
                     complaints->report(place,
                                        {u"expected a shorter line"_s, LineReader::mostBytes});
                 else
-                    take(place, QString::fromUtf8(lines->line()));
+                    takeText(place, QString::fromUtf8(lines->line()), complaints, take);
             }
         });
     }

@@ -34,7 +34,7 @@ std::vector<Item> readItems(const QString& name, Complaints* complaints,
 }
 
 /// Hands each text to `take` with its place: arguments as they are, the lines of FILE for `@FILE`,
-/// those of standard input for `-`.
+/// those of standard input for `-`. One that is not all UTF-8 is reported instead.
 void forEachText(const QStringList& arguments, Complaints* complaints,
                  const std::function<void(const Place& place, const QString& text)>& take);
 

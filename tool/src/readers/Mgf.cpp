@@ -1,6 +1,7 @@
 #include "readers/Mgf.h"
 
 #include "readers/InputFile.h"
+#include "readers/NameText.h"
 #include "readers/PeakLine.h"
 #include "support/Number.h"
 
@@ -139,7 +140,7 @@ private:
         if (key == "CHARGE")
             readCharge(value, position);
         else if (m_isInside && key == "TITLE" && !title.isEmpty())
-            m_spectrum.title = QString::fromUtf8(title);
+            m_spectrum.title = nameOf(title);
         else if (m_isInside && key == "PEPMASS")
             readPrecursor(value, position);
     }
@@ -156,10 +157,16 @@ private:
     /// The m/z, behind which an intensity may stand.
     void readPrecursor(const QByteArray& value, qsizetype position)
     {
-        const std::vector<Word> words = wordsOf(value);
-        const auto mz = words.empty() ? std::nullopt : readNumber(words.front().text);
-        if (!mz || *mz <= 0.0)
-            refuse({u"expected PEPMASS with an m/z above 0"_s, position});
+        if (m_spectrum.precursor > 0.0) {
+            refuse({u"expected one PEPMASS only"_s, 0});
+            return;
+        }
+        const std::vector<Word> columns = columnsBetweenBlanks(value);
+        const Word first = columns.empty() ? Word() : columns.front();
+        const auto mz = readColumn({first.text, position + first.position},
+                                   u"expected PEPMASS with an m/z above 0"_s, isMz);
+        if (!mz)
+            refuse(mz.error());
         else
             m_spectrum.precursor = *mz;
     }

@@ -16,10 +16,10 @@ namespace tool {
 /// holds for those that state none; keys that mean nothing here are passed over. Lines that start
 /// with `#`, `;`, `!` or `/` are remarks.
 ///
-/// A spectrum is reported, and not handed over, where it has no PEPMASS above 0, where a charge or
-/// a peak cannot be read, as with an intensity that is NaN, and where it does not end. Whatever
-/// stands outside and is no `KEY=value` is reported as well. Spectra count from 1, those that are
-/// refused too.
+/// A spectrum is reported, and not handed over, where it has no PEPMASS above 0 or two of them,
+/// where a charge or a peak cannot be read, as with an intensity that is NaN or a decimal comma,
+/// and where it does not end. Whatever stands outside and is no `KEY=value` is reported as well.
+/// Spectra count from 1, those that are refused too.
 void readMgf(const QString& source, LineReader* lines, Complaints* complaints,
              const std::function<void(Spectrum&&)>& take);
 

@@ -3,7 +3,6 @@
 #include "readers/InputFile.h"
 #include "readers/Mgf.h"
 #include "readers/PeakLine.h"
-#include "support/Number.h"
 
 #include <optional>
 
@@ -29,10 +28,17 @@ bool isMgf(const QByteArray& line)
     return line.contains('=') || line.trimmed().compare("BEGIN IONS", Qt::CaseInsensitive) == 0;
 }
 
-bool isPeak(const QByteArray& line)
+/// Tells whether a line names columns: its first word starts with a letter, perhaps in quotes, and
+/// is none of those that other programs write for what is no number.
+bool isHeader(const QByteArray& line)
 {
     const std::vector<Word> words = wordsOf(line);
-    return !words.empty() && readNumber(words.front().text);
+    if (words.empty())
+        return false;
+    QString word = QString::fromUtf8(words.front().text).toLower();
+    word.remove(u'"');
+    const bool isNoNumber = word == u"nan" || word == u"inf" || word == u"infinity";
+    return !word.isEmpty() && word.front().isLetter() && !isNoNumber;
 }
 
 /// Reads two columns, the first line of which was looked at already.
@@ -40,7 +46,7 @@ std::optional<Spectrum> readColumns(const QString& source, LineReader* lines,
                                     Complaints* complaints)
 {
     Spectrum spectrum{u"index=1"_s, 0.0, {}, {}, {source, lines->number()}};
-    if (isPeak(lines->line()))
+    if (!isHeader(lines->line()))
         lines->stepBack();
     while (nextLine(lines)) {
         if (const auto error = appendPeak(lines->line(), &spectrum.peaks)) {

@@ -21,7 +21,7 @@ struct Peaks
 /// A fragment spectrum.
 struct Spectrum
 {
-    QString title;            ///< TITLE, else `index=N`, from 1.
+    QString title;            ///< TITLE as nameOf() has it, else `index=N`, from 1.
     double precursor = 0.0;   ///< m/z.
     std::vector<int> charges; ///< Those that the file states, with their sign; may be none.
     Peaks peaks;

@@ -40,14 +40,17 @@ bool areSites(QStringView text)
 /// The bracket that a name is read in.
 constexpr QStringView bracket = u"A[";
 
+/// Tells whether the bracket held one tag that modifies: a remark does not.
 bool isOneTag(const Peptidoform& peptidoform)
 {
     if (peptidoform.ions.size() != 1 || peptidoform.ions[0].chains.size() != 1)
         return false;
     const ions::PeptidoformChain& chain = peptidoform.ions[0].chains[0];
-    return chain.modifications.size() == 1 && chain.residues == u"A" &&
-           chain.modifications[0].modification.tags.size() == 1 &&
-           chain.modifications[0].modification.label.kind == ions::ModificationLabel::None;
+    if (chain.modifications.size() != 1 || chain.residues != u"A")
+        return false;
+    const ions::Modification& modification = chain.modifications[0].modification;
+    return modification.tags.size() == 1 && modification.tags[0].kind != ions::TagKind::Info &&
+           modification.label.kind == ions::ModificationLabel::None;
 }
 
 Error inRule(Error error)

@@ -1,28 +1,15 @@
 #include "support/Table.h"
 
 #include "support/Number.h"
+#include "support/Output.h"
 
-#include <cerrno>
 #include <cmath>
-#include <cstdio>
-#include <cstdlib>
-#include <cstring>
 
 namespace tool {
 
 namespace {
 
 constexpr qsizetype mostHeld = 1 << 16;
-
-/// Ends the program: nobody reads any more, or the disk is full.
-[[noreturn]] void giveUp()
-{
-    const int reason = errno;
-    if (reason == EPIPE)
-        std::_Exit(0);
-    std::fprintf(stderr, "zel: standard output cannot be written: %s\n", std::strerror(reason));
-    std::_Exit(1);
-}
 
 } // namespace
 
@@ -51,10 +38,10 @@ QByteArray escaped(QByteArrayView text)
     return result;
 }
 
-Table::Table(const QStringList& columns, std::optional<int> digits)
+Table::Table(const QStringList& columns, const TableForm& form)
     : m_columns(columns.size())
-    , m_digits(digits)
-    , m_held(columns.join(u'\t').toUtf8() + '\n')
+    , m_digits(form.digits)
+    , m_held(form.hasNames ? columns.join(u'\t').toUtf8() + '\n' : QByteArray())
 {
 }
 
@@ -85,9 +72,7 @@ void Table::append(const Cell& cell)
 
 void Table::write()
 {
-    const auto size = std::size_t(m_held.size());
-    if (std::fwrite(m_held.constData(), 1, size, stdout) != size || std::fflush(stdout) != 0)
-        giveUp();
+    writeOut(m_held);
     m_held.clear();
 }
 

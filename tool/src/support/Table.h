@@ -45,6 +45,13 @@ private:
 /// A text as it stands in a cell: tab, line end and backslash as `\t`, `\n` and `\\`.
 QByteArray escaped(QByteArrayView text);
 
+/// How a table is written.
+struct TableForm
+{
+    std::optional<int> digits; ///< Behind the point of numbers; the shortest text without them.
+    bool hasNames = true;      ///< Whether the first line names the columns.
+};
+
 /// Writes rows to standard output: columns separated by tabs, their names in the first line.
 ///
 /// A reader that has seen enough closes its end; then the program ends without a word.
@@ -52,7 +59,7 @@ class Table
 {
 public:
     /// Writes the names of the columns.
-    Table(const QStringList& columns, std::optional<int> digits);
+    Table(const QStringList& columns, const TableForm& form);
     /// Writes what is still held.
     ~Table();
 
