@@ -1,3 +1,4 @@
+#include "PeptidoformLaws.h"
 #include "ProForma.h"
 #include "RandomPeptidoforms.h"
 #include "RandomTexts.h"
