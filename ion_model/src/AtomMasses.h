@@ -53,6 +53,29 @@ struct Masses
     friend constexpr bool operator==(const Masses&, const Masses&) = default;
 };
 
+/// A sum of masses that keeps what rounding takes from it: good to 10^-9 Da for molecules of any
+/// size that exists, where a plain sum of tens of thousands of residues is not. What is added
+/// should weigh less than what is there already; the first of all may weigh anything.
+struct MassSum
+{
+    Masses high; ///< The rounded sum.
+    Masses low;  ///< What was rounded off.
+
+    /// Adds masses.
+    constexpr void add(const Masses& masses)
+    {
+        const Masses sum = high + masses;
+        low += masses - (sum - high);
+        high = sum;
+    }
+
+    /// All that was added.
+    constexpr Masses value() const { return high + low; }
+};
+
+/// As many masses as a plain sum may have to be good to 10^-9 Da.
+inline constexpr qsizetype mostPlainMasses = 250;
+
 /// One isotope of an element.
 struct IsotopeShare
 {

@@ -198,7 +198,8 @@ public:
     /// What breaks add and take.
     const BreakMasses& breaks() const { return m_breaks; }
 
-    /// The masses of one chain as it stands: units, linkages, ends, open and labile groups.
+    /// The masses of one chain as it stands: units, linkages, ends, open and labile groups. Good to
+    /// 10^-9 Da, as are those of ions. The chain has to be there.
     Masses chainMasses(qsizetype chain) const;
     /// The masses of the whole molecule: its chains and links.
     Masses masses() const;

@@ -207,20 +207,6 @@ public:
     std::span<const qsizetype> unknownLetters() const { return m_unknownLetters; }
 
 private:
-    /// The sum of all letters in front of a place. What rounding takes from the high part is in
-    /// the low one, so that differences are as good as sums of their own.
-    struct PartialSum
-    {
-        Masses high;
-        Masses low;
-
-        void add(const Masses& masses)
-        {
-            const Masses sum = high + masses;
-            low += masses - (sum - high);
-            high = sum;
-        }
-    };
     /// What products weigh beside their letters.
     struct EndMasses
     {
@@ -247,8 +233,10 @@ private:
     std::vector<double> m_average;
     std::size_t m_size = 0;
     std::vector<qsizetype> m_unknownLetters;
-    std::vector<qsizetype> m_cuts;  ///< Both ends of the text and the cuts between them.
-    std::vector<PartialSum> m_sums; ///< At each place of the text, then room.
+    std::vector<qsizetype> m_cuts; ///< Both ends of the text and the cuts between them.
+    /// Of all letters in front of each place of the text, then room: differences of these are as
+    /// good as sums of their own.
+    std::vector<MassSum> m_sums;
 };
 
 /// @}

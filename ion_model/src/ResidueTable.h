@@ -101,10 +101,11 @@ public:
     /// The masses of a peptide: its residues and one water. Refused at the first character that has
     /// no mass. An empty text is water.
     ///
-    /// Masses are added as doubles, letter by letter: they are good to 10^-9 Da for peptides of up
-    /// to 250 residues, and to 10^-5 Da for the longest proteins.
+    /// Good to 10^-9 Da, however long the peptide is.
     Parsed<Masses> peptide(QStringView sequence) const
     {
+        if (sequence.size() > mostPlainMasses) [[unlikely]]
+            return protein(sequence);
         // An unknown letter makes the sum NaN: looking at each would cost more than the sum.
         Masses sum = m_letters[letterCount];
         for (const QChar letter : sequence)
@@ -149,6 +150,7 @@ private:
     static constexpr std::size_t letterCount = 128;
     struct Content;
 
+    Parsed<Masses> protein(QStringView sequence) const;
     Error unknownLetter(QStringView sequence) const;
 
     std::shared_ptr<const Content> m_content;

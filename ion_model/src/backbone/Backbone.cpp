@@ -66,18 +66,13 @@ std::optional<Error> refusalOf(const BackboneChain& chain, qsizetype index)
 /// Writes what stands left of each unit, then all of them; gives the place behind.
 double* writeSums(const BackboneChain& chain, const BreakMasses& breaks, double* next)
 {
-    const std::size_t size = chain.units.size();
-    double sum = chainEnds(chain, breaks).left.monoisotopic;
-    *next++ = sum;
-    if (chain.linkages.empty()) {
-        for (std::size_t i = 0; i < size; ++i)
-            *next++ = sum += chain.units[i].monoisotopic;
-        return next;
-    }
-    for (std::size_t i = 0; i < size; ++i) {
-        if (i > 0)
-            sum += chain.linkages[i - 1].monoisotopic;
-        *next++ = sum += chain.units[i].monoisotopic;
+    MassSum sum{chainEnds(chain, breaks).left, {}};
+    *next++ = sum.value().monoisotopic;
+    for (std::size_t i = 0; i < chain.units.size(); ++i) {
+        if (i > 0 && !chain.linkages.empty())
+            sum.add(chain.linkages[i - 1]);
+        sum.add(chain.units[i]);
+        *next++ = sum.value().monoisotopic;
     }
     return next;
 }
@@ -116,8 +111,11 @@ std::optional<Error> Backbone::assignPeptide(QStringView sequence, const Residue
         chain.units[std::size_t(i)] = masses;
         *next++ = sum += masses.monoisotopic;
     }
-    if (!std::isnan(sum) && !sequence.isEmpty())
+    if (!std::isnan(sum) && !sequence.isEmpty()) {
+        if (sequence.size() > mostPlainMasses)
+            sumUp();
         return {};
+    }
     m_chains.clear();
     return residues.unknownLetter(sequence);
 }
@@ -189,26 +187,26 @@ Masses Backbone::chainMasses(qsizetype index) const
 {
     const BackboneChain& chain = m_chains[std::size_t(index)];
     const ChainEnds ends = chainEnds(chain, m_breaks);
-    Masses sum = m_breaks.water + ends.left + ends.right;
+    MassSum sum{m_breaks.water + ends.left + ends.right, {}};
     for (const Masses& unit : chain.units)
-        sum += unit;
+        sum.add(unit);
     for (const Masses& linkage : chain.linkages)
-        sum += linkage;
+        sum.add(linkage);
     for (const OpenGroup& open : chain.open)
-        sum += open.group.masses;
+        sum.add(open.group.masses);
     for (const BackboneGroup& group : chain.labile)
-        sum += group.masses;
-    return sum;
+        sum.add(group.masses);
+    return sum.value();
 }
 
 Masses Backbone::masses() const
 {
-    Masses sum;
+    MassSum sum;
     for (qsizetype i = 0; i < std::ssize(m_chains); ++i)
-        sum += chainMasses(i);
+        sum.add(chainMasses(i));
     for (const BackboneLink& link : m_links)
-        sum += link.masses;
-    return sum;
+        sum.add(link.masses);
+    return sum.value();
 }
 
 } // namespace ions

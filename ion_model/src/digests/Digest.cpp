@@ -104,7 +104,7 @@ private:
         if (m_firstEnd > lastEnd)
             return;
         std::size_t at = roomFor(lastEnd - m_firstEnd + 1);
-        const PartialSum start = m_startSum;
+        const MassSum start = m_startSum;
         for (std::size_t end = m_firstEnd; end <= lastEnd; ++end) {
             if (cut(end) - m_start > m_maxLength)
                 break;
@@ -119,7 +119,7 @@ private:
         if (longest < m_minLength)
             return;
         std::size_t at = roomFor(std::size_t(longest - m_minLength) + 1);
-        const PartialSum start = m_startSum;
+        const MassSum start = m_startSum;
         std::size_t nextCut = m_firstEnd;
         for (qsizetype length = m_minLength; length <= longest; ++length) {
             const qsizetype end = m_start + length;
@@ -149,9 +149,9 @@ private:
 
     /// Writes a product and gives the place of the next one: the same place if the mass is outside
     /// its limits, as one that is NaN never is.
-    std::size_t list(const PartialSum& start, qsizetype end, std::size_t missed, std::size_t at)
+    std::size_t list(const MassSum& start, qsizetype end, std::size_t missed, std::size_t at)
     {
-        const PartialSum& sum = m_digest.m_sums[std::size_t(end)];
+        const MassSum& sum = m_digest.m_sums[std::size_t(end)];
         const Masses masses =
             end > m_knownEnd ? Masses{none, none} : (sum.high - start.high) + (sum.low - start.low);
         m_digest.m_starts[at] = m_start;
@@ -172,7 +172,7 @@ private:
     double m_maxMass;
     std::size_t m_lastCut;
     qsizetype m_start = 0;         ///< Where the products at hand start.
-    PartialSum m_startSum;         ///< Up to there, less the end that a cut makes.
+    MassSum m_startSum;            ///< Up to there, less the end that a cut makes.
     qsizetype m_knownEnd = 0;      ///< Up to where they have a mass.
     std::size_t m_firstEnd = 1;    ///< The first cut that makes them long enough.
     std::size_t m_nextUnknown = 0; ///< The first unknown letter in none of those before.
@@ -222,7 +222,7 @@ void Digest::addUp(QStringView text, std::span<const Masses, 128> letters)
     if (m_sums.size() <= length)
         m_sums.resize(length + 1);
     // A loop without a branch; a letter without a mass is rare and shows in the end.
-    PartialSum sum;
+    MassSum sum;
     for (std::size_t place = 0; place < length; ++place) {
         m_sums[place] = sum;
         sum.add(massesOf(letters, text[qsizetype(place)].unicode()));
@@ -235,7 +235,7 @@ void Digest::addUp(QStringView text, std::span<const Masses, 128> letters)
 /// Leaves letters without a mass out of the sums, which are of no use for products that hold them.
 void Digest::addUpKnown(QStringView text, std::span<const Masses, 128> letters)
 {
-    PartialSum sum;
+    MassSum sum;
     for (qsizetype place = 0; place < text.size(); ++place) {
         const Masses& masses = massesOf(letters, text[place].unicode());
         if (std::isnan(masses.monoisotopic))

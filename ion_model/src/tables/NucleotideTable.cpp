@@ -92,10 +92,10 @@ Parsed<Masses> NucleotideTable::oligonucleotide(QStringView text) const
     const Parsed<Content::Text> read = m_content->readByFactory(text);
     if (!read)
         return read.error();
-    Masses sum = massesOf(read->fivePrime) + massesOf(read->threePrime);
+    MassSum sum{massesOf(read->fivePrime) + massesOf(read->threePrime), {}};
     for (const auto& nucleotide : read->nucleotides)
-        sum += massesOf(*nucleotide);
-    return sum;
+        sum.add(massesOf(*nucleotide));
+    return sum.value();
 }
 
 const BreakMasses& NucleotideTable::breaks() const

@@ -78,17 +78,32 @@ OligoLetters::Step OligoLetters::stepFrom(State state, std::size_t letter) const
 
 OligoLetters::Reading OligoLetters::read(QStringView text) const
 {
+    if (text.size() > mostPlainMasses) {
+        MassSum sum;
+        Reading reading = follow(text, [&sum](const Masses& masses) { sum.add(masses); });
+        reading.masses = sum.value();
+        return reading;
+    }
+    Masses sum;
+    Reading reading = follow(text, [&sum](const Masses& masses) { sum += masses; });
+    reading.masses = sum;
+    return reading;
+}
+
+template <typename Add>
+OligoLetters::Reading OligoLetters::follow(QStringView text, const Add& add) const
+{
     Reading reading;
     State state = Start;
     for (; reading.end < text.size(); ++reading.end) {
         const Step& step = m_steps[state][index(text[reading.end])];
         if (step.next == Stuck)
             return reading;
-        reading.masses += step.masses;
+        add(step.masses);
         state = step.next;
     }
     if (state == BehindBase || state == BehindLinkage)
-        reading.masses += m_unmarkedThreePrime;
+        add(m_unmarkedThreePrime);
     reading.isWhole = state == BehindBase || state == BehindLinkage || state == Closed;
     return reading;
 }

@@ -71,6 +71,10 @@ private:
     void addRole(const FactoryTables& tables, FactoryTables::BuildingBlockType type, Role role);
     Step stepFrom(State state, std::size_t letter) const;
 
+    /// Reads a text and hands what each character adds to the function.
+    template <typename Add>
+    Reading follow(QStringView text, const Add& add) const;
+
     bool m_isPlain = true;
     std::array<Role, letterCount> m_roles{};
     std::array<Masses, letterCount> m_masses{};

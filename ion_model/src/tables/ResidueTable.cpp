@@ -250,6 +250,17 @@ QString ResidueTable::candidates(char16_t letter) const
     }
 }
 
+/// The masses of a long peptide, whose plain sum would round too often.
+Parsed<Masses> ResidueTable::protein(QStringView sequence) const
+{
+    MassSum sum{water(), {}};
+    for (const QChar letter : sequence)
+        sum.add(residue(letter.unicode()));
+    if (std::isnan(sum.value().average))
+        return unknownLetter(sequence);
+    return sum.value();
+}
+
 Error ResidueTable::unknownLetter(QStringView sequence) const
 {
     const auto unknown = std::find_if(sequence.begin(), sequence.end(), [this](QChar letter) {

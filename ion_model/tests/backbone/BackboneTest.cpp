@@ -7,6 +7,8 @@
 
 #include <gtest/gtest.h>
 
+#include <cmath>
+
 using namespace Qt::StringLiterals;
 
 namespace ions {
@@ -24,6 +26,26 @@ TEST(Backbone, PeptidesWeighWhatTheTableSays)
     EXPECT_NEAR(peptide.masses().monoisotopic, 1045.53451, 1e-4);
     EXPECT_NEAR(peptide.masses().average, residues().peptide(u"DRVYIHPF")->average, 1e-9);
     EXPECT_EQ(peptide.chains()[0].letters, u"DRVYIHPF"_s);
+}
+
+/// Against sums in a wider type.
+TEST(Backbone, LongChainsAndTheirIonsAreSummedAsWellAsShortOnes)
+{
+    const QString all = u"ACDEFGHIKLMNPQRSTVWY"_s;
+    const Backbone protein = Backbone::peptide(all.repeated(1750), residues()).value();
+    const FragmentIons ions = ionsOf(protein, IonOptions());
+    const std::vector<Masses>& units = protein.chains()[0].units;
+    const std::size_t cuts = units.size() - 1;
+    long double left = 0.0L;
+    long double right = residues().water().monoisotopic;
+    for (std::size_t i = 0; i < cuts; ++i) {
+        left += units[i].monoisotopic;
+        right += units[cuts - i].monoisotopic;
+        ASSERT_LT(std::abs(double(ions.mz()[i] - left - protein.breaks().proton)), 2e-9);
+        ASSERT_LT(std::abs(double(ions.mz()[cuts + i] - right - protein.breaks().proton)), 2e-9);
+    }
+    const long double whole = right + units[0].monoisotopic;
+    EXPECT_LT(std::abs(double(protein.masses().monoisotopic - whole)), 1e-9);
 }
 
 TEST(Backbone, LettersWithoutMassAreRefused)

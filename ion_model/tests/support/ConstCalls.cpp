@@ -18,6 +18,10 @@ void use(const Results&...)
 std::vector<ConstCall> massCalls()
 {
     return {
+        {"AtomMasses::value",
+         [](Shared) {
+             use(MassSum{{1.0, 1.0}, {}}.value());
+         }},
         {"AtomMasses::AtomMasses",
          [](Shared) {
              use(AtomMasses());

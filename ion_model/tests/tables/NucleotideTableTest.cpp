@@ -9,6 +9,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <cmath>
 #include <optional>
 
 using namespace Qt::StringLiterals;
@@ -245,6 +246,21 @@ TEST(NucleotideTable, BackbonesHaveThePartsOfTheFactorysNucleotides)
         ++compared;
     }
     EXPECT_GT(compared, 100);
+}
+
+/// Against sums in a wider type: each further nucleotide weighs the same.
+TEST(NucleotideTable, LongStrandsAreSummedAsWellAsShortOnes)
+{
+    const NucleotideTable nucleotides;
+    const Backbone two = Backbone::oligonucleotide(u"rGrG", nucleotides).value();
+    const BackboneChain& chain = two.chains()[0];
+    const long double one =
+        static_cast<long double>(chain.units[0].monoisotopic) + chain.linkages[0].monoisotopic;
+    const QString text = u"rG"_s.repeated(10000);
+    const double mass = nucleotides.oligonucleotide(text)->monoisotopic;
+    const long double expected = two.masses().monoisotopic + 9998 * one;
+    EXPECT_LT(std::abs(double(mass - expected)), 2e-9);
+    EXPECT_NEAR(Backbone::oligonucleotide(text, nucleotides)->masses().monoisotopic, mass, 2e-9);
 }
 
 } // namespace

@@ -263,7 +263,9 @@ TEST(ResidueTable, SumsAreAsGoodAsTheySay)
     const QString all = u"ACDEFGHIKLMNPQRSTVWY"_s;
     for (const QChar letter : all)
         EXPECT_LT(error(QString(250, letter)), 1e-9);
-    EXPECT_LT(error(all.repeated(35000 / 20)), 1e-5);
+    EXPECT_LT(error(all.repeated(35000 / 20)), 1e-9);
+    EXPECT_LT(error(QString(5000, u'W')), 1e-9);
+    EXPECT_EQ(residues.peptide(QString(QString(300, u'W') + u'X')).error().position, 300);
 }
 
 TEST(ResidueTable, PartsOfNucleotidesAreThoseOfTheFactory)
