@@ -74,6 +74,10 @@ std::vector<ConstCall> massCalls()
          [](Shared s) {
              use(s.residues.peptide(u"DRVYXHPF"));
          }},
+        {"ResidueTable::protein",
+         [](Shared s) {
+             use(s.residues.peptide(QString(mostPlainMasses + 1, u'K')));
+         }},
         {"ResidueTable::water",
          [](Shared s) {
              use(Masses(s.residues.water()));
