@@ -192,7 +192,7 @@ TEST(FragmentIons, ALossOfARuleAndOfAGroupIsOne)
     const LossRule ofSerine = LossRule::read(u"H3PO4@S", residues().atoms()).value();
     BackboneChain chain = peptide(u"GSTG"_s).chains()[0];
     chain.fragile = {{1, {{80.0, 80.0}, {{u"H3O4P"_s, rule.loss.masses}}}},
-                   {2, {{80.0, 80.0}, {{u"H3O4P"_s, rule.loss.masses}}}}};
+                     {2, {{80.0, 80.0}, {{u"H3O4P"_s, rule.loss.masses}}}}};
     const Backbone backbone = Backbone::ofChains({chain}, {}, residues().breaks()).value();
     IonOptions options = series({Series::B});
     options.maxLosses = 2;

@@ -105,6 +105,36 @@ TEST(PeptidoformReader, KeepsWhatATagSaysWithoutLookingItUp)
     EXPECT_EQ(tag.position.index, 2);
 }
 
+TEST(PeptidoformReader, ValuesThatDifferInOnePartAreUnequal)
+{
+    const QList<QStringList> families = {
+        {u"A"_s, u"C"_s, u"AA"_s, u"A//A"_s, u"A+A"_s},
+        {u"(>>>a)A"_s, u"(>>>b)A"_s, u"(>>a)A"_s, u"(>>b)A"_s, u"(>a)A"_s, u"(>b)A"_s},
+        {u"<13C>A"_s, u"<15N>A"_s, u"<[x]@A>A"_s, u"<[y]@A>A"_s, u"<[x]@C>A"_s,
+         u"<[x]@N-term:A>A"_s, u"<[x]@C-term:A>A"_s, u"<[x]@N-term>A"_s},
+        {u"A/2"_s, u"A/3"_s, u"A/[Na:z+1]"_s, u"A/[K:z+1]"_s, u"A/[Na:z+2]"_s, u"A/[Na:z+1^2]"_s},
+        {u"[x]?A"_s, u"[y]?A"_s, u"[x]^2?A"_s, u"[x]^3?A"_s, u"{x}A"_s, u"{y}A"_s, u"[x]-A"_s,
+         u"[y]-A"_s, u"A-[x]"_s, u"A-[y]"_s},
+        {u"A[x]A"_s, u"AA[x]"_s, u"A[y]A"_s, u"(?AA)"_s, u"(AA)[x]"_s, u"(AA)[y]"_s, u"A(A)[x]"_s,
+         u"(A)[x]A"_s},
+        {u"A[x]"_s, u"A[y]"_s, u"A[+1]"_s, u"A[U:x]"_s, u"A[M:x]"_s, u"A[x|y]"_s, u"A[INFO:x]"_s,
+         u"A[Formula:C]"_s, u"A[Formula:H]"_s, u"A[Formula:C:z+1]"_s, u"A[Formula:C:z+2]"_s,
+         u"A[Glycan:Hex]"_s, u"A[Glycan:Hex2]"_s, u"A[Glycan:HexNAc]"_s, u"A[Glycan:{C}]"_s,
+         u"A[Glycan:{H}]"_s},
+        {u"A[x#XL1]"_s, u"A[x#XL2]"_s, u"A[x#BRANCH]"_s, u"A[x#g1]"_s, u"A[x#g2]"_s,
+         u"A[x#g1(0.5)]"_s, u"A[x#g1(0.6)]"_s},
+        {u"[x|Position:A]?A"_s, u"[x|Position:C]?A"_s, u"[x|Position:N-term]?A"_s,
+         u"[x|Position:A,C]?A"_s, u"[x|Limit:2]?A"_s, u"[x|Limit:3]?A"_s, u"[x|CoMKP]?A"_s,
+         u"[x|CoMUP]?A"_s}};
+    for (const QStringList& texts : families) {
+        for (const QString& left : texts) {
+            for (const QString& right : texts)
+                EXPECT_EQ(read(left) == read(right), left == right)
+                    << left.toStdString() << ' ' << right.toStdString();
+        }
+    }
+}
+
 TEST(PeptidoformReader, AssignsIntoUsedValuesAsIntoNewOnes)
 {
     Peptidoform used;
