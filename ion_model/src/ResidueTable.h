@@ -104,15 +104,13 @@ public:
     /// Good to 10^-9 Da, however long the peptide is.
     Parsed<Masses> peptide(QStringView sequence) const
     {
-        if (sequence.size() > mostPlainMasses) [[unlikely]]
-            return protein(sequence);
         // An unknown letter makes the sum NaN: looking at each would cost more than the sum.
         Masses sum = m_letters[letterCount];
         for (const QChar letter : sequence)
             sum += residue(letter.unicode());
-        if (sum.average == sum.average) [[likely]]
+        if (sum.average == sum.average && sequence.size() <= mostPlainMasses) [[likely]]
             return sum;
-        return unknownLetter(sequence);
+        return protein(sequence);
     }
 
     /// H2O, which the two ends of a peptide or oligonucleotide make.

@@ -511,8 +511,9 @@ int IonWriter::holders(const LossKind& loss, const BackboneChain& chain, qsizety
 {
     if (loss.isOfAny())
         return unlimited;
-    const auto isOfRule = [&](QChar letter) {
-        return loss.residues.contains(letter);
+    const QStringView losing = loss.residues;
+    const auto isOfRule = [losing](QChar letter) {
+        return std::find(losing.begin(), losing.end(), letter) != losing.end();
     };
     const QStringView letters = QStringView(chain.letters).sliced(begin, end - begin);
     auto count = std::count_if(letters.begin(), letters.end(), isOfRule);

@@ -250,7 +250,7 @@ QString ResidueTable::candidates(char16_t letter) const
     }
 }
 
-/// The masses of a long peptide, whose plain sum would round too often.
+/// The masses of a long peptide, whose plain sum would round too often, or the letter without mass.
 Parsed<Masses> ResidueTable::protein(QStringView sequence) const
 {
     MassSum sum{water(), {}};
