@@ -33,10 +33,10 @@ std::string casesOfValues(const CLI::App& command)
         for (const std::string& word : wordsTaken(*option))
             words += ' ' + word;
         for (const std::string& name : option->get_lnames()) {
-            if (!words.empty()) {
-                cases += "        '" + command.get_name() + " --" + name + "') words='" + words +
-                         "' ;;\n";
-            }
+            if (words.empty())
+                continue;
+            cases.append("        '").append(command.get_name()).append(" --").append(name);
+            cases.append("') words='").append(words).append("' ;;\n");
         }
     }
     return cases;
