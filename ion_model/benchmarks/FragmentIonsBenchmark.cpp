@@ -2,6 +2,7 @@
 
 #include "BenchmarkInputs.h"
 #include "FragmentIons.h"
+#include "IonBenchmarkOptions.h"
 #include <ChemicalFactory.h>
 
 #include <benchmark/benchmark.h>
@@ -58,24 +59,6 @@ IonOptions tenSeries()
     IonOptions options;
     options.series = {Series::A, Series::ADot, Series::B, Series::C, Series::CDot,
                       Series::X, Series::XDot, Series::Y, Series::Z, Series::ZDot};
-    return options;
-}
-
-IonOptions nineSeries()
-{
-    IonOptions options;
-    options.series = {Series::A, Series::B, Series::C, Series::D, Series::AMinusB,
-                      Series::W, Series::X, Series::Y, Series::Z};
-    return options;
-}
-
-/// b and y ions with charges 1 to 3, with and without either loss.
-IonOptions withLosses(const QStringList& losses)
-{
-    IonOptions options;
-    options.charges = {1, 2, 3};
-    for (const QString& loss : losses)
-        options.losses.push_back(LossRule::read(loss, residues().atoms()).value());
     return options;
 }
 
@@ -209,13 +192,16 @@ BENCHMARK(tenSeriesOfPeptides)->ThreadRange(1, 2);
 
 void threeChargesTwoLosses(benchmark::State& state)
 {
-    ionsOf(state, peptides(), withLosses({QStringLiteral("H2O"), QStringLiteral("NH3")}));
+    ionsOf(state, peptides(),
+           threeCharges({QStringLiteral("H2O"), QStringLiteral("NH3")}, residues().atoms()));
 }
 BENCHMARK(threeChargesTwoLosses)->ThreadRange(1, 2);
 
 void threeChargesTwoLossesOfSomeResidues(benchmark::State& state)
 {
-    ionsOf(state, peptides(), withLosses({QStringLiteral("H2O@STED"), QStringLiteral("NH3@RKNQ")}));
+    ionsOf(
+        state, peptides(),
+        threeCharges({QStringLiteral("H2O@STED"), QStringLiteral("NH3@RKNQ")}, residues().atoms()));
 }
 BENCHMARK(threeChargesTwoLossesOfSomeResidues);
 

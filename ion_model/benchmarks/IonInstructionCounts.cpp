@@ -4,6 +4,7 @@
 #include "CountedWorkloads.h"
 #include "Digest.h"
 #include "FragmentIons.h"
+#include "IonBenchmarkOptions.h"
 #include "IsotopePattern.h"
 #include "NucleotideTable.h"
 #include "PeakMatch.h"
@@ -65,16 +66,6 @@ std::function<void()> ionsOf(const std::vector<Backbone>& backbones, const IonOp
     };
 }
 
-/// b and y ions with charges 1 to 3, with and without either loss.
-IonOptions withLosses()
-{
-    IonOptions options;
-    options.charges = {1, 2, 3};
-    for (const QString& loss : {QStringLiteral("H2O"), QStringLiteral("NH3")})
-        options.losses.push_back(LossRule::read(loss, residues().atoms()).value());
-    return options;
-}
-
 std::function<void()> patterns(const std::vector<Composition>& compositions)
 {
     std::vector<IsotopeGroup> groups;
@@ -120,14 +111,13 @@ const Workload workloads[] = {
      }},
     {"ions-charges-and-losses", 200,
      [](int count) {
-         return ionsOf(peptideBackbones(count), withLosses());
+         return ionsOf(
+             peptideBackbones(count),
+             threeCharges({QStringLiteral("H2O"), QStringLiteral("NH3")}, residues().atoms()));
      }},
     {"ions-oligo-nine-series", 200,
      [](int count) {
-         IonOptions options;
-         options.series = {Series::A, Series::B, Series::C, Series::D, Series::AMinusB,
-                           Series::W, Series::X, Series::Y, Series::Z};
-         return ionsOf(oligonucleotideBackbones(count), options);
+         return ionsOf(oligonucleotideBackbones(count), nineSeries());
      }},
     {"ions-digest", 1, // of one protein
      [](int) {

@@ -1,5 +1,7 @@
 #include "fragments/GroupIons.h"
 
+#include "fragments/BackboneGroups.h"
+
 #include <algorithm>
 #include <array>
 #include <cstddef>
@@ -13,25 +15,11 @@ namespace {
 constexpr std::size_t mostIons = 1000;
 constexpr int mostInOxoniumIon = 3;
 
-/// Hands each group that sits somewhere on the molecule to the function.
-template <typename Visit>
-void visitGroups(const Backbone& backbone, const Visit& visit)
-{
-    for (const BackboneChain& chain : backbone.chains()) {
-        for (const auto& [unit, group] : chain.fragile)
-            visit(group);
-        for (const OpenGroup& open : chain.open)
-            visit(open.group);
-        for (const BackboneGroup& group : chain.labile)
-            visit(group);
-    }
-}
-
 /// The monosaccharides of all glycans, each kind once.
 std::vector<BackboneSugar> sugarsOf(const Backbone& backbone)
 {
     std::vector<BackboneSugar> sugars;
-    visitGroups(backbone, [&sugars](const BackboneGroup& group) {
+    visitAllGroups(backbone, [&sugars](const BackboneGroup& group) {
         for (const BackboneSugar& sugar : group.glycan) {
             const auto known =
                 std::find_if(sugars.begin(), sugars.end(),
@@ -194,7 +182,7 @@ std::optional<std::vector<LoneIon>> oxoniumIons(const Backbone& backbone)
 std::vector<LoneIon> reporterIons(const Backbone& backbone)
 {
     std::vector<LoneIon> ions;
-    visitGroups(backbone, [&ions](const BackboneGroup& group) {
+    visitAllGroups(backbone, [&ions](const BackboneGroup& group) {
         for (const ReporterIon& reporter : group.reporters) {
             const bool isKnown = std::any_of(ions.begin(), ions.end(), [&](const LoneIon& ion) {
                 return ion.name == reporter.name;

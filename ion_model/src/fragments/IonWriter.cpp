@@ -286,6 +286,12 @@ std::optional<Error> IonWriter::writeWhole(const IonKind& kind)
     }
 }
 
+/// What the whole molecule comes to with the charges, shifts and losses of a kind.
+double IonWriter::chargedWhole(const IonKind& kind) const
+{
+    return m_backbone.masses().monoisotopic + m_plan->chargedMass(kind, Polymer::Peptide);
+}
+
 /// The molecule with each part of its glycans. The losses of each kind stand behind those of the
 /// plan.
 std::optional<Error> IonWriter::writeGlycans(const IonKind& kind)
@@ -294,8 +300,7 @@ std::optional<Error> IonWriter::writeGlycans(const IonKind& kind)
     if (!cuts)
         return tooManyOfGlycans();
     const std::size_t planned = m_plan->losses().sets().size();
-    const double mass =
-        m_backbone.masses().monoisotopic + m_plan->chargedMass(kind, Polymer::Peptide);
+    const double mass = chargedWhole(kind);
     for (std::size_t i = 0; i < cuts->size(); ++i) {
         const GlycanCut& cut = (*cuts)[i];
         *appendRun(kind, m_chains.front(), {cut.left, cut.left}, 0) =
@@ -358,8 +363,7 @@ void IonWriter::writePrecursor(const IonKind& kind)
         for (const BackboneGroup& group : chain.labile)
             labile += group.masses.monoisotopic;
     }
-    const double mass =
-        m_backbone.masses().monoisotopic + m_plan->chargedMass(kind, Polymer::Peptide);
+    const double mass = chargedWhole(kind);
     *appendRun(kind, m_chains.front(), {0, 0}, 0) = mass / std::abs(kind.charge);
     if (hasLabile)
         *appendRun(kind, m_chains.front(), {0, 0}, 1) = (mass - labile) / std::abs(kind.charge);

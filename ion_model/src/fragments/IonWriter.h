@@ -55,6 +55,7 @@ private:
     std::optional<Error> writeKind(const IonKind& kind);
     void writeTerminal(const IonKind& kind, const Chain& chain);
     std::optional<Error> writeWhole(const IonKind& kind);
+    double chargedWhole(const IonKind& kind) const;
     void writePrecursor(const IonKind& kind);
     std::optional<Error> writeGlycans(const IonKind& kind);
     std::optional<Error> writeLone(const IonKind& kind,

@@ -1,5 +1,6 @@
 #include "fragments/LossTable.h"
 
+#include "fragments/BackboneGroups.h"
 #include "masses/EntityMasses.h"
 
 #include <algorithm>
@@ -31,12 +32,18 @@ void visitGroupLosses(const Backbone& backbone, const IonOptions& options, const
 {
     if (!options.hasGroupLosses)
         return;
-    for (const BackboneChain& chain : backbone.chains()) {
-        for (const auto& [unit, group] : chain.fragile)
-            std::for_each(group.losses.begin(), group.losses.end(), visit);
-        for (const OpenGroup& open : chain.open)
-            std::for_each(open.group.losses.begin(), open.group.losses.end(), visit);
-    }
+    visitHeldGroups(backbone, [&visit](const BackboneGroup& group) {
+        std::for_each(group.losses.begin(), group.losses.end(), visit);
+    });
+}
+
+/// Whether a group of the backbone may lose this.
+bool isLostByGroup(const Backbone& backbone, const IonOptions& options, const NeutralLoss& loss)
+{
+    bool isLost = false;
+    visitGroupLosses(backbone, options,
+                     [&](const NeutralLoss& own) { isLost = isLost || isSameLoss(own, loss); });
+    return isLost;
 }
 
 } // namespace
@@ -70,19 +77,16 @@ LossTable::LossTable(const Backbone& backbone, const IonOptions& options)
 
 bool LossTable::hasGroupsOf(const Backbone& backbone, const IonOptions& options) const
 {
+    const auto isOfKind = [this](const NeutralLoss& loss) {
+        return std::any_of(m_kinds.begin(), m_kinds.end(), [&loss](const LossKind& kind) {
+            return kind.isOfGroup && isSameLoss(kind.loss, loss);
+        });
+    };
     bool isSame = true;
-    visitGroupLosses(backbone, options, [&](const NeutralLoss& loss) {
-        isSame = isSame && std::any_of(m_kinds.begin(), m_kinds.end(), [&](const LossKind& kind) {
-                     return kind.isOfGroup && isSameLoss(kind.loss, loss);
-                 });
-    });
+    visitGroupLosses(backbone, options,
+                     [&](const NeutralLoss& loss) { isSame = isSame && isOfKind(loss); });
     return isSame && std::all_of(m_kinds.begin(), m_kinds.end(), [&](const LossKind& kind) {
-               bool isThere = !kind.isOfGroup;
-               if (kind.isOfGroup)
-                   visitGroupLosses(backbone, options, [&](const NeutralLoss& loss) {
-                       isThere = isThere || isSameLoss(kind.loss, loss);
-                   });
-               return isThere;
+               return !kind.isOfGroup || isLostByGroup(backbone, options, kind.loss);
            });
 }
 

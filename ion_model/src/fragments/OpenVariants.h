@@ -25,8 +25,8 @@ using OpenClass = std::vector<const OpenGroup*>;
 std::vector<OpenClass> openClasses(const BackboneChain& chain);
 
 /// The ways in which the ions of a range with these numbers hold open groups, fewest groups first.
-/// No ion has two of one mass. Nothing where one ion would have
-/// more than 16 variants, or all of them more than 256.
+/// No ion has two of one mass. Nothing where one ion would have more than 16 variants, or all of
+/// them more than 256.
 std::optional<std::vector<OpenVariant>> openVariants(const BackboneChain& chain,
                                                      const UnitRange& range, NumberSpan numbers);
 

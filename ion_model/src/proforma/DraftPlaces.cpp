@@ -34,13 +34,11 @@ struct NamedOpen
 {
     Modification modification;
     QList<MoleculePosition> places;
-    bool isFront = false; ///< Whether it is described in front of the chain.
+    bool isByRule = false; ///< Whether its places need not be named.
+    bool isFront = false;  ///< Whether it is described in front of the chain.
 
     /// Where it is described.
-    MoleculePosition place() const
-    {
-        return isFront || places.isEmpty() ? MoleculePosition(-1, -1) : places.first();
-    }
+    MoleculePosition place() const { return isFront ? MoleculePosition(-1, -1) : places.first(); }
 };
 
 /// Writes modifications of unknown place, in the order in which the text describes them: so they
@@ -85,14 +83,14 @@ private:
             return Error{u"expected a place for a modification, as there are several chains"_s};
         if (modification.label.kind != ModificationLabel::Ambiguous)
             modification.label = {};
-        const bool isFront =
-            places.isEmpty() || isByRule(modification, places) || isInFront(modification, group);
-        return NamedOpen{std::move(modification), places, isFront};
+        const bool hasRule = places.isEmpty() || isByRule(modification, places);
+        const bool isFront = hasRule || isInFront(modification, group);
+        return NamedOpen{std::move(modification), places, hasRule, isFront};
     }
 
     Failure write(const NamedOpen& open)
     {
-        if (open.places.isEmpty() || isByRule(open.modification, open.places))
+        if (open.isByRule)
             return addUnlocalised(open.modification, open.places);
         return writePlaces(open.modification, open.places, open.isFront);
     }

@@ -14,8 +14,6 @@ namespace {
 
 using Failure = std::optional<Error>;
 
-const std::vector<LabelIon> noReporters;
-
 /// Arranges the parts of an ion for fragments.
 class BackboneBuilder
 {
@@ -114,10 +112,10 @@ private:
     {
         std::vector<BackboneSugar> sugars;
         for (const GlycanPart& one : glycanOf(*part.modification, part.weight)) {
-            const Parsed<PartWeight> weight = m_weigher.glycan({{one.name, one.formula, 1}});
-            if (weight)
-                sugars.push_back({glycanText({{one.name, one.formula, 1}}), balanced(*weight),
-                                  balancedAtoms(*weight), one.count});
+            const std::vector<GlycanPart> single = {{one.name, one.formula, 1}};
+            if (const Parsed<PartWeight> weight = m_weigher.glycan(single))
+                sugars.push_back(
+                    {glycanText(single), balanced(*weight), balancedAtoms(*weight), one.count});
         }
         return sugars;
     }
@@ -146,7 +144,9 @@ private:
     std::vector<ReporterIon> reportersOf(const PartWeight& weight) const
     {
         std::vector<ReporterIon> reporters;
-        for (const LabelIon& ion : weight.entry ? weight.entry->reporters : noReporters) {
+        if (!weight.entry)
+            return reporters;
+        for (const LabelIon& ion : weight.entry->reporters) {
             const Parsed<PartWeight> whole = m_weigher.atoms(ion.composition);
             if (!whole)
                 continue;

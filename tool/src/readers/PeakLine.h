@@ -35,9 +35,9 @@ inline bool isMz(double number)
 }
 
 /// Appends a peak, m/z and intensity, perhaps with further columns, between which blanks, tabs or,
-/// as in CSV, commas stand. Gives the refusal, if there is
-/// one: an m/z that is not above 0, an intensity below it, or anything that is no finite number.
-/// Nor is CSV of more than two columns taken where its commas could be decimal ones.
+/// as in CSV, commas stand. Gives the refusal, if there is one: an m/z that is not above 0, an
+/// intensity below it, or anything that is no finite number. Nor is CSV of more than two columns
+/// taken where its commas could be decimal ones.
 std::optional<ions::Error> appendPeak(QByteArrayView line, Peaks* peaks);
 
 } // namespace tool
