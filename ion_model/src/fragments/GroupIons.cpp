@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <array>
 #include <cstddef>
+#include <limits>
 
 using namespace Qt::StringLiterals;
 
@@ -14,6 +15,12 @@ namespace {
 
 constexpr std::size_t mostIons = 1000;
 constexpr int mostInOxoniumIon = 3;
+
+/// The sum of two counts, or the largest count: so many make too many ions in any case.
+int sumThatFits(int left, int right)
+{
+    return int(std::min<qint64>(qint64(left) + right, std::numeric_limits<int>::max()));
+}
 
 /// The monosaccharides of all glycans, each kind once.
 std::vector<BackboneSugar> sugarsOf(const Backbone& backbone)
@@ -27,7 +34,7 @@ std::vector<BackboneSugar> sugarsOf(const Backbone& backbone)
             if (known == sugars.end())
                 sugars.push_back(sugar);
             else
-                known->count += sugar.count;
+                known->count = sumThatFits(known->count, sugar.count);
         }
     });
     return sugars;

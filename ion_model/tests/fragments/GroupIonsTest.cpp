@@ -162,6 +162,16 @@ TEST(GroupIons, TooManyAreRefused)
     EXPECT_TRUE(ions.mz().empty());
 }
 
+TEST(GroupIons, GlycansThatAreTooManyTogetherAreRefused)
+{
+    const QString residue = u"N[Glycan:Hex200000000]"_s;
+    const Backbone backbone = backboneOf(residue.repeated(12));
+    FragmentIons ions;
+    EXPECT_TRUE(ions.assign(backbone, series({Series::GlycanY})).has_value());
+    EXPECT_FALSE(ions.assign(backbone, series({Series::Oxonium})).has_value());
+    EXPECT_EQ(ions.mz().size(), 5U); // Hex, its two ring fragments, Hex2 and Hex3
+}
+
 TEST(GroupIons, AListThatIsUsedAgainForgetsTheGlycansBefore)
 {
     FragmentIons ions;
