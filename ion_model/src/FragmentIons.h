@@ -19,6 +19,7 @@ namespace ions {
 /// \addtogroup ion_fragments
 /// @{
 
+class FragmentIons;
 class IonPlan;
 
 /// The series of fragment ions, in the order in which they are listed. Those from A to D hold the
@@ -105,6 +106,59 @@ struct IonRun
     quint8 variant = 0; ///< Counts the ways in which open groups are held, or labile ones lost.
 };
 
+/// The runs of a list of ions, in order: the counts add up to the number of ions. A view, good for
+/// as long as its list stays as and where it is.
+class ZEL_ION_MODEL_EXPORT IonRuns
+{
+public:
+    /// Walks over the runs.
+    class Iterator
+    {
+    public:
+        /// At the run of this index.
+        Iterator(const FragmentIons* ions, std::size_t index)
+            : m_ions(ions)
+            , m_index(index)
+        {
+        }
+
+        /// The run.
+        IonRun operator*() const { return IonRuns(*m_ions)[m_index]; }
+        /// Goes on to the next run.
+        Iterator& operator++()
+        {
+            ++m_index;
+            return *this;
+        }
+        /// Tells whether both are at the same run of one list.
+        friend bool operator==(const Iterator&, const Iterator&) = default;
+
+    private:
+        const FragmentIons* m_ions;
+        std::size_t m_index;
+    };
+
+    /// Those of `ions`.
+    explicit IonRuns(const FragmentIons& ions)
+        : m_ions(&ions)
+    {
+    }
+
+    /// How many runs there are.
+    std::size_t size() const;
+    /// Tells whether there are none.
+    bool empty() const { return size() == 0; }
+    /// The run of this index, which is below size().
+    IonRun operator[](std::size_t index) const;
+    /// The first run.
+    Iterator begin() const { return {m_ions, 0}; }
+    /// Behind the last run.
+    Iterator end() const { return {m_ions, size()}; }
+
+private:
+    const FragmentIons* m_ions;
+};
+
 /// What an ion is made of.
 struct IonComposition
 {
@@ -124,11 +178,11 @@ struct IonComposition
 ///     ions.mz()[1];                        // 272.13533, the b2 ion
 /// \endcode
 ///
-/// A list takes 8 bytes for each ion and 20 for each run. The next assign() uses the memory again,
-/// and what options and breaks come to as long as they and the losses of groups stay the same: then
-/// a search allocates nothing. Keep an object for each set of options: another set is laid out
-/// anew, which takes longer than the ions of a peptide. A value: separate instances may be used
-/// from separate threads.
+/// A list takes 8 bytes for each ion, and 20 for each run unless all runs are the whole series of
+/// one chain. The next assign() uses the memory again, and what options and breaks come to as long
+/// as they and the losses of groups stay the same: then a search allocates nothing. Keep an object
+/// for each set of options: another set is laid out anew, which takes longer than the ions of a
+/// peptide. A value: separate instances may be used from separate threads.
 class ZEL_ION_MODEL_EXPORT FragmentIons
 {
 public:
@@ -157,8 +211,8 @@ public:
 
     /// The m/z of the ions, run by run, in daltons, monoisotopic.
     std::span<const double> mz() const { return {m_mz.data(), m_size}; }
-    /// The runs in order: the counts add up to the number of ions.
-    std::span<const IonRun> runs() const { return m_runs; }
+    /// The runs of the ions. The view is good until the next assign().
+    IonRuns runs() const { return IonRuns(*this); }
     /// The losses that runs refer to, as texts such as "-H2O" or, of glycans, "-[HexNAcHex2]"; the
     /// first is empty.
     std::span<const QString> losses() const { return m_losses; }
@@ -187,14 +241,15 @@ public:
                                        qsizetype ion) const;
 
 private:
+    friend class IonRuns;
     friend class IonWriter;
 
     std::vector<double> m_mz; ///< With what an earlier, longer list has left behind its end.
     std::size_t m_size = 0;   ///< How many ions there are.
-    std::vector<IonRun> m_runs;
+    std::vector<IonRun> m_runs; ///< None where each kind of the plan has one, equally long.
     std::vector<QString> m_losses;
     std::shared_ptr<const IonPlan> m_plan; ///< Of these ions; the next may need the same.
-    bool m_hasUniformRuns = false; ///< Whether the runs are all those of the plan, equally long.
+    bool m_isUniform = false;              ///< Whether each kind of the plan has one run.
 };
 
 /// @}

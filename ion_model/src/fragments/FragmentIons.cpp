@@ -1,6 +1,7 @@
 #include "FragmentIons.h"
 
 #include "fragments/GroupIons.h"
+#include "fragments/IonPlan.h"
 #include "fragments/IonWriter.h"
 #include "fragments/SeriesMasses.h"
 
@@ -74,20 +75,39 @@ std::optional<Error> FragmentIons::assign(const Backbone& backbone, const IonOpt
     return IonWriter(backbone, options, *this).write();
 }
 
+std::size_t IonRuns::size() const
+{
+    return m_ions->m_isUniform ? m_ions->m_plan->endKinds().size() : m_ions->m_runs.size();
+}
+
+IonRun IonRuns::operator[](std::size_t index) const
+{
+    if (!m_ions->m_isUniform)
+        return m_ions->m_runs[index];
+    IonRun run = m_ions->m_plan->endKinds()[index].kind.run();
+    run.firstNumber = 1;
+    run.count = quint32(m_ions->m_size / size());
+    return run;
+}
+
 std::pair<qsizetype, qsizetype> FragmentIons::runOf(qsizetype ion) const
 {
-    qsizetype run = 0;
-    for (; run < std::ssize(m_runs) && ion >= qsizetype(m_runs[std::size_t(run)].count); ++run)
-        ion -= qsizetype(m_runs[std::size_t(run)].count);
-    return {run, ion};
+    qsizetype index = 0;
+    for (const IonRun& run : runs()) {
+        if (ion < qsizetype(run.count))
+            break;
+        ion -= qsizetype(run.count);
+        ++index;
+    }
+    return {index, ion};
 }
 
 QString FragmentIons::label(const Backbone& backbone, qsizetype ion) const
 {
     const auto [index, offset] = runOf(ion);
-    if (ion < 0 || index == std::ssize(m_runs))
+    if (ion < 0 || index == qsizetype(runs().size()))
         return {};
-    const IonRun& run = m_runs[std::size_t(index)];
+    const IonRun run = runs()[std::size_t(index)];
     const qsizetype number = qsizetype(run.firstNumber) + offset;
     if (run.series == Series::Oxonium || run.series == Series::Reporter)
         return loneLabel(backbone, run.series, number);

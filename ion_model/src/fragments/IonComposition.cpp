@@ -245,9 +245,9 @@ Parsed<IonComposition> FragmentIons::composition(const Backbone& backbone,
                                                  const ResidueTable& residues, qsizetype ion) const
 {
     const auto [index, offset] = runOf(ion);
-    if (ion < 0 || index == std::ssize(m_runs))
+    if (ion < 0 || index == qsizetype(runs().size()))
         return Error{u"expected the index of an ion"_s};
-    const IonRun& run = m_runs[std::size_t(index)];
+    const IonRun run = runs()[std::size_t(index)];
     const bool hasLostSugars = run.series == Series::GlycanY;
     const Parsed<Composition> loss = lossOf(hasLostSugars ? QStringView() : m_losses[run.loss]);
     if (!loss)

@@ -54,6 +54,16 @@ IonSums sumsOf(Series series, Polymer polymer)
 
 } // namespace
 
+IonRun IonKind::run() const
+{
+    IonRun run;
+    run.charge = qint16(charge);
+    run.loss = quint16(loss);
+    run.series = series;
+    run.hydrogens = qint8(hydrogens);
+    return run;
+}
+
 IonPlan::IonPlan(const Backbone& backbone, const IonOptions& options)
     : m_options(options)
     , m_breaks(backbone.breaks())

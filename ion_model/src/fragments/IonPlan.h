@@ -20,6 +20,9 @@ struct IonKind
     int hydrogens = 0;
     int charge = 1;
     std::size_t loss = 0;
+
+    /// A run of such ions, without numbers.
+    IonRun run() const;
 };
 
 /// A kind of ions of the ends, worked out.

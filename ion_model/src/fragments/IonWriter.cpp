@@ -102,13 +102,13 @@ IonWriter::IonWriter(const Backbone& backbone, const IonOptions& options, Fragme
 std::optional<Error> IonWriter::write()
 {
     m_ions.m_size = 0;
+    m_ions.m_runs.clear();
+    m_ions.m_isUniform = false;
     usePlan();
     if (isPlain() && m_plan->isUniform()) {
         writeUniform(chainAt(0, m_backbone.m_sums.data()));
         return {};
     }
-    m_ions.m_runs.clear();
-    m_ions.m_hasUniformRuns = false;
     if (m_plan->refusal())
         return m_plan->refusal();
     const auto refusal = isPlain() ? writePlain() : writeAll();
@@ -125,7 +125,6 @@ void IonWriter::usePlan()
     auto& plan = m_ions.m_plan;
     if (!plan || !plan->isFor(m_backbone, m_options)) {
         plan = std::make_shared<const IonPlan>(m_backbone, m_options);
-        m_ions.m_hasUniformRuns = false;
         m_ions.m_losses.clear();
         for (const LossSet& set : plan->losses().sets())
             m_ions.m_losses.push_back(set.label);
@@ -175,35 +174,14 @@ std::optional<Error> IonWriter::writeAll()
     return failure;
 }
 
-/// The run of a kind without numbers.
-IonRun IonWriter::runOf(const IonKind& kind)
-{
-    IonRun run;
-    run.charge = qint16(kind.charge);
-    run.loss = quint16(kind.loss);
-    run.series = kind.series;
-    run.hydrogens = qint8(kind.hydrogens);
-    return run;
-}
-
 /// Writes runs of equal length, a few numbers of all of them at a time.
 void IonWriter::writeUniform(const Chain& chain)
 {
     const auto count = std::size_t(chain.size - 1);
     const std::vector<EndKind>& kinds = m_plan->endKinds();
-    if (!m_ions.m_hasUniformRuns) {
-        m_ions.m_runs.clear();
-        m_ions.m_runs.reserve(kinds.size());
-        for (const EndKind& kind : kinds)
-            m_ions.m_runs.push_back(runOf(kind.kind));
-        m_ions.m_hasUniformRuns = true;
-    }
-    for (IonRun& run : m_ions.m_runs) {
-        run.firstNumber = 1;
-        run.count = quint32(count);
-    }
     makeRoom(count * kinds.size());
     m_ions.m_size = count * kinds.size();
+    m_ions.m_isUniform = true;
     const EndSums sums(*chain.chain, chain.sums, chain.rightTotal);
     if (count >= EndSums::blockSize)
         writeBlocks<EndSums::blockSize>(sums, kinds, count, m_ions.m_mz.data());
@@ -433,7 +411,7 @@ double* IonWriter::appendRun(const IonKind& kind, const Chain& chain, NumberSpan
     const std::size_t start = m_ions.m_size;
     if (m_ions.m_mz.size() < start + count)
         makeRoom(std::max(start + count, 2 * m_ions.m_mz.size()));
-    IonRun run = runOf(kind);
+    IonRun run = kind.run();
     run.firstNumber = quint32(numbers.first);
     run.count = quint32(count);
     run.chain = quint8(chain.index);

@@ -67,7 +67,6 @@ private:
 
     void writeRun(const IonKind& kind, const Chain& chain, NumberSpan numbers, double mass,
                   std::size_t variant);
-    static IonRun runOf(const IonKind& kind);
     double* appendRun(const IonKind& kind, const Chain& chain, NumberSpan numbers,
                       std::size_t variant);
 

@@ -21,7 +21,7 @@ struct Options
 /// One ion of a list.
 struct ListedIon
 {
-    const ions::IonRun* run = nullptr;
+    ions::IonRun run;
     quint32 number = 0;
     qsizetype index = 0;
     qsizetype kind = 0; ///< Counts series, shift of hydrogens, charge and loss.
@@ -40,13 +40,13 @@ std::vector<ListedIon> orderedIons(const ions::FragmentIons& fragments)
     std::vector<ListedIon> all;
     qsizetype kind = 0;
     for (const ions::IonRun& run : fragments.runs()) {
-        kind += !all.empty() && !isOneKind(*all.back().run, run) ? 1 : 0;
+        kind += !all.empty() && !isOneKind(all.back().run, run) ? 1 : 0;
         for (quint32 i = 0; i < run.count; ++i)
-            all.push_back({&run, run.firstNumber + i, std::ssize(all), kind});
+            all.push_back({run, run.firstNumber + i, std::ssize(all), kind});
     }
     std::stable_sort(all.begin(), all.end(), [](const ListedIon& left, const ListedIon& right) {
-        return std::tuple(left.kind, left.run->chain, left.run->start, left.number) <
-               std::tuple(right.kind, right.run->chain, right.run->start, right.number);
+        return std::tuple(left.kind, left.run.chain, left.run.start, left.number) <
+               std::tuple(right.kind, right.run.chain, right.run.start, right.number);
     });
     return all;
 }
@@ -56,13 +56,13 @@ std::vector<ListedIon> orderedIons(const ions::FragmentIons& fragments)
 QString numberCell(const ListedIon& ion)
 {
     const QString number = QString::number(ion.number);
-    switch (ion.run->series) {
+    switch (ion.run.series) {
     case ions::Series::Precursor:
     case ions::Series::Oxonium:
     case ions::Series::Reporter:
         return QString();
     case ions::Series::Internal:
-        return QString::number(ion.run->start) + u':' + number;
+        return QString::number(ion.run.start) + u':' + number;
     default:
         return number;
     }
@@ -75,9 +75,9 @@ void addRows(const TextIons& listed, Table* table)
         const double mz = fragments.mz()[std::size_t(ion.index)];
         if (mz <= 0.0) // the charge or the loss is more than there is
             continue;
-        table->add({fragments.label(backbone, ion.index), ions::seriesName(ion.run->series),
-                    numberCell(ion), int(ion.run->charge),
-                    lossCell(fragments.losses()[ion.run->loss]), mz});
+        table->add({fragments.label(backbone, ion.index), ions::seriesName(ion.run.series),
+                    numberCell(ion), int(ion.run.charge),
+                    lossCell(fragments.losses()[ion.run.loss]), mz});
     }
 }
 
