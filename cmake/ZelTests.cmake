@@ -15,6 +15,7 @@ endfunction()
 
 # What every test includes takes longer to read than most tests take to compile.
 function(zel_precompile_test_headers target)
+    target_sources(${target} PRIVATE ${PROJECT_SOURCE_DIR}/common_stable/tests/kit/PropertySeed.cpp)
     target_link_libraries(${target} PRIVATE rapidcheck rapidcheck_gtest)
     target_precompile_headers(${target} PRIVATE <gtest/gtest.h> <rapidcheck/gtest.h>)
 endfunction()

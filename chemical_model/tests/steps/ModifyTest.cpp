@@ -444,11 +444,15 @@ RC_GTEST_PROP(ModifyLaws, UnmodifyTakesBackWhatModifyAdded, ())
     const Modification modification = anySteps::anyModification(&drawn);
     RC_PRE(thrownMessage(Modify(modification), molecule).empty());
 
-    const chem::MoleculeEntity restored =
-        Unmodify(modification).transform(Modify(modification).transform(molecule));
+    const chem::MoleculeEntity modified = Modify(modification).transform(molecule);
+    const chem::MoleculeEntity restored = Unmodify(modification).transform(modified);
+    QList<Modification> modifications = molecule.modifications();
+    const qsizetype equal = modifications.indexOf(modification);
+    if (equal >= 0 && modified.modifications().size() > modifications.size())
+        modifications.append(modifications.takeAt(equal)); // the first of two equals comes off
     RC_ASSERT(restored == molecule);
     RC_ASSERT(restored.averageMass() == molecule.averageMass());
-    RC_ASSERT(differences(restored.modifications(), molecule.modifications()) == "");
+    RC_ASSERT(differences(restored.modifications(), modifications) == "");
     RC_ASSERT(restored.sequence() == molecule.sequence());
 }
 
