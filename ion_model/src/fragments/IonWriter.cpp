@@ -2,12 +2,10 @@
 
 #include "backbone/ChainEnds.h"
 #include "fragments/SeriesMasses.h"
+#include "fragments/WholeSeries.h"
 
 #include <algorithm>
-#include <array>
 #include <cstdlib>
-#include <limits>
-#include <numeric>
 
 using namespace Qt::StringLiterals;
 
@@ -15,79 +13,9 @@ namespace ions {
 
 namespace {
 
-constexpr int unlimited = std::numeric_limits<int>::max();
-
 Error tooManyOfGlycans()
 {
     return {u"expected at most 1000 ions of the glycans"_s};
-}
-
-std::vector<qsizetype> allOf(std::span<const BackboneChain> chains)
-{
-    std::vector<qsizetype> indices(chains.size());
-    std::iota(indices.begin(), indices.end(), 0);
-    return indices;
-}
-
-/// The sums that kinds of ions start from, for ions of neighbouring numbers at a time.
-class EndSums
-{
-public:
-    static constexpr std::size_t blockSize = 4;
-    template <std::size_t size>
-    using Block = std::array<std::array<double, size>, 5>; // by IonSums
-
-    EndSums(const BackboneChain& chain, const double* sums, double rightTotal)
-        : m_chain(chain)
-        , m_sums(sums)
-        , m_rightTotal(rightTotal)
-    {
-    }
-
-    /// Those of the ions with so many units more than `shorter`.
-    template <std::size_t size>
-    void fill(std::size_t shorter, Block<size>* block) const
-    {
-        auto& [left, withLinkage, withoutBase, right, rightWithLinkage] = *block;
-        const std::size_t last = m_chain.units.size() - 1 - shorter;
-        for (std::size_t i = 0; i < size; ++i) {
-            left[i] = m_sums[shorter + 1 + i];
-            right[i] = m_rightTotal - m_sums[last - i];
-        }
-        if (m_chain.linkages.empty())
-            return;
-        for (std::size_t i = 0; i < size; ++i) {
-            withLinkage[i] = left[i] + m_chain.linkages[shorter + i].monoisotopic;
-            withoutBase[i] = left[i] - m_chain.bases[shorter + i].monoisotopic;
-            rightWithLinkage[i] = right[i];
-            right[i] -= m_chain.linkages[last - i - 1].monoisotopic;
-        }
-    }
-
-private:
-    const BackboneChain& m_chain;
-    const double* m_sums;
-    double m_rightTotal;
-};
-
-/// Writes runs of `count` ions each behind each other. The last block overlaps the one before it:
-/// one loop for all kinds, whose end a processor foresees better than that of one a run.
-template <std::size_t size>
-void writeBlocks(const EndSums& sums, const std::vector<EndKind>& kinds, std::size_t count,
-                 double* mz)
-{
-    EndSums::Block<size> block;
-    for (std::size_t first = 0; first < count; first += size) {
-        const std::size_t start = std::min(first, count - size);
-        sums.fill<size>(start, &block);
-        double* ions = mz + start;
-        for (const EndKind& kind : kinds) {
-            const auto& from = block[std::size_t(kind.sums)];
-            for (std::size_t i = 0; i < size; ++i)
-                ions[i] = (from[i] + kind.added) * kind.scale;
-            ions += count;
-        }
-    }
 }
 
 } // namespace
@@ -160,7 +88,8 @@ std::optional<Error> IonWriter::writePlain()
     for (const auto& [kind, added, scale, sums] : m_plan->endKinds()) {
         const UnitRange range =
             isLeftSeries(kind.series) ? UnitRange::left(chain.size) : UnitRange::right(chain.size);
-        writeRun(kind, chain, numbersWithLosses(kind, chain, range, none, {}, numbers), 0.0, 0);
+        writeRun(kind, chain, holders().numbers(kind.loss, *chain.chain, range, none, {}, numbers),
+                 0.0, 0);
     }
     return {};
 }
@@ -182,11 +111,7 @@ void IonWriter::writeUniform(const Chain& chain)
     makeRoom(count * kinds.size());
     m_ions.m_size = count * kinds.size();
     m_ions.m_isUniform = true;
-    const EndSums sums(*chain.chain, chain.sums, chain.rightTotal);
-    if (count >= EndSums::blockSize)
-        writeBlocks<EndSums::blockSize>(sums, kinds, count, m_ions.m_mz.data());
-    else
-        writeBlocks<1>(sums, kinds, count, m_ions.m_mz.data());
+    writeWholeSeries(kinds, *chain.chain, chain.sums, chain.rightTotal, m_ions.m_mz.data());
 }
 
 /// Lays out the cuts of the chains, and how the ions of an end that is asked for hold open groups.
@@ -318,8 +243,9 @@ void IonWriter::writeTerminal(const IonKind& kind, const Chain& chain)
             isLeft ? NumberSpan{segment.firstCut, segment.lastCut}
                    : NumberSpan{chain.size - segment.lastCut, chain.size - segment.firstCut};
         for (std::size_t i = 0; i < variants.size(); ++i) {
-            const NumberSpan numbers = numbersWithLosses(kind, chain, range, variants[i],
-                                                         side.chains, cuts & variants[i].numbers);
+            const NumberSpan numbers =
+                holders().numbers(kind.loss, *chain.chain, range, variants[i], side.chains,
+                                  cuts & variants[i].numbers);
             writeRun(kind, chain, numbers, side.mass + variants[i].mass, i);
         }
     }
@@ -328,12 +254,8 @@ void IonWriter::writeTerminal(const IonKind& kind, const Chain& chain)
 /// The whole molecule with its labile groups, and without them where it has any.
 void IonWriter::writePrecursor(const IonKind& kind)
 {
-    const LossSet& set = m_plan->losses().sets()[kind.loss];
-    const std::vector<qsizetype> chains = allOf(m_backbone.chains());
-    for (std::size_t i = 0; i < set.times.size(); ++i) {
-        if (set.times[i] > holdersInChains(m_plan->losses().kinds()[i], chains))
-            return;
-    }
+    if (!holders().wholeShows(kind.loss))
+        return;
     double labile = 0.0;
     bool hasLabile = false;
     for (const BackboneChain& chain : m_backbone.chains()) {
@@ -380,7 +302,8 @@ std::optional<Error> IonWriter::writeMiddle(const IonKind& kind, const Chain& ch
     const double* const sums = chain.sums;
     for (std::size_t i = 0; i < variants.size(); ++i) {
         const OpenVariant& variant = variants[i];
-        const NumberSpan held = numbersWithLosses(kind, chain, range, variant, {}, variant.numbers);
+        const NumberSpan held =
+            holders().numbers(kind.loss, *chain.chain, range, variant, {}, variant.numbers);
         if (held.isEmpty())
             continue;
         double* mz = appendRun(kind, chain, held, i);
@@ -457,76 +380,6 @@ void IonWriter::writeRun(const IonKind& kind, const Chain& chain, NumberSpan num
         for (qsizetype i = 0; i < count; ++i)
             mz[i] -= units.linkages[std::size_t(lastCut - i - 1)].monoisotopic * scale;
     }
-}
-
-/// The numbers whose ions hold enough of what is lost. An ion holds what shorter ones hold.
-NumberSpan IonWriter::numbersWithLosses(const IonKind& kind, const Chain& chain,
-                                        const UnitRange& range, const OpenVariant& variant,
-                                        const std::vector<qsizetype>& others,
-                                        NumberSpan numbers) const
-{
-    const LossSet& set = m_plan->losses().sets()[kind.loss];
-    for (std::size_t i = 0; !set.isOfAny && !numbers.isEmpty() && i < set.times.size(); ++i) {
-        if (set.times[i] == 0)
-            continue;
-        const LossKind& loss = m_plan->losses().kinds()[i];
-        int held = holdersInChains(loss, others);
-        if (loss.isOfGroup)
-            held += holdersAmongOpen(*chain.chain, variant, loss.loss);
-        const int own =
-            holders(loss, *chain.chain, range.begin(numbers.first), range.end(numbers.first));
-        if (own == unlimited || held == unlimited)
-            continue;
-        held += own;
-        while (held < set.times[i] && !numbers.isEmpty()) {
-            const qsizetype unit = range.newUnit(++numbers.first);
-            if (!numbers.isEmpty())
-                held += holders(loss, *chain.chain, unit, unit + 1);
-        }
-    }
-    return numbers;
-}
-
-/// How many units from `begin` to before `end` can show a loss: by their letter or by a group.
-int IonWriter::holders(const LossKind& loss, const BackboneChain& chain, qsizetype begin,
-                       qsizetype end) const
-{
-    if (loss.isOfAny())
-        return unlimited;
-    const QStringView losing = loss.residues;
-    const auto isOfRule = [losing](QChar letter) {
-        return std::find(losing.begin(), losing.end(), letter) != losing.end();
-    };
-    const QStringView letters = QStringView(chain.letters).sliced(begin, end - begin);
-    auto count = std::count_if(letters.begin(), letters.end(), isOfRule);
-    if (loss.isOfGroup) {
-        count +=
-            std::count_if(chain.fragile.begin(), chain.fragile.end(), [&](const auto& fragile) {
-                const auto& [unit, group] = fragile;
-                return unit >= begin && unit < end && !isOfRule(chain.letters[unit]) &&
-                       hasLoss(group, loss.loss);
-            });
-    }
-    return int(count);
-}
-
-/// The same for whole chains, with their open groups.
-int IonWriter::holdersInChains(const LossKind& loss, const std::vector<qsizetype>& chains) const
-{
-    int sum = 0;
-    for (const qsizetype index : chains) {
-        const BackboneChain& chain = m_backbone.chains()[std::size_t(index)];
-        const int own = holders(loss, chain, 0, std::ssize(chain.units));
-        if (own == unlimited)
-            return unlimited;
-        sum += own;
-        if (loss.isOfGroup) {
-            sum += int(std::count_if(chain.open.begin(), chain.open.end(), [&](const auto& open) {
-                return hasLoss(open.group, loss.loss);
-            }));
-        }
-    }
-    return sum;
 }
 
 } // namespace ions

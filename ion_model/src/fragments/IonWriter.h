@@ -5,6 +5,7 @@
 #include "fragments/CutSegments.h"
 #include "fragments/GroupIons.h"
 #include "fragments/IonPlan.h"
+#include "fragments/LossHolders.h"
 #include "fragments/OpenVariants.h"
 #include "fragments/UnitRange.h"
 
@@ -70,12 +71,7 @@ private:
     double* appendRun(const IonKind& kind, const Chain& chain, NumberSpan numbers,
                       std::size_t variant);
 
-    NumberSpan numbersWithLosses(const IonKind& kind, const Chain& chain, const UnitRange& range,
-                                 const OpenVariant& variant, const std::vector<qsizetype>& others,
-                                 NumberSpan numbers) const;
-    int holders(const LossKind& loss, const BackboneChain& chain, qsizetype begin,
-                qsizetype end) const;
-    int holdersInChains(const LossKind& loss, const std::vector<qsizetype>& chains) const;
+    LossHolders holders() const { return {m_backbone, m_plan->losses()}; }
 
     const Backbone& m_backbone;
     const IonOptions& m_options;

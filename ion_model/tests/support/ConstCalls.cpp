@@ -453,6 +453,22 @@ std::vector<ConstCall> ionCalls()
          [](Shared s) {
              use(s.ions.runs()[0]);
          }},
+        {"FragmentIons::size",
+         [](Shared s) {
+             use(s.ions.runs().size());
+         }},
+        {"FragmentIons::empty",
+         [](Shared s) {
+             use(s.ions.runs().empty());
+         }},
+        {"FragmentIons::begin",
+         [](Shared s) {
+             use(*s.ions.runs().begin());
+         }},
+        {"FragmentIons::end",
+         [](Shared s) {
+             use(s.ions.runs().begin() == s.ions.runs().end());
+         }},
         {"FragmentIons::losses",
          [](Shared s) {
              use(QString(s.ions.losses()[1]));
