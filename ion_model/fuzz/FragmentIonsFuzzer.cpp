@@ -85,7 +85,7 @@ BackboneChain anyChain(ByteReader* bytes)
     chain.leftGroup = (ends & 4) == 0 ? Masses() : anyMass(bytes, 0.0);
     chain.rightGroup = (ends & 8) == 0 ? Masses() : anyMass(bytes, 0.0);
     for (int count = bytes->below(3); count > 0; --count)
-        chain.fragile.emplace_back(bytes->below(int(size)), anyGroup(bytes));
+        chain.groups.push_back({bytes->below(int(size)), anyGroup(bytes)});
     for (int count = bytes->below(4); count > 0; --count)
         chain.open.push_back(anyOpenGroup(bytes, size));
     for (int count = bytes->below(3); count > 1; --count)

@@ -62,6 +62,15 @@ struct BackboneGroup
     Composition composition = {};            ///< Empty where it is not known.
     std::vector<BackboneSugar> glycan = {};  ///< Its monosaccharides, if it is a glycan.
     std::vector<ReporterIon> reporters = {}; ///< Its reporter ions, if it is a label with such.
+    QString name = {};                       ///< As labels have it: "Oxidation". Empty: its mass.
+};
+
+/// A group on a known unit, or on the end beside it. Its masses are part of theirs.
+struct PlacedGroup
+{
+    qsizetype unit = 0;   ///< From 0.
+    BackboneGroup group;  ///< What sits there.
+    bool isOnEnd = false; ///< Whether the end bears it, not the unit.
 };
 
 /// A group that sits on one of several units, and nobody knows which.
@@ -69,6 +78,9 @@ struct OpenGroup
 {
     BackboneGroup group;          ///< What sits there.
     std::vector<qsizetype> units; ///< Where it may sit, ascending, from 0.
+    /// How many open groups of one mass may share a unit, on which no other open one sits then; 0 if
+    /// nothing is known to keep them apart.
+    int limit = 0;
 };
 
 /// Compositions of parts of a chain that its letters do not tell, for who asks what an ion is made
@@ -107,9 +119,7 @@ struct BackboneChain
     Masses leftGroup;        ///< What the left end bears beyond a hydrogen.
     Masses rightGroup;       ///< What the right end bears beyond a hydroxyl.
 
-    /// Groups on a known unit that break themselves: with losses, as glycans or with reporter ions.
-    /// Their masses are part of the unit or of the end beside it.
-    std::vector<std::pair<qsizetype, BackboneGroup>> fragile;
+    std::vector<PlacedGroup> groups;   ///< Those that break themselves or that labels name.
     std::vector<OpenGroup> open;       ///< Groups on one of several units.
     std::vector<BackboneGroup> labile; ///< Groups that fall off before the chain breaks.
 

@@ -224,8 +224,11 @@ public:
     /// chains by number where there are several ("2:b5"). Y ions are precursors less what is lost
     /// ("p-[HexNAcHex2]"), oxonium and reporter ions have their names ("r[TMT127N]"). Peptide
     /// series and oligonucleotide series have one form; dotted series are written with their
-    /// hydrogen ("z5+H"). A unit without a letter is X. Empty for an index outside the list and for
-    /// another backbone that lacks the ion's chain or unit.
+    /// hydrogen ("z5+H"). A unit without a letter is X. Groups tell apart what differs by them:
+    /// immonium ions name what they bear ("IM[Oxidation]"), ions with open groups those that they
+    /// could be without ("b3+[Phospho]"), precursors the labile groups that they have lost
+    /// ("p-[Hex]"); a group without a name has its mass there. Empty for an index outside the list
+    /// and for another backbone that lacks the ion's chain or unit.
     QString label(const Backbone& backbone, qsizetype ion) const;
 
     /// The composition of an ion: m/z = (neutral mass + charge × proton) / |charge|, where a proton
@@ -244,8 +247,8 @@ private:
     friend class IonRuns;
     friend class IonWriter;
 
-    std::vector<double> m_mz; ///< With what an earlier, longer list has left behind its end.
-    std::size_t m_size = 0;   ///< How many ions there are.
+    std::vector<double> m_mz;   ///< With what an earlier, longer list has left behind its end.
+    std::size_t m_size = 0;     ///< How many ions there are.
     std::vector<IonRun> m_runs; ///< None where each kind of the plan has one, equally long.
     std::vector<QString> m_losses;
     std::shared_ptr<const IonPlan> m_plan; ///< Of these ions; the next may need the same.

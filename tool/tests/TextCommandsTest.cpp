@@ -155,7 +155,7 @@ TEST(IonsCommand, OrdersByNumberWhereIonsHoldOpenGroupsOrNot)
     QByteArrayList labels;
     for (const QByteArrayList& row : run.rows())
         labels += row[0];
-    EXPECT_EQ(labels, (QByteArrayList{"b1", "b1", "b2", "b2", "b3"}));
+    EXPECT_EQ(labels, (QByteArrayList{"b1", "b1+[+80]", "b2", "b2+[+80]", "b3"}));
 }
 
 TEST(IonsCommand, OrdersByNumberWhereALoopPartsTheChain)

@@ -51,9 +51,9 @@ std::optional<Error> refusalOf(const BackboneChain& chain, qsizetype index)
         if (!isSound)
             return Error{u"expected an open group at ascending units of its chain"_s, -1, index};
     }
-    for (const auto& [unit, group] : chain.fragile) {
-        if (!isThere(unit))
-            return Error{u"expected a group at a unit of its chain"_s, -1, index, unit};
+    for (const PlacedGroup& group : chain.groups) {
+        if (!isThere(group.unit))
+            return Error{u"expected a group at a unit of its chain"_s, -1, index, group.unit};
     }
     const BackboneCompositions& known = chain.compositions;
     for (const auto* listed : {&known.units, &known.bases, &known.linkages}) {
@@ -133,7 +133,7 @@ BackboneChain& Backbone::becomeChain(Polymer polymer, const BreakMasses& breaks)
     chain.leftGroup = chain.rightGroup = {};
     chain.bases.clear();
     chain.linkages.clear();
-    chain.fragile.clear();
+    chain.groups.clear();
     chain.open.clear();
     chain.labile.clear();
     chain.compositions.clear();

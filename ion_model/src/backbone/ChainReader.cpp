@@ -195,6 +195,10 @@ std::optional<Error> ChainReader::readAminoAcid(qsizetype position)
     const qsizetype unit = position - m_first;
     if (!plainUnit(m_chain, unit, m_table))
         m_chain.compositions.units.emplace_back(unit, compositionOf(residue));
+    for (const chem::Modification& modification : residue.modifications()) {
+        const MoleculeEntity group = modification.entity();
+        m_chain.groups.push_back({unit, {massesOf(group), {}, {}, {}, {}, group.name()}});
+    }
     return {};
 }
 

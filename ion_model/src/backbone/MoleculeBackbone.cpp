@@ -137,7 +137,9 @@ private:
         if (masses == Masses())
             return {};
         const qsizetype chain = places.isEmpty() ? 0 : places.first().first;
-        OpenGroup open{{masses, {}, knownComposition(modification.entity(), m_residues)}, {}};
+        const chem::MoleculeEntity entity = modification.entity();
+        OpenGroup open{{masses, {}, knownComposition(entity, m_residues), {}, {}, entity.name()},
+                       {}};
         if (auto error = findUnits(places, &open.units))
             return error;
         m_units[std::size_t(chain)].open.push_back(std::move(open));

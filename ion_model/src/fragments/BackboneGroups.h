@@ -9,8 +9,8 @@ template <typename Visit>
 void visitHeldGroups(const Backbone& backbone, const Visit& visit)
 {
     for (const BackboneChain& chain : backbone.chains()) {
-        for (const auto& [unit, group] : chain.fragile)
-            visit(group);
+        for (const PlacedGroup& placed : chain.groups)
+            visit(placed.group);
         for (const OpenGroup& open : chain.open)
             visit(open.group);
     }

@@ -1,48 +1,14 @@
 #include "FragmentIons.h"
 
-#include "fragments/GroupIons.h"
+#include "fragments/IonLabel.h"
 #include "fragments/IonPlan.h"
 #include "fragments/IonWriter.h"
-#include "fragments/SeriesMasses.h"
 
 #include <algorithm>
-#include <cstdlib>
 
 using namespace Qt::StringLiterals;
 
 namespace ions {
-
-namespace {
-
-QString signedCount(int count, const QString& symbol)
-{
-    if (count == 0)
-        return {};
-    const QString number = std::abs(count) == 1 ? QString() : QString::number(std::abs(count));
-    return (count < 0 ? u"-"_s : u"+"_s) + number + symbol;
-}
-
-bool isDotted(const QString& name)
-{
-    return name.endsWith(u'.');
-}
-
-/// The label of an ion that groups give alone; empty where the backbone has none of this number.
-QString loneLabel(const Backbone& backbone, Series series, qsizetype number)
-{
-    const auto ions = loneIons(backbone, series);
-    return number <= std::ssize(ions) ? u"r["_s + ions[std::size_t(number - 1)].name + u']'
-                                      : QString();
-}
-
-/// Whether a chain has so many units.
-bool hasUnit(const Backbone& backbone, qsizetype chain, qsizetype count)
-{
-    return chain < std::ssize(backbone.chains()) &&
-           count <= std::ssize(backbone.chains()[std::size_t(chain)].units);
-}
-
-} // namespace
 
 Parsed<LossRule> LossRule::read(QStringView text, const AtomMasses& atoms,
                                 std::span<const Atom> isotopes)
@@ -108,31 +74,7 @@ QString FragmentIons::label(const Backbone& backbone, qsizetype ion) const
     if (ion < 0 || index == qsizetype(runs().size()))
         return {};
     const IonRun run = runs()[std::size_t(index)];
-    const qsizetype number = qsizetype(run.firstNumber) + offset;
-    if (run.series == Series::Oxonium || run.series == Series::Reporter)
-        return loneLabel(backbone, run.series, number);
-    const bool isWhole = isOfMolecule(run.series);
-    if (!hasUnit(backbone, run.chain, isWhole ? 0 : number))
-        return {};
-    const bool isOneOfSeveral = backbone.chains().size() > 1 && !isWhole;
-    QString text = isOneOfSeveral ? QString::number(run.chain + 1) + u':' : QString();
-    int dotted = 0;
-    if (isWhole) {
-        text += u'p';
-    } else if (run.series == Series::Immonium) {
-        const QChar letter = backbone.chains()[run.chain].letters[number - 1];
-        text += u'I' + QString(letter.isNull() ? QChar(u'X') : letter);
-    } else if (run.series == Series::Internal) {
-        text += u'm' + QString::number(run.start) + u':' + QString::number(number);
-    } else {
-        const QString name = seriesName(run.series);
-        dotted = isDotted(name) ? 1 : 0;
-        text += (isDotted(name) ? name.chopped(1) : name) + QString::number(number);
-    }
-    text += signedCount(run.hydrogens + dotted, u"H"_s) + m_losses[run.loss];
-    if (run.charge != 1)
-        text += u'^' + QString::number(run.charge);
-    return text;
+    return ionLabel(backbone, run, qsizetype(run.firstNumber) + offset, m_losses[run.loss]);
 }
 
 } // namespace ions

@@ -1,10 +1,9 @@
 #include "FragmentIons.h"
 #include "fragments/CutSegments.h"
 #include "fragments/GroupIons.h"
-#include "fragments/OpenVariants.h"
+#include "fragments/HeldOpenGroups.h"
 #include "fragments/PartSum.h"
 #include "fragments/SeriesMasses.h"
-#include "fragments/UnitRange.h"
 
 #include <algorithm>
 #include <cmath>
@@ -106,7 +105,7 @@ private:
             addLeft();
         else
             addRight();
-        addOpenGroups(isLeft ? UnitRange::left(size()) : UnitRange::right(size()), {1, size() - 1});
+        addOpenGroups();
         addSide(isLeft ? m_number : size() - m_number, isLeft);
     }
 
@@ -158,30 +157,22 @@ private:
             return;
         }
         m_sum.addUnits(m_run.chain, start, m_number);
-        const qsizetype first = isInternal ? 2 : 1;
-        const qsizetype last =
-            isInternal ? internalEnd(m_backbone, m_run.chain, start) - start : first;
-        addOpenGroups(UnitRange::middle(start, size()), {first, last});
+        addOpenGroups();
     }
 
-    /// The open groups that the ions of the run hold; `numbers` are all of their series.
-    void addOpenGroups(const UnitRange& range, NumberSpan numbers)
+    void addOpenGroups()
     {
-        if (chain().open.empty())
-            return;
-        const auto variants = openVariants(chain(), range, numbers);
-        if (!variants || m_run.variant >= variants->size()) {
+        const auto classes = heldOpenGroups(m_backbone, m_run, m_number);
+        if (!classes) {
             m_sum.refuse(anotherBackbone());
             return;
         }
-        const std::vector<int>& held = (*variants)[m_run.variant].held;
-        const std::vector<OpenClass> classes = openClasses(chain());
-        for (std::size_t i = 0; i < held.size(); ++i)
-            addHeld(classes[i], held[i]);
+        for (const auto& [alike, held, certain] : *classes)
+            addHeld(alike.groups, held);
     }
 
     /// Groups of one mass are counted, so that only one composition tells what some of them are.
-    void addHeld(const OpenClass& groups, int count)
+    void addHeld(const std::vector<const OpenGroup*>& groups, int count)
     {
         const OpenGroup& first = *groups.front();
         const bool isOneKind = std::all_of(groups.begin(), groups.end(), [&](const OpenGroup* o) {

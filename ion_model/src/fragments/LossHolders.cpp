@@ -69,10 +69,10 @@ int LossHolders::inUnits(const LossKind& loss, const BackboneChain& chain, qsize
                                [&](QChar letter) { return isOneOf(loss.residues, letter); });
     if (loss.isOfGroup) {
         count +=
-            std::count_if(chain.fragile.begin(), chain.fragile.end(), [&](const auto& fragile) {
-                const auto& [unit, group] = fragile;
-                return unit >= begin && unit < end &&
-                       !isOneOf(loss.residues, chain.letters[unit]) && hasLoss(group, loss.loss);
+            std::count_if(chain.groups.begin(), chain.groups.end(), [&](const PlacedGroup& group) {
+                return group.unit >= begin && group.unit < end &&
+                       !isOneOf(loss.residues, chain.letters[group.unit]) &&
+                       hasLoss(group.group, loss.loss);
             });
     }
     return int(count);

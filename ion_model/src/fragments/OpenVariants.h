@@ -18,7 +18,12 @@ struct OpenVariant
 };
 
 /// Open groups of one mass.
-using OpenClass = std::vector<const OpenGroup*>;
+struct OpenClass
+{
+    std::vector<const OpenGroup*> groups;
+    int limit = 0;                ///< How many of them may share a unit; 0 for any number.
+    std::vector<qsizetype> units; ///< Where they sit if there is a limit, ascending.
+};
 
 /// The open groups of a chain, those of equal mass together, in the order of their first. Those
 /// that weigh nothing make no difference and are left out.
@@ -29,6 +34,9 @@ std::vector<OpenClass> openClasses(const BackboneChain& chain);
 /// them more than 256.
 std::optional<std::vector<OpenVariant>> openVariants(const BackboneChain& chain,
                                                      const UnitRange& range, NumberSpan numbers);
+
+/// How many groups of a class the ion of a number holds wherever they sit.
+int heldForCertain(const OpenClass& alike, const UnitRange& range, qsizetype number);
 
 /// How many of the groups held in a variant may show a loss.
 int holdersAmongOpen(const BackboneChain& chain, const OpenVariant& variant,

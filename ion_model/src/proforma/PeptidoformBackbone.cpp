@@ -2,6 +2,7 @@
 #include "proforma/GlycanText.h"
 #include "proforma/IonLayout.h"
 #include "proforma/PartWeigher.h"
+#include "proforma/TagText.h"
 
 #include <algorithm>
 #include <cmath>
@@ -103,8 +104,22 @@ private:
     /// A part as a group, which sits on one of the letters.
     BackboneGroup groupOf(const LaidPart& part, const QString& letters) const
     {
-        return {balanced(part.weight), lossesOf(part.weight, letters), balancedAtoms(part.weight),
-                sugarsOf(part), reportersOf(part.weight)};
+        return {balanced(part.weight),      lossesOf(part.weight, letters),
+                balancedAtoms(part.weight), sugarsOf(part),
+                reportersOf(part.weight),   nameOf(*part.modification, part.weight)};
+    }
+
+    /// A table's name if a table knows it, a glycan's monosaccharides, or else the text.
+    static QString nameOf(const Modification& modification, const PartWeight& weight)
+    {
+        if (weight.entry)
+            return weight.entry->name;
+        const auto& tags = modification.tags;
+        const auto tag = std::find_if(tags.begin(), tags.end(),
+                                      [](const Tag& one) { return one.kind != TagKind::Info; });
+        if (tag == tags.end())
+            return {};
+        return tag->kind == TagKind::Glycan ? glycanText(tag->glycan) : tagText(*tag);
     }
 
     /// The monosaccharides of a part that is written or named as a glycan.
@@ -161,18 +176,19 @@ private:
     void addPart(const LaidPart& part)
     {
         BackboneChain& chain = m_chains[part.chain];
+        const QString endLetter = QChar(u'\0');
         switch (part.place) {
         case LaidPlace::Unit:
             addToUnit(part.unit, part.weight, &chain);
-            addFragile(part.unit, QString(chain.letters[part.unit]), part, &chain);
+            chain.groups.push_back({part.unit, groupOf(part, QString(chain.letters[part.unit]))});
             break;
         case LaidPlace::LeftEnd:
             addToEnd(part.weight, &chain.leftGroup, &chain.compositions.leftGroup);
-            addFragile(0, QString(QChar(u'\0')), part, &chain);
+            chain.groups.push_back({0, groupOf(part, endLetter), true});
             break;
         case LaidPlace::RightEnd:
             addToEnd(part.weight, &chain.rightGroup, &chain.compositions.rightGroup);
-            addFragile(part.unit, QString(QChar(u'\0')), part, &chain);
+            chain.groups.push_back({part.unit, groupOf(part, endLetter), true});
             break;
         case LaidPlace::Labile:
             chain.labile.push_back(groupOf(part, {}));
@@ -183,15 +199,6 @@ private:
         }
     }
 
-    /// Notes a part that breaks itself.
-    void addFragile(qsizetype unit, const QString& letters, const LaidPart& part,
-                    BackboneChain* chain) const
-    {
-        BackboneGroup group = groupOf(part, letters);
-        if (!group.losses.empty() || !group.glycan.empty() || !group.reporters.empty())
-            chain->fragile.emplace_back(unit, std::move(group));
-    }
-
     void addOpen(const LaidPart& part, BackboneChain* chain) const
     {
         QString letters;
@@ -199,7 +206,13 @@ private:
             letters += chain->letters[unit];
         const BackboneGroup group = groupOf(part, letters);
         for (int i = 0; i < part.count; ++i)
-            chain->open.push_back({group, part.units});
+            chain->open.push_back({group, part.units, sharedBy(part.modification->placement)});
+    }
+
+    /// How many of a modification may share a residue where no others may, or 0.
+    static int sharedBy(const PlacementRules& placement)
+    {
+        return placement.isWithUnknown ? 0 : placement.limit.value_or(1);
     }
 
     /// What a modification loses on one of these residues, each loss once.
@@ -225,8 +238,12 @@ private:
         if (link.sites.empty())
             return Error{u"expected the places of this link"_s, link.position.index};
         const auto [chain, unit] = link.sites.front();
-        if (link.sites.size() == 1)
+        if (link.sites.size() == 1) {
             addToUnit(unit, link.weight, &m_chains[chain]);
+            BackboneGroup group{balanced(link.weight), {}, balancedAtoms(link.weight)};
+            group.name = nameOf(*link.modification, link.weight);
+            m_chains[chain].groups.push_back({unit, std::move(group)});
+        }
         for (std::size_t i = 1; i < link.sites.size(); ++i) {
             const PartWeight& weight = i == 1 ? link.weight : PartWeight();
             m_links.push_back({qsizetype(chain), unit, qsizetype(link.sites[i].first),

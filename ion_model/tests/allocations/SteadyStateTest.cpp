@@ -108,7 +108,7 @@ TEST(SteadyState, IonsOfModifiedPeptidesAllocateNothing)
 {
     BackboneChain chain = Backbone::peptide(u"GGSGGK", residues())->chains()[0];
     const NeutralLoss loss = LossRule::read(u"H3PO4"_s, residues().atoms())->loss;
-    chain.fragile.push_back({2, {loss.masses, {loss}}});
+    chain.groups.push_back({2, {loss.masses, {loss}}});
     const Backbone modified = Backbone::ofChains({chain}, {}, residues().breaks()).value();
     const IonOptions options = withLosses({u"H2O@STED"_s});
     FragmentIons ions;

@@ -67,14 +67,14 @@ TEST(Backbone, AnObjectThatIsUsedAgainKeepsNothing)
     chain.hasRightEnd = false;
     chain.labile.push_back({{5.0, 5.0}, {}});
     chain.open.push_back({{{1.0, 1.0}, {}}, {0, 1}});
-    chain.fragile.push_back({0, {}});
+    chain.groups.push_back({0, {}});
     Backbone backbone =
         Backbone::ofChains({chain, chain}, {{0, 0, 1, 0, {3.0, 3.0}}}, residues().breaks()).value();
     EXPECT_FALSE(backbone.assignPeptide(u"GGGG", residues()).has_value());
     EXPECT_EQ(backbone.masses(), residues().peptide(u"GGGG").value());
     EXPECT_EQ(backbone.chains().size(), 1U);
     EXPECT_TRUE(backbone.links().empty());
-    EXPECT_TRUE(backbone.chains()[0].fragile.empty());
+    EXPECT_TRUE(backbone.chains()[0].groups.empty());
 }
 
 TEST(Backbone, OligonucleotidesWeighWhatTheFirstLibrarySays)
@@ -133,7 +133,7 @@ TEST(Backbone, WhatIsNoMoleculeIsRefusedWithChainAndResidue)
         EXPECT_FALSE(Backbone::ofChains({odd}, {}, breaks).hasValue());
     }
     odd = sound;
-    odd.fragile.push_back({3, {}});
+    odd.groups.push_back({3, {}});
     EXPECT_EQ(Backbone::ofChains({odd}, {}, breaks).error().residue, 3);
     for (const BackboneLink& link :
          {BackboneLink{0, 3, 0, 0, {}}, BackboneLink{0, 0, 1, 0, {}}, BackboneLink{-1, 0, 0, 0, {}},

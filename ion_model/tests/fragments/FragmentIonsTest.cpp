@@ -191,8 +191,8 @@ TEST(FragmentIons, ALossOfARuleAndOfAGroupIsOne)
     const LossRule rule = LossRule::read(u"H3PO4", residues().atoms()).value();
     const LossRule ofSerine = LossRule::read(u"H3PO4@S", residues().atoms()).value();
     BackboneChain chain = peptide(u"GSTG"_s).chains()[0];
-    chain.fragile = {{1, {{80.0, 80.0}, {{u"H3O4P"_s, rule.loss.masses}}}},
-                     {2, {{80.0, 80.0}, {{u"H3O4P"_s, rule.loss.masses}}}}};
+    chain.groups = {{1, {{80.0, 80.0}, {{u"H3O4P"_s, rule.loss.masses}}}},
+                    {2, {{80.0, 80.0}, {{u"H3O4P"_s, rule.loss.masses}}}}};
     const Backbone backbone = Backbone::ofChains({chain}, {}, residues().breaks()).value();
     IonOptions options = series({Series::B});
     options.maxLosses = 2;
@@ -311,7 +311,7 @@ TEST(FragmentIons, LossesOfAGroupNeedTheGroup)
     const NeutralLoss phosphoricAcid{u"H3PO4"_s, {97.976896, 97.995}};
     BackboneChain chain = peptide(u"GSSG"_s).chains()[0];
     chain.units[1] += {79.966331, 79.98};
-    chain.fragile.push_back({1, {{79.966331, 79.98}, {phosphoricAcid}}});
+    chain.groups.push_back({1, {{79.966331, 79.98}, {phosphoricAcid}}});
     const Backbone backbone = Backbone::ofChains({chain}, {}, residues().breaks()).value();
     const auto ions = byLabel(ionsOf(backbone, IonOptions()), backbone);
     EXPECT_FALSE(ions.contains(u"b1-H3PO4"_s));
@@ -437,9 +437,12 @@ TEST(FragmentIons, OpenGroupsOfOneMassMayLoseWhatAnyOfThemLoses)
     IonOptions options = series({Series::B});
     options.maxLosses = 2;
     const auto ions = byLabel(ionsOf(backbone, options), backbone);
-    EXPECT_EQ(ions.at(u"b1"_s).size(), 3U);
-    EXPECT_EQ(ions.at(u"b1-H3PO4"_s).size(), 2U);
-    EXPECT_EQ(ions.at(u"b2-H3PO4"_s).size(), 1U);
+    for (const QString& label :
+         {u"b1"_s, u"b1+[+100.0000]"_s, u"b1+2[+100.0000]"_s, u"b1+[+100.0000]-H3PO4"_s,
+          u"b1+2[+100.0000]-H3PO4"_s, u"b2-H3PO4"_s}) {
+        EXPECT_EQ(ions.at(label).size(), 1U) << label.toStdString();
+    }
+    EXPECT_FALSE(ions.contains(u"b1-H3PO4"_s));
     EXPECT_FALSE(ions.contains(u"b2-H3PO4-H3PO4"_s));
 }
 

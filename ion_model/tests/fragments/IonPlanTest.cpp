@@ -129,7 +129,7 @@ BackboneChain withGroup(const QString& sequence, const QString& loss)
 {
     BackboneChain chain = Backbone::peptide(sequence, residues())->chains()[0];
     const NeutralLoss lost = LossRule::read(loss, residues().atoms())->loss;
-    chain.fragile.push_back({2, {lost.masses, {lost}}});
+    chain.groups.push_back({2, {lost.masses, {lost}}});
     return chain;
 }
 

@@ -200,9 +200,9 @@ private:
     {
         HeldGroups held;
         for (qsizetype chain = 0; chain < std::ssize(m_backbone.chains()); ++chain) {
-            for (const auto& [unit, group] : m_backbone.chains()[std::size_t(chain)].fragile) {
-                if (m_units.contains({chain, unit}))
-                    hold(group, 0.0, &held);
+            for (const PlacedGroup& placed : m_backbone.chains()[std::size_t(chain)].groups) {
+                if (m_units.contains({chain, placed.unit}))
+                    hold(placed.group, 0.0, &held);
             }
         }
         for (const qsizetype chain : otherChains()) {

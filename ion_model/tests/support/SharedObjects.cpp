@@ -13,7 +13,7 @@ Backbone linkedBackbone(const ResidueTable& residues)
     BackboneChain chain = Backbone::peptide(u"DRVYKHPF", residues)->chains()[0];
     BackboneGroup phospho{{79.966331, 79.979902}, {{u"H3PO4"_s, {97.976896, 97.995182}}}};
     BackboneChain modified = chain;
-    modified.fragile.emplace_back(3, phospho);
+    modified.groups.push_back({3, phospho});
     modified.open.push_back({phospho, {1, 4}});
     modified.labile.push_back(phospho);
     return Backbone::ofChains({chain, modified}, {{0, 4, 1, 4, {138.06808, 138.166}}},
