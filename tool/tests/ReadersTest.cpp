@@ -240,6 +240,13 @@ TEST(Mgf, RefusesSpectraWithoutPrecursorAndThoseThatDoNotEnd)
                               "file:13:0: expected END IONS before the file ends\n");
 }
 
+TEST(Mgf, TellsWhenThereAreNoSpectra)
+{
+    for (const QByteArray& bytes : {"", "\n", "# remark\n", "MASS=Monoisotopic\nCHARGE=2+\n"})
+        EXPECT_EQ(mgf(bytes).errors, "file:1:0: expected spectra\n") << bytes.constData();
+    EXPECT_EQ(mgf("100 1\n").errors, "file:1:0: expected BEGIN IONS\n");
+}
+
 TEST(Mgf, SurvivesAMillionEmptyRecords)
 {
     const auto outcome = mgf(QByteArray("BEGIN IONS\nEND IONS\n").repeated(1000000));

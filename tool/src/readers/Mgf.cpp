@@ -60,6 +60,8 @@ public:
         }
         if (m_isInside)
             refuseSpectrum(u"expected END IONS before the file ends"_s);
+        else if (m_count == 0 && !m_isRefused)
+            m_complaints->report({m_source}, {u"expected spectra"_s, 0});
     }
 
 private:

@@ -19,7 +19,7 @@ namespace tool {
 /// A spectrum is reported, and not handed over, where it has no PEPMASS above 0 or two of them,
 /// where a charge or a peak cannot be read, as with an intensity that is NaN or a decimal comma,
 /// and where it does not end. Whatever stands outside and is no `KEY=value` is reported as well.
-/// Spectra count from 1, those that are refused too.
+/// Spectra count from 1, those that are refused too. A file without any is reported.
 void readMgf(const QString& source, LineReader* lines, Complaints* complaints,
              const std::function<void(Spectrum&&)>& take);
 

@@ -60,21 +60,22 @@ std::optional<Spectrum> readColumns(const QString& source, LineReader* lines,
 
 } // namespace
 
+void readPeaks(const QString& source, LineReader* lines, Complaints* complaints,
+               const std::function<void(Spectrum&&)>& take)
+{
+    if (!nextLine(lines)) {
+        complaints->report({source}, {u"expected peaks"_s, 0});
+    } else if (isMgf(lines->line())) {
+        lines->stepBack();
+        readMgf(source, lines, complaints, take);
+    } else if (auto spectrum = readColumns(source, lines, complaints)) {
+        take(*std::move(spectrum));
+    }
+}
+
 std::vector<Spectrum> readPeakFile(const QString& name, Complaints* complaints)
 {
-    std::vector<Spectrum> spectra;
-    withLines(name, complaints, [&](const QString& source, LineReader* lines) {
-        if (!nextLine(lines)) {
-            complaints->report({source}, {u"expected peaks"_s, 0});
-        } else if (isMgf(lines->line())) {
-            lines->stepBack();
-            readMgf(source, lines, complaints,
-                    [&](Spectrum&& spectrum) { spectra.push_back(std::move(spectrum)); });
-        } else if (auto spectrum = readColumns(source, lines, complaints)) {
-            spectra.push_back(*std::move(spectrum));
-        }
-    });
-    return spectra;
+    return readItems<Spectrum>(name, complaints, readPeaks);
 }
 
 } // namespace tool
