@@ -242,8 +242,8 @@ TEST(Mgf, RefusesSpectraWithoutPrecursorAndThoseThatDoNotEnd)
 
 TEST(Mgf, TellsWhenThereAreNoSpectra)
 {
-    for (const QByteArray& bytes : {"", "\n", "# remark\n", "MASS=Monoisotopic\nCHARGE=2+\n"})
-        EXPECT_EQ(mgf(bytes).errors, "file:1:0: expected spectra\n") << bytes.constData();
+    for (const char* bytes : {"", "\n", "# remark\n", "MASS=Monoisotopic\nCHARGE=2+\n"})
+        EXPECT_EQ(mgf(bytes).errors, "file:1:0: expected spectra\n") << bytes;
     EXPECT_EQ(mgf("100 1\n").errors, "file:1:0: expected BEGIN IONS\n");
 }
 
