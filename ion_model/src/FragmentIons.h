@@ -8,6 +8,8 @@
 #include <QString>
 #include <QStringView>
 
+#include <cstddef>
+#include <iterator>
 #include <memory>
 #include <optional>
 #include <span>
@@ -111,10 +113,16 @@ struct IonRun
 class ZEL_ION_MODEL_EXPORT IonRuns
 {
 public:
-    /// Walks over the runs.
+    /// Walks over the runs, which it hands out as values.
     class Iterator
     {
     public:
+        using iterator_category = std::input_iterator_tag; ///< What algorithms may ask of it.
+        using value_type = IonRun;                         ///< What it hands out.
+        using difference_type = std::ptrdiff_t;            ///< Between two of them.
+        using pointer = void;                              ///< A value has no place.
+        using reference = IonRun;                          ///< What it hands out.
+
         /// At the run of this index.
         Iterator(const FragmentIons* ions, std::size_t index)
             : m_ions(ions)
@@ -129,6 +137,13 @@ public:
         {
             ++m_index;
             return *this;
+        }
+        /// The same; gives where it was.
+        Iterator operator++(int)
+        {
+            const Iterator before = *this;
+            ++m_index;
+            return before;
         }
         /// Tells whether both are at the same run of one list.
         friend bool operator==(const Iterator&, const Iterator&) = default;

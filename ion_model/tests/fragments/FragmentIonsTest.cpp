@@ -9,7 +9,9 @@
 
 #include <algorithm>
 #include <cmath>
+#include <iterator>
 #include <map>
+#include <numeric>
 #include <set>
 
 using namespace Qt::StringLiterals;
@@ -93,6 +95,29 @@ TEST(FragmentIons, ComeInTheOrderOfTheOptionsWithNumbersThatFollow)
     EXPECT_EQ(ions.label(peptide(u"PEPTIDE"_s), 11), u"y6"_s);
     EXPECT_EQ(ions.label(peptide(u"PEPTIDE"_s), 23), u"b6"_s);
     EXPECT_EQ(ions.label(peptide(u"PEPTIDE"_s), 24), u""_s);
+}
+
+TEST(FragmentIons, RunsCanBeWalkedByAlgorithms)
+{
+    IonOptions options = series({Series::B, Series::Y});
+    for (const bool hasLosses : {false, true}) {
+        if (hasLosses)
+            options.losses = {LossRule::read(u"H2O@T", residues().atoms()).value()};
+        const FragmentIons ions = ionsOf(peptide(u"PEPTIDE"_s), options);
+        const IonRuns runs = ions.runs();
+        const auto sum =
+            std::accumulate(runs.begin(), runs.end(), 0U,
+                            [](quint32 s, const IonRun& run) { return s + run.count; });
+        EXPECT_EQ(sum, ions.mz().size());
+        const auto isOfY = [](const IonRun& run) {
+            return run.series == Series::Y;
+        };
+        EXPECT_EQ((*std::find_if(runs.begin(), runs.end(), isOfY)).firstNumber, 1U);
+        EXPECT_EQ(std::ssize(runs), std::distance(runs.begin(), runs.end()));
+        auto next = runs.begin();
+        EXPECT_EQ((*next++).series, Series::B);
+        EXPECT_TRUE(next != runs.begin());
+    }
 }
 
 /// PEPTIDE's b and y ions as textbooks and calculators print them.
