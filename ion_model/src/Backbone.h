@@ -78,8 +78,8 @@ struct OpenGroup
 {
     BackboneGroup group;          ///< What sits there.
     std::vector<qsizetype> units; ///< Where it may sit, ascending, from 0.
-    /// How many open groups of one mass may share a unit, on which no other open one sits then; 0 if
-    /// nothing is known to keep them apart.
+    /// How many open groups of one mass may share a unit, on which no other open one sits then; 0
+    /// if nothing is known to keep them apart.
     int limit = 0;
 };
 

@@ -3,6 +3,7 @@
 #include "RunZel.h"
 #include "TemporaryText.h"
 #include "TestFiles.h"
+#include "TestSeed.h"
 #include "search/CandidateText.h"
 #include "search/Rule.h"
 
@@ -87,7 +88,7 @@ QByteArray withLeucine(QByteArray peptidoform)
 
 QByteArray randomProteins(int count)
 {
-    std::mt19937 random(3);
+    std::mt19937 random(testSeed(3));
     const QByteArray letters = "ACDEFGHIKLMNPQRSTVWY";
     QByteArray fasta;
     for (int i = 0; i < count; ++i) {
@@ -263,7 +264,7 @@ TEST(SearchCommand, GivesTheSameAtAnyNumberOfThreads)
     const QByteArray proteins = randomProteins(200);
     const TemporaryText database(proteins);
     QByteArray mgf;
-    std::mt19937 random(11);
+    std::mt19937 random(testSeed(11));
     for (int i = 0; i < 60; ++i) {
         mgf += "BEGIN IONS\nPEPMASS=" + QByteArray::number(400.2 + 5.0 * i) + '\n';
         for (int j = 0; j < 80; ++j)

@@ -3,6 +3,7 @@
 #include "RandomTexts.h"
 #include "RefusedTexts.h"
 #include "TestPrinters.h"
+#include "TestSeed.h"
 
 #include <QRegularExpression>
 
@@ -110,13 +111,13 @@ TEST(Protease, EachRuleCutsLikeItsExpressionInAllShortTexts)
 
 TEST(Protease, EachRuleCutsLikeItsExpressionInRandomText)
 {
-    std::mt19937 random(20261122);
+    std::mt19937 random(testSeed(20261122));
     qsizetype cutCount = 0;
     for (const QStringList& rule : rulesOf(u"proteases.tsv"_s, 2)) {
         SCOPED_TRACE(rule[0].toStdString());
         const QRegularExpression expression(rule[1]);
         const Protease protease = Protease::named(rule[0]).value();
-        for (int i = 0; i < 40; ++i) {
+        for (int i = 0; i < testRounds(40); ++i) {
             const QString text = randomText(random, oddLetters, 300);
             const std::vector<qsizetype> cuts = cutsOf(protease, text);
             ASSERT_EQ(cuts, placesThatMatch(expression, text)) << text.toStdString();
@@ -156,7 +157,7 @@ QString randomExpression(std::mt19937& random, int depth = 0)
 
 TEST(Protease, AnyCombinationOfLookaroundsCutsLikeItsExpression)
 {
-    std::mt19937 random(7);
+    std::mt19937 random(testSeed(7));
     const QStringList texts = allTexts(u"ABC"_s, 5);
     int compiled = 0;
     int others = 0;

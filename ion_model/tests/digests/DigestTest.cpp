@@ -4,6 +4,7 @@
 #include "RandomTexts.h"
 #include "StandardResidues.h"
 #include "TestPrinters.h"
+#include "TestSeed.h"
 
 #include <gtest/gtest.h>
 
@@ -188,11 +189,11 @@ TEST(Digest, AllShortTextsGiveTheRangesThatAreProducts)
 
 TEST(Digest, RandomProteinsGiveTheRangesThatAreProducts)
 {
-    std::mt19937 random(20261122);
+    std::mt19937 random(testSeed(20261122));
     const QString letters = u"ACDEFGHIKLMNPQRSTVWYKRKRKRDDBJOUXZ*- k\u00e9"_s;
     Digest digest;
     std::size_t listed = 0;
-    for (int i = 0; i < 300; ++i) {
+    for (int i = 0; i < testRounds(300); ++i) {
         const QString text = randomText(random, letters, 80);
         const QStringList names = Protease::names();
         const Protease agent = protease(names[qsizetype(random() % std::size_t(names.size()))]);
@@ -213,7 +214,7 @@ TEST(Digest, RandomProteinsGiveTheRangesThatAreProducts)
 
 TEST(Digest, PeptidesWithoutMissedCleavagesCoverTheProtein)
 {
-    std::mt19937 random(5);
+    std::mt19937 random(testSeed(5));
     Digest digest;
     for (const QString& name : Protease::names()) {
         if (protease(name).isUnspecific())
@@ -277,7 +278,7 @@ TEST(Digest, MassLimitsAreClosed)
 /// A plain sum is off by about 10^-8 at this size.
 TEST(Digest, MassesAreGoodToANanodaltonAtTheSizeOfTitin)
 {
-    std::mt19937 random(3);
+    std::mt19937 random(testSeed(3));
     const QString text = randomProtein(random, 35000);
     Digest digest;
     digest.cleave(text, protease(u"no cleavage"), residues());
@@ -322,7 +323,7 @@ TEST(Digest, EqualResiduesAreGoodToANanodaltonToo)
 /// Long ranges with any number of missed cleavages, of which there are many, one by one.
 TEST(Digest, LongRangesOfTitinAreGoodToANanodalton)
 {
-    std::mt19937 random(4);
+    std::mt19937 random(testSeed(4));
     const QString text = randomProtein(random, 35000);
     Digest digest;
     digest.cleave(text, protease(u"Trypsin"), residues(),
@@ -337,7 +338,7 @@ TEST(Digest, LongRangesOfTitinAreGoodToANanodalton)
 
 TEST(Digest, AnObjectThatIsUsedAgainAllocatesNothingNew)
 {
-    std::mt19937 random(6);
+    std::mt19937 random(testSeed(6));
     const QString large = randomProtein(random, 2000);
     const QString small = randomProtein(random, 300);
     const DigestOptions options = {.missedCleavages = 2};

@@ -2,6 +2,7 @@
 #include "IonLists.h"
 #include "NucleotideTable.h"
 #include "RandomTexts.h"
+#include "TestSeed.h"
 
 #include <gtest/gtest.h>
 
@@ -84,7 +85,7 @@ void expectSameAsByTheLongWay(const Backbone& backbone, const IonOptions& option
 
 TEST(IonPlan, PeptidesOfAnyLengthGiveWhatTheLongWayGives)
 {
-    std::mt19937 random(20261128);
+    std::mt19937 random(testSeed(20261128));
     FragmentIons ions;
     for (const QStringList& losses : {QStringList{},
                                       {u"H2O"_s, u"NH3"_s},
@@ -107,7 +108,7 @@ TEST(IonPlan, PeptidesOfAnyLengthGiveWhatTheLongWayGives)
 TEST(IonPlan, OligonucleotidesOfAnyLengthGiveWhatTheLongWayGives)
 {
     const NucleotideTable nucleotides;
-    std::mt19937 random(20261129);
+    std::mt19937 random(testSeed(20261129));
     FragmentIons ions;
     for (const QStringList& losses : {QStringList{}, {u"H2O"_s}, {u"H2O@G"_s}}) {
         const IonOptions options = optionsOf(oligoSeries, losses);
@@ -161,7 +162,7 @@ TEST(IonPlan, AListThatIsUsedAgainKeepsNothingOfOtherBackbonesAndOptions)
     options.push_back(options.back());
     options.back().series.push_back(Series::Precursor);
     FragmentIons ions;
-    std::mt19937 random(20261130);
+    std::mt19937 random(testSeed(20261130));
     for (int i = 0; i < 2000; ++i) {
         const Backbone& backbone = backbones[random() % backbones.size()];
         const IonOptions& wanted = options[random() % options.size()];

@@ -3,6 +3,7 @@
 #include "Backbone.h"
 #include "RandomTexts.h"
 #include "RefusedTexts.h"
+#include "TestSeed.h"
 #include <zel_chemical_model/ChemicalFactory.h>
 #include <zel_chemical_model/LinearComplex.h>
 
@@ -153,7 +154,7 @@ TEST(NucleotideTable, ReadsRandomTextsAsTheFactoryDoes)
 {
     const auto factory = chem::defaultChemicalFactory();
     const NucleotideTable nucleotides;
-    std::mt19937 random(20261125);
+    std::mt19937 random(testSeed(20261125));
     int read = 0;
     int refused = 0;
     for (int i = 0; i < 3000; ++i) {
@@ -194,7 +195,7 @@ TEST(NucleotideTable, ReadsWhatCallersAddAsTheFactoryDoes)
         factory->setBuildingBlock(type, key, u"added"_s, u"C2H3NO"_s);
         const NucleotideTable nucleotides(*factory);
         SCOPED_TRACE(key.toStdString());
-        std::mt19937 random(20261126);
+        std::mt19937 random(testSeed(20261126));
         int read = 0;
         for (int i = 0; i < 1000; ++i) {
             const QString text = randomText(random, u"{drAC*}5"_s + key, 5);
@@ -219,7 +220,7 @@ TEST(NucleotideTable, BackbonesHaveThePartsOfTheFactorysNucleotides)
     const auto factory = chem::defaultChemicalFactory();
     const NucleotideTable nucleotides;
     Backbone backbone;
-    std::mt19937 random(20261127);
+    std::mt19937 random(testSeed(20261127));
     int compared = 0;
     for (int i = 0; i < 3000; ++i) {
         const QString text = randomText(random, u"{+rACGU*.}"_s, 12);
