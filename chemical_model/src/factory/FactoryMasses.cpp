@@ -1,5 +1,5 @@
 #include "ChemicalFactory.h"
-#include "core/ChemicalFormulaText.h"
+#include "core/ChemicalFormulaReader.h"
 #include "factory/PreparedFactory.h"
 #include "isotopes/FormulaMasses.h"
 #include "isotopes/IsotopeEnvelope.h"

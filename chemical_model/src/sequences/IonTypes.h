@@ -9,6 +9,8 @@ namespace chem {
 /// How many sites a residue has, at most. At each of them one ion breaks off.
 constexpr qsizetype sitesPerResidue = 10;
 
+// What an ion of each type gains and loses stands in PeptideSites and OligoSites.
+
 // The stable numbers of the types put those of the left end first, then those of the right end.
 
 /// Whether an ion of this type holds the left end of its chain.

@@ -14,7 +14,7 @@ struct PlacedNucleotide
     const NucleotideBreaks* breaks = nullptr; ///< Null where they are not known yet.
 };
 
-/// Lays nucleotides out between their terminals.
+/// Lays nucleotides out between their terminals, which OligoReader chooses.
 QSharedPointer<MoleculeComplex> oligoComplex(std::span<const PlacedNucleotide> nucleotides,
                                              const NamedMolecule& fivePrime,
                                              const NamedMolecule& threePrime,

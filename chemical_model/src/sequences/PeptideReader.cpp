@@ -1,6 +1,7 @@
 #include "sequences/PeptideReader.h"
 
 #include "core/MoleculeSum.h"
+#include "sequences/PeptideSites.h"
 #include "sequences/ResidueList.h"
 
 using namespace Qt::StringLiterals;
@@ -8,23 +9,6 @@ using namespace Qt::StringLiterals;
 namespace chem {
 
 namespace {
-
-std::vector<FragmentationSite> sitesOf(const ChainGroups& groups)
-{
-    const Molecule nothing;
-    return {
-        {FragmentType::B, nothing, groups.hydrogen},
-        {FragmentType::Y, groups.hydrogen, nothing},
-        {FragmentType::A, nothing, groups.formyl},
-        {FragmentType::Adot, groups.hydrogen, groups.formyl},
-        {FragmentType::C, groups.amine, nothing},
-        {FragmentType::Cdot, groups.ammonia, nothing},
-        {FragmentType::X, groups.formyl, groups.hydrogenPair},
-        {FragmentType::Xdot, groups.formyl, groups.hydrogen},
-        {FragmentType::Z, nothing, groups.amine},
-        {FragmentType::Zdot, groups.hydrogen, groups.amine},
-    };
-}
 
 /// New sites for one complex, which all its positions share.
 QList<QSharedPointer<FragmentationSite>> copiesOf(const std::vector<FragmentationSite>& sites)
@@ -41,7 +25,7 @@ QList<QSharedPointer<FragmentationSite>> copiesOf(const std::vector<Fragmentatio
 PeptideReader::PeptideReader(const QMap<QString, NamedMolecule>& aminoAcids,
                              const ChainGroups& groups)
     : m_residues(aminoAcids)
-    , m_sites(sitesOf(groups))
+    , m_sites(peptideSites(groups))
     , m_nTerminal(groups.hydrogen, u"NTerm"_s, u"H-"_s)
     , m_cTerminal(groups.hydroxyl, u"CTerm"_s, u"-OH"_s)
 {

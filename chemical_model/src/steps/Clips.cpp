@@ -226,6 +226,7 @@ QList<MoleculeEntity> generateClips(const MoleculeEntity& molecule, const Chemic
     QList<MoleculeEntity> clips;
     clips.reserve(ranges.size());
     for (const ParentChainLocus& range : ranges)
+        // which links come along is decided there
         clips.append(ChainFragmenter({{noTerminal, range, noTerminal}}).transform(molecule));
     return clips;
 }

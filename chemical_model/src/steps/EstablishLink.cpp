@@ -15,6 +15,7 @@ EstablishLink::EstablishLink(MoleculeEntity entity, Link::Connection connection)
 
 MoleculeEntity EstablishLink::transform(MoleculeEntity molecule) const
 {
+    // Its places are not looked at: one that does not exist stays as it is.
     StructuredMolecule result = structuredCopy(molecule);
     const Molecule bridge = totalsOf(m_link.entity());
     result.links.append(Link(bridge, m_link.connection()));

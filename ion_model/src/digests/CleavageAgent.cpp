@@ -1,3 +1,5 @@
+// The rules themselves stand in data/proteases.tsv and data/ribonucleases.tsv.
+
 #include "Digest.h"
 #include "digests/LetterRule.h"
 #include "support/NearestNames.h"

@@ -106,12 +106,12 @@ private:
     /// The labile groups that the molecule has lost.
     QString lostLabile() const
     {
+        if (m_run.series != Series::Precursor || m_run.variant == 0)
+            return {};
         QString text;
         for (const BackboneChain& chain : m_backbone.chains()) {
             for (const BackboneGroup& group : chain.labile)
-                text += m_run.series == Series::Precursor && m_run.variant == 1
-                            ? u'-' + bracketed(group)
-                            : QString();
+                text += u'-' + bracketed(group);
         }
         return text;
     }

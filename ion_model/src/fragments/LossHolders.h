@@ -10,7 +10,8 @@
 
 namespace ions {
 
-/// Which ions of a backbone hold enough of what a set of losses takes away.
+/// Which ions of a backbone hold enough of what a set of losses takes away: residues that a rule of
+/// the caller names, and groups that lose by themselves.
 class LossHolders
 {
 public:

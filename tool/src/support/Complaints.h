@@ -26,7 +26,7 @@ public:
     /// Writes `SOURCE:LINE:POSITION: sentence`. A refusal of the whole has position 0.
     void report(const Place& place, const ions::Error& error);
 
-    /// Tells whether anything was refused.
+    /// Tells whether anything was refused. The program then ends with status 1.
     bool areThere() const { return m_areThere; }
 
 private:

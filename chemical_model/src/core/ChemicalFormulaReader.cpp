@@ -1,4 +1,4 @@
-#include "core/ChemicalFormulaText.h"
+#include "core/ChemicalFormulaReader.h"
 
 #include "core/ElementSymbol.h"
 #include "support/Ascii.h"

@@ -25,7 +25,7 @@ ChemicalFormula read(const QString& text)
 
 // Reading.
 
-TEST(ChemicalFormulaText, TextWithoutCapitalsIsEmpty)
+TEST(ChemicalFormulaReader, TextWithoutCapitalsIsEmpty)
 {
     for (const QString& text : {u""_s, u"   "_s, u"cl2"_s, u"123"_s, u"()-+."_s}) {
         const ChemicalFormula formula = read(text);
@@ -38,7 +38,7 @@ TEST(ChemicalFormulaText, TextWithoutCapitalsIsEmpty)
     }
 }
 
-TEST(ChemicalFormulaText, ReadsAsStated)
+TEST(ChemicalFormulaReader, ReadsAsStated)
 {
     const double inf = std::numeric_limits<double>::infinity();
     const QList<std::pair<QString, Counts>> cases = {
@@ -78,13 +78,13 @@ TEST(ChemicalFormulaText, ReadsAsStated)
         EXPECT_EQ(read(text).elementCountMap(), counts) << text.toStdString();
 }
 
-TEST(ChemicalFormulaText, HugeExponentIsWhatTheConverterMakesOfIt)
+TEST(ChemicalFormulaReader, HugeExponentIsWhatTheConverterMakesOfIt)
 {
     EXPECT_EQ(read(u"C1e999"_s).elementCountMap().value(u"C"_s), u"1e999"_s.toDouble());
     EXPECT_TRUE(read(u"C1e999"_s).elementCountMap().contains(u"C"_s));
 }
 
-TEST(ChemicalFormulaText, OddCharactersVanish)
+TEST(ChemicalFormulaReader, OddCharactersVanish)
 {
     const QString withNul = u"C"_s + QChar(u'\0') + u"2"_s;
     EXPECT_EQ(read(withNul).elementCountMap(), Counts({{u"C"_s, 2}}));
@@ -94,7 +94,7 @@ TEST(ChemicalFormulaText, OddCharactersVanish)
     EXPECT_EQ(read(withPair).elementCountMap(), Counts({{u"C"_s, 4}}));
 }
 
-TEST(ChemicalFormulaText, MegabytesAreReadInOneGo)
+TEST(ChemicalFormulaReader, MegabytesAreReadInOneGo)
 {
     const QString text =
         u"C2 H(3) "_s.repeated(200000) + QString(1000000, u' ') + u"x9"_s.repeated(1000);
@@ -131,7 +131,7 @@ Counts readSlowly(const QString& text)
     return counts;
 }
 
-TEST(ChemicalFormulaText, AgreesWithASlowReaderOnAllShortTexts)
+TEST(ChemicalFormulaReader, AgreesWithASlowReaderOnAllShortTexts)
 {
     const int compared = drawnTexts::forAllTexts(u"CHl2-. e("_s, 5, [](const QString& text) {
         EXPECT_EQ(read(text).elementCountMap(), readSlowly(text));
@@ -139,7 +139,7 @@ TEST(ChemicalFormulaText, AgreesWithASlowReaderOnAllShortTexts)
     EXPECT_EQ(compared, 1 + 9 + 81 + 729 + 6561 + 59049);
 }
 
-TEST(ChemicalFormulaText, AgreesWithASlowReaderOnRandomUnicode)
+TEST(ChemicalFormulaReader, AgreesWithASlowReaderOnRandomUnicode)
 {
     std::mt19937 random(testSeed(11));
     for (int i = 0; i < 5000; ++i) {
@@ -152,7 +152,7 @@ TEST(ChemicalFormulaText, AgreesWithASlowReaderOnRandomUnicode)
 
 // Writing.
 
-TEST(ChemicalFormulaText, DisplayFormIsInHillOrder)
+TEST(ChemicalFormulaReader, DisplayFormIsInHillOrder)
 {
     const QList<std::pair<ChemicalFormula, QString>> cases = {
         {formulaWith({{u"C"_s, 1}, {u"H"_s, 4}, {u"N"_s, 1}}), u"C1H4N"_s},
@@ -180,7 +180,7 @@ TEST(ChemicalFormulaText, DisplayFormIsInHillOrder)
         EXPECT_EQ(formula.toString(), text);
 }
 
-TEST(ChemicalFormulaText, IsoFormPrintsEveryNumberOfAValidFormula)
+TEST(ChemicalFormulaReader, IsoFormPrintsEveryNumberOfAValidFormula)
 {
     EXPECT_EQ(formulaWith({{u"H"_s, 2}, {u"O"_s, 1}}).toIsoFormulaString(), u"H2O1"_s);
     EXPECT_EQ(formulaWith({{u"H"_s, 2}, {u"C"_s, 1}, {u"N"_s, 0}}).toIsoFormulaString(), u"C1H2"_s);
@@ -190,7 +190,7 @@ TEST(ChemicalFormulaText, IsoFormPrintsEveryNumberOfAValidFormula)
     EXPECT_EQ(formulaWith({{u"C"_s, 3e9}}).toIsoFormulaString(), QString());
 }
 
-TEST(ChemicalFormulaText, ThermoFormPrintsWholeNumbersInFull)
+TEST(ChemicalFormulaReader, ThermoFormPrintsWholeNumbersInFull)
 {
     EXPECT_EQ(formulaWith({{u"H"_s, 2}, {u"O"_s, 1}, {u"N"_s, 0}}).toThermoFormulaString(),
               u"H2O1"_s);
@@ -200,7 +200,7 @@ TEST(ChemicalFormulaText, ThermoFormPrintsWholeNumbersInFull)
     EXPECT_EQ(formulaWith({{u"C"_s, -1}}).toThermoFormulaString(), QString());
 }
 
-TEST(ChemicalFormulaText, GainsAndLossesArePrintedApart)
+TEST(ChemicalFormulaReader, GainsAndLossesArePrintedApart)
 {
     const ChemicalFormula change = formulaWith(
         {{u"C"_s, 1}, {u"H"_s, -2}, {u"N"_s, 0.5}, {u"O"_s, 0}, {u"P"_s, -0.25}, {u"S"_s, 2e6}});
@@ -215,14 +215,14 @@ Counts withoutZeros(Counts counts)
     return counts;
 }
 
-RC_GTEST_PROP(ChemicalFormulaTextLaws, DisplayFormReadsBack, ())
+RC_GTEST_PROP(ChemicalFormulaReaderLaws, DisplayFormReadsBack, ())
 {
     const ChemicalFormula formula = anyFormula(-999999, 1000000);
     RC_ASSERT(read(formula.toString()).elementCountMap() ==
               withoutZeros(formula.elementCountMap()));
 }
 
-RC_GTEST_PROP(ChemicalFormulaTextLaws, OtherFormsOfAMoleculeReadBack, ())
+RC_GTEST_PROP(ChemicalFormulaReaderLaws, OtherFormsOfAMoleculeReadBack, ())
 {
     const ChemicalFormula formula = anyFormula(0, 1000000);
     const Counts counts = withoutZeros(formula.elementCountMap());
@@ -232,7 +232,7 @@ RC_GTEST_PROP(ChemicalFormulaTextLaws, OtherFormsOfAMoleculeReadBack, ())
     RC_ASSERT(formula.negativeFormulaString().isEmpty());
 }
 
-RC_GTEST_PROP(ChemicalFormulaTextLaws, GainsMinusLossesAreTheWhole, ())
+RC_GTEST_PROP(ChemicalFormulaReaderLaws, GainsMinusLossesAreTheWhole, ())
 {
     const ChemicalFormula formula = anyFormula(-999999, 1000000);
     const ChemicalFormula gains = read(formula.positiveFormulaString());
@@ -240,7 +240,7 @@ RC_GTEST_PROP(ChemicalFormulaTextLaws, GainsMinusLossesAreTheWhole, ())
     RC_ASSERT((gains - losses).elementCountMap() == withoutZeros(formula.elementCountMap()));
 }
 
-TEST(ChemicalFormulaText, CarbonAndHydrogenAtTheHeadHaveNoTolerance)
+TEST(ChemicalFormulaReader, CarbonAndHydrogenAtTheHeadHaveNoTolerance)
 {
     EXPECT_EQ(formulaWith({{u"C"_s, -1e-13}, {u"N"_s, 2}}).toString(), u"C(-1e-13)N2"_s);
     EXPECT_EQ(formulaWith({{u"C"_s, 1}, {u"H"_s, -1e-13}}).toString(), u"C1H(-1e-13)"_s);
@@ -248,7 +248,7 @@ TEST(ChemicalFormulaText, CarbonAndHydrogenAtTheHeadHaveNoTolerance)
     EXPECT_EQ(formulaWith({{u"H"_s, 1e-13}, {u"N"_s, 2}}).toString(), u"N2"_s);
 }
 
-TEST(ChemicalFormulaText, FractionsHaveSixSignificantDigitsInEveryForm)
+TEST(ChemicalFormulaReader, FractionsHaveSixSignificantDigitsInEveryForm)
 {
     const ChemicalFormula formula = formulaWith({{u"C"_s, 2.0 / 3}, {u"N"_s, -1.0 / 3}});
     EXPECT_EQ(formula.toString(), u"C0.666667N(-0.333333)"_s);
@@ -256,7 +256,7 @@ TEST(ChemicalFormulaText, FractionsHaveSixSignificantDigitsInEveryForm)
     EXPECT_EQ(formula.negativeFormulaString(), u"N0.333333"_s);
 }
 
-TEST(ChemicalFormulaText, ExponentFormReadsBackAtSixDigits)
+TEST(ChemicalFormulaReader, ExponentFormReadsBackAtSixDigits)
 {
     const ChemicalFormula formula = formulaWith({{u"C"_s, 1234567}});
     EXPECT_EQ(formula.toIsoFormulaString(), u"C1.23457e+06"_s);
@@ -264,7 +264,7 @@ TEST(ChemicalFormulaText, ExponentFormReadsBackAtSixDigits)
 }
 
 // The bound of the comparison grows with the count, so an infinite one is within it.
-TEST(ChemicalFormulaText, InfiniteCountIsLeftOutOfTheDisplayFormBehindTheHead)
+TEST(ChemicalFormulaReader, InfiniteCountIsLeftOutOfTheDisplayFormBehindTheHead)
 {
     const double infinity = std::numeric_limits<double>::infinity();
     const ChemicalFormula formula = formulaWith({{u"C"_s, infinity}, {u"N"_s, infinity}});
